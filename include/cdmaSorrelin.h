@@ -1,0 +1,88 @@
+/*
+ * cdmaSorrelin: decoding of CDMA2000 (TIA/EIA-95, IS-2000) air-interface Layer-3 messages.
+ *
+ * Every function takes one message exactly as captured: the message-type octet, the body and
+ * the channel's CRC (30 bits on the sync, paging and access channels, 16 on the traffic
+ * channels, never checked). Texts are NUL-terminated; every line of a detail text ends in
+ * CR LF. The functions share one process-wide decoder: calls must not overlap.
+ */
+#ifndef CDMA_SORRELIN_H
+#define CDMA_SORRELIN_H
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#if defined(_WIN32)
+#define SORRELIN_API __declspec(dllexport)
+#else
+#define SORRELIN_API __attribute__((visibility("default")))
+#endif
+
+/* Channel codes. */
+#define SORRELIN_FC_SCH 1 /* sync */
+#define SORRELIN_FC_PCH 2 /* paging / forward common */
+#define SORRELIN_RC_ACH 3 /* access / reverse common */
+#define SORRELIN_FDTCH 4  /* forward traffic */
+#define SORRELIN_RDTCH 5  /* reverse traffic */
+
+/* Results. */
+#define SORRELIN_OK 0    /* decoded */
+#define SORRELIN_COUNT 1 /* a count exceeds its record's capacity, a message not decoded under this
+                            P_REV, or a null argument */
+#define SORRELIN_SHORT 3 /* the message ends before a field its layout requires */
+
+/*
+ * Appends the detail text of the message to the NUL-terminated text in `out` (start with an
+ * empty string) and converts every LF of `out` to CR LF. `out` must be large enough for the
+ * text: a large message runs to many kilobytes. Returns 1 for a null `out` or `msg`; 0 for an
+ * unknown channel (then `out` holds "<unknown channel type>"); otherwise the decode result.
+ * Channels whose decoding is not yet available produce no text and return 0 (3 when `len`
+ * does not cover the type octet and the CRC).
+ */
+SORRELIN_API int ovnDecodeDetails(char* out, unsigned char band_class, unsigned char p_rev, int channel,
+                                  const unsigned char* msg, unsigned int len);
+
+/*
+ * Writes the message's name (by channel and first octet), or "unknown message: msg id = N".
+ * Returns 1 for a null `out` or `msg`, else 0.
+ */
+SORRELIN_API int ovnDecodeSummary(char* out, unsigned char band_class, unsigned char p_rev, int channel,
+                                  const unsigned char* msg, unsigned int len);
+
+/*
+ * Block entry points. A block is: octet 0 = N, the message from octet 1 (len - 1 octets), and
+ * the P_REV to decode with at octet N. Flags bit 0 clear: `out` receives the name, three
+ * spaces, CR LF and the detail text (band class 0). Flags bit 0 set, and the *Peer variants:
+ * the compact peer rendering into `out` of `outlen` octets (plus one for the NUL).
+ * The access channel functions reduce the caller's message-type octet modulo 64 in place.
+ * The compact peer rendering is not yet available: it writes the message name only and
+ * returns 0.
+ */
+SORRELIN_API int fnSorrelinFC_SCHBlock(unsigned char* block, unsigned int len, char* out, unsigned int outlen,
+                                       unsigned int flags);
+SORRELIN_API int fnSorrelinFC_PCHBlock(unsigned char* block, unsigned int len, char* out, unsigned int outlen,
+                                       unsigned int flags);
+SORRELIN_API int fnSorrelinRC_ACHBlock(unsigned char* block, unsigned int len, char* out, unsigned int outlen,
+                                       unsigned int flags);
+SORRELIN_API int fnSorrelinFDTCHBlock(unsigned char* block, unsigned int len, char* out, unsigned int outlen,
+                                      unsigned int flags);
+SORRELIN_API int fnSorrelinRDTCHBlock(unsigned char* block, unsigned int len, char* out, unsigned int outlen,
+                                      unsigned int flags);
+
+SORRELIN_API int fnSorrelinFC_SCHBlockPeer(unsigned char* block, unsigned int len, unsigned int unused1,
+                                           unsigned int unused2, char* out, unsigned int outlen);
+SORRELIN_API int fnSorrelinFC_PCHBlockPeer(unsigned char* block, unsigned int len, unsigned int unused1,
+                                           unsigned int unused2, char* out, unsigned int outlen);
+SORRELIN_API int fnSorrelinRC_ACHBlockPeer(unsigned char* block, unsigned int len, unsigned int unused1,
+                                           unsigned int unused2, char* out, unsigned int outlen);
+SORRELIN_API int fnSorrelinFDTCHBlockPeer(unsigned char* block, unsigned int len, unsigned int unused1,
+                                          unsigned int unused2, char* out, unsigned int outlen);
+SORRELIN_API int fnSorrelinRDTCHBlockPeer(unsigned char* block, unsigned int len, unsigned int unused1,
+                                          unsigned int unused2, char* out, unsigned int outlen);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* CDMA_SORRELIN_H */

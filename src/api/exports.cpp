@@ -1,0 +1,107 @@
+// The exported C entry points: a thin layer over the process-wide Decoder.
+#include <cstring>
+#include <string>
+
+#include "api/decoder.h"
+#include "api/names.h"
+#include "cdmaSorrelin.h"
+
+namespace {
+
+using cs::Decoder;
+using cs::process_decoder;
+
+void copy_out(char* out, const std::string& s) { std::memcpy(out, s.c_str(), s.size() + 1); }
+
+// Full rendering of a block: name, three spaces, CR LF, then the detail text.
+int block_full(int channel, const unsigned char* block, unsigned len, char* out) {
+  if (out == nullptr || block == nullptr) return 1;
+  const unsigned char* msg = block + 1;
+  const std::size_t msg_len = len > 0 ? len - 1 : 0;
+  const unsigned n = len > 0 ? block[0] : 0;
+  const std::uint8_t p_rev = n < len ? block[n] : 0;   // the parameter octet, when it is in the block
+  std::string text(out);
+  int rc = process_decoder().details(text, 0, p_rev, channel, msg, msg_len);
+  // A traffic message cut short on the reverse link is still shown as decoded.
+  if (channel == cs::kRevTraffic && rc == 3) rc = 0;
+  copy_out(out, Decoder::summary(channel, msg, msg_len) + "   \r\n" + text);
+  return rc;
+}
+
+// Peer rendering: the message name, cut to fit `outlen`.
+int block_peer(int channel, const unsigned char* block, unsigned len, char* out, unsigned outlen) {
+  if (out == nullptr) return 1;
+  out[0] = '\0';
+  if (block == nullptr) return 1;
+  const std::string name = Decoder::summary(channel, block + 1, len > 0 ? len - 1 : 0);
+  if (!name.empty() && name.size() < outlen) copy_out(out, name);
+  return 0;
+}
+
+void access_type_mod64(unsigned char* block, unsigned len) {
+  if (block != nullptr && len >= 2) block[1] = static_cast<unsigned char>(block[1] % 64);
+}
+
+int block(int channel, unsigned char* b, unsigned len, char* out, unsigned outlen, unsigned flags) {
+  if (channel == cs::kAccess) access_type_mod64(b, len);
+  return (flags & 1) ? block_peer(channel, b, len, out, outlen) : block_full(channel, b, len, out);
+}
+
+}  // namespace
+
+extern "C" {
+
+int ovnDecodeDetails(char* out, unsigned char band_class, unsigned char p_rev, int channel, const unsigned char* msg,
+                     unsigned int len) {
+  if (out == nullptr || msg == nullptr) return 1;
+  std::string text(out);
+  const int rc = process_decoder().details(text, band_class, p_rev, channel, msg, len);
+  copy_out(out, text);
+  return rc;
+}
+
+int ovnDecodeSummary(char* out, unsigned char, unsigned char, int channel, const unsigned char* msg,
+                     unsigned int len) {
+  if (out == nullptr || msg == nullptr) return 1;
+  copy_out(out, Decoder::summary(channel, msg, len));
+  return 0;
+}
+
+int fnSorrelinFC_SCHBlock(unsigned char* b, unsigned int len, char* out, unsigned int outlen, unsigned int flags) {
+  return block(cs::kSync, b, len, out, outlen, flags);
+}
+int fnSorrelinFC_PCHBlock(unsigned char* b, unsigned int len, char* out, unsigned int outlen, unsigned int flags) {
+  return block(cs::kPaging, b, len, out, outlen, flags);
+}
+int fnSorrelinRC_ACHBlock(unsigned char* b, unsigned int len, char* out, unsigned int outlen, unsigned int flags) {
+  return block(cs::kAccess, b, len, out, outlen, flags);
+}
+int fnSorrelinFDTCHBlock(unsigned char* b, unsigned int len, char* out, unsigned int outlen, unsigned int flags) {
+  return block(cs::kFwdTraffic, b, len, out, outlen, flags);
+}
+int fnSorrelinRDTCHBlock(unsigned char* b, unsigned int len, char* out, unsigned int outlen, unsigned int flags) {
+  return block(cs::kRevTraffic, b, len, out, outlen, flags);
+}
+
+int fnSorrelinFC_SCHBlockPeer(unsigned char* b, unsigned int len, unsigned int, unsigned int, char* out,
+                              unsigned int outlen) {
+  return block(cs::kSync, b, len, out, outlen, 1);
+}
+int fnSorrelinFC_PCHBlockPeer(unsigned char* b, unsigned int len, unsigned int, unsigned int, char* out,
+                              unsigned int outlen) {
+  return block(cs::kPaging, b, len, out, outlen, 1);
+}
+int fnSorrelinRC_ACHBlockPeer(unsigned char* b, unsigned int len, unsigned int, unsigned int, char* out,
+                              unsigned int outlen) {
+  return block(cs::kAccess, b, len, out, outlen, 1);
+}
+int fnSorrelinFDTCHBlockPeer(unsigned char* b, unsigned int len, unsigned int, unsigned int, char* out,
+                             unsigned int outlen) {
+  return block(cs::kFwdTraffic, b, len, out, outlen, 1);
+}
+int fnSorrelinRDTCHBlockPeer(unsigned char* b, unsigned int len, unsigned int, unsigned int, char* out,
+                             unsigned int outlen) {
+  return block(cs::kRevTraffic, b, len, out, outlen, 1);
+}
+
+}  // extern "C"

@@ -1,0 +1,43 @@
+// Glue between a record's layout template and the code that calls it: the decode and print
+// wrappers, and the type-erased BodyOps of dispatch tables. Include it in the .cpp that holds
+// the layouts (after them), never in a header other families include.
+#pragma once
+#include <cstdint>
+
+#include "codec/read_walk.h"
+#include "text/print_walk.h"
+
+namespace cs {
+
+template <class R>
+Rc decode(R& rec, const Ctx& c, Arena& arena, const std::uint8_t* buf, std::size_t buf_bytes, std::uint64_t start,
+          std::uint64_t avail, std::uint64_t* consumed = nullptr) {
+  ReadWalk w(arena, buf, buf_bytes, start, avail, c);
+  layout(w, rec, c);
+  if (w.rc() == Rc::ok && consumed) *consumed = w.consumed();
+  return w.rc();
+}
+
+template <class R>
+void print(R& rec, const Ctx& c, const char* header, unsigned indent, Text& t) {
+  PrintWalk::record(t, header, indent, rec, c);
+}
+
+template <class R>
+Rc body_decode(void* rec, const Ctx& c, Arena& a, const std::uint8_t* buf, std::size_t n, std::uint64_t start,
+               std::uint64_t avail, std::uint64_t* consumed) {
+  return decode(*static_cast<R*>(rec), c, a, buf, n, start, avail, consumed);
+}
+template <class R>
+void body_print(void* rec, const Ctx& c, const char* header, unsigned indent, Text& t) {
+  print(*static_cast<R*>(rec), c, header, indent, t);
+}
+
+// BodyOps for a record type whose layout is visible here; records that share a layout but
+// print under different headers get one BodyOps each.
+template <class R>
+constexpr BodyOps body_ops(const char* header) {
+  return BodyOps{header, sizeof(R), &body_decode<R>, &body_print<R>};
+}
+
+}  // namespace cs

@@ -1,0 +1,312 @@
+#include "text/annotate.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <string>
+
+namespace cs {
+
+const std::string_view kAnnotationKeys[100] = {
+    "imsi_s", "imsi_o_s", "imsi_m_s", "imsi_t_s", "imsi_11_12", "imsi_o_11_12", "imsi_m_11_12", "imsi_t_11_12",
+    "mcc", "mcc_o", "mcc_m", "mcc_t", "min1", "min2", "imsi_m_s1", "imsi_m_s2", "esn", "pref_resp_qual",
+    "time_of_app", "doppler0", "doppler1", "doppler1_11", "doppler_win", "sv_code_ph_win", "azimuth", "elevation",
+    "latitude", "longitude", "loc_uncrtnty_ang", "loc_uncrtnty_a", "loc_uncrtnty_p", "loc_uncrtnty_v",
+    "velocity_hor", "heading", "velocity_ver", "clock_bias", "clock_bias_9", "clock_drift", "clock_drift_8",
+    "clock_drift_17", "mob_sys_t_offset", "ps_doppler", "ps_range_rms_er", "pilot_pn_phase", "pilot_strength",
+    "num_fixes", "action_time_6", "action_time_10", "num_sv", "sv_prn_num", "lat_ref", "long_ref", "height_ref",
+    "dly_oneway", "doppler0_lsb", "sv_code_ph_fr", "azimuth_lsb", "elevation_lsb", "sv_coor_x", "sv_coor_y",
+    "sv_coor_z", "time_crrction_ref", "lat_ref_arcs", "long_ref_arcs", "height_ref_4m", "height_r", "part_num",
+    "total_parts", "delta_lat", "delta_long", "height", "num_sv_p", "num_dr_p", "num_sv_dr", "delta_x", "delta_y",
+    "delta_z", "delta_coor_corr_1st", "delta_x_1st", "delta_y_1st", "delta_z_1st", "delta_clock",
+    "delta_clock_1st", "num_bad_sv", "bad_sv_prn_num", "inv_weight_fa", "num_ps_ranges_p", "ref_pilot_strength",
+    "rms_err_phase", "add_pilot_pn_ph", "add_pilot_strength", "add_rms_err_ph", "year", "month", "day", "hours",
+    "minutes", "seconds", "spc",
+};
+
+namespace {
+
+enum class Kind : std::uint8_t { ImsiS, Min1, Min2, Esn, PrefRespQual, Count, Year, Bcd, Mcc, Imsi1112, Spc, Pd };
+
+// How a position-determination quantity reads: value (sign-extended when `is_signed`),
+// through an optional table, times `scale`, plus `offset`, then the unit.
+enum class Fmt : std::uint8_t { Float, Int, Angle };
+enum class Map : std::uint8_t { Linear, Uncertainty, RmsError, Halving };
+struct Quantity {
+  bool is_signed;
+  Map map;
+  double scale, offset;
+  Fmt fmt;
+  const char* unit;   // replaces the closing " )"
+};
+
+struct Entry {
+  std::string_view key;
+  Kind kind;
+  Quantity q;
+};
+
+constexpr Quantity kNone{false, Map::Linear, 1, 0, Fmt::Int, " )"};
+constexpr Quantity lin(bool s, double scale, double offset, Fmt f, const char* unit) {
+  return Quantity{s, Map::Linear, scale, offset, f, unit};
+}
+
+// The table, in key order of kAnnotationKeys (checked by a test).
+constexpr double kLatScale = 180.0 / 33554432.0;   // 2^25
+constexpr double kLongScale = 360.0 / 67108864.0;  // 2^26
+const Entry kEntries[100] = {
+    {"imsi_s", Kind::ImsiS, kNone},
+    {"imsi_o_s", Kind::ImsiS, kNone},
+    {"imsi_m_s", Kind::ImsiS, kNone},
+    {"imsi_t_s", Kind::ImsiS, kNone},
+    {"imsi_11_12", Kind::Imsi1112, kNone},
+    {"imsi_o_11_12", Kind::Imsi1112, kNone},
+    {"imsi_m_11_12", Kind::Imsi1112, kNone},
+    {"imsi_t_11_12", Kind::Imsi1112, kNone},
+    {"mcc", Kind::Mcc, kNone},
+    {"mcc_o", Kind::Mcc, kNone},
+    {"mcc_m", Kind::Mcc, kNone},
+    {"mcc_t", Kind::Mcc, kNone},
+    {"min1", Kind::Min1, kNone},
+    {"min2", Kind::Min2, kNone},
+    {"imsi_m_s1", Kind::Min1, kNone},
+    {"imsi_m_s2", Kind::Min2, kNone},
+    {"esn", Kind::Esn, kNone},
+    {"pref_resp_qual", Kind::PrefRespQual, kNone},
+    {"time_of_app", Kind::Pd, lin(false, 1.28, 0, Fmt::Float, " s )")},
+    {"doppler0", Kind::Pd, lin(true, 2.5, 0, Fmt::Float, " Hz )")},
+    {"doppler1", Kind::Pd, lin(true, 1.0 / 64, 0, Fmt::Float, " Hz/s )")},
+    {"doppler1_11", Kind::Pd, lin(true, 1.0 / 64, 0, Fmt::Float, " Hz/s )")},
+    {"doppler_win", Kind::Pd, Quantity{false, Map::Halving, 400, 0, Fmt::Float, " Hz )"}},
+    {"sv_code_ph_win", Kind::Pd, lin(false, 1, 0, Fmt::Int, " chips )")},
+    {"azimuth", Kind::Pd, lin(false, 11.25, 0, Fmt::Angle, " deg )")},
+    {"elevation", Kind::Pd, lin(false, 11.25, 0, Fmt::Angle, " deg )")},
+    {"latitude", Kind::Pd, lin(true, kLatScale, 0, Fmt::Angle, " deg )")},
+    {"longitude", Kind::Pd, lin(true, kLongScale, 0, Fmt::Angle, " deg )")},
+    {"loc_uncrtnty_ang", Kind::Pd, lin(false, 5.625, 0, Fmt::Angle, " deg )")},
+    {"loc_uncrtnty_a", Kind::Pd, Quantity{false, Map::Uncertainty, 1, 0, Fmt::Float, " m )"}},
+    {"loc_uncrtnty_p", Kind::Pd, Quantity{false, Map::Uncertainty, 1, 0, Fmt::Float, " m )"}},
+    {"loc_uncrtnty_v", Kind::Pd, Quantity{false, Map::Uncertainty, 1, 0, Fmt::Float, " m )"}},
+    {"velocity_hor", Kind::Pd, lin(false, 0.25, 0, Fmt::Float, " m/s )")},
+    {"heading", Kind::Pd, lin(false, 360.0 / 1024, 0, Fmt::Angle, " deg )")},
+    {"velocity_ver", Kind::Pd, lin(true, 0.5, 0, Fmt::Float, " m/s )")},
+    {"clock_bias", Kind::Pd, lin(false, 1, -13000, Fmt::Int, " ns )")},
+    {"clock_bias_9", Kind::Pd, lin(false, 1, -13000, Fmt::Int, " ns )")},
+    {"clock_drift", Kind::Pd, lin(true, 1, 0, Fmt::Int, " ppb )")},
+    {"clock_drift_8", Kind::Pd, lin(true, 1, 0, Fmt::Int, " ppb )")},
+    {"clock_drift_17", Kind::Pd, lin(true, 1, 0, Fmt::Int, " ppb )")},
+    {"mob_sys_t_offset", Kind::Pd, lin(true, 0.0625, 0, Fmt::Float, " chips )")},
+    {"ps_doppler", Kind::Pd, lin(true, 0.2, 0, Fmt::Float, " Hz )")},
+    {"ps_range_rms_er", Kind::Pd, Quantity{false, Map::RmsError, 1, 0, Fmt::Float, " m )"}},
+    {"pilot_pn_phase", Kind::Pd, lin(false, 0.0625, 0, Fmt::Float, " chips )")},
+    {"pilot_strength", Kind::Pd, lin(false, -0.5, 0, Fmt::Float, " dB )")},
+    {"num_fixes", Kind::Count, kNone},
+    {"action_time_6", Kind::Pd, lin(false, 80, 0, Fmt::Int, " ms )")},
+    {"action_time_10", Kind::Pd, lin(false, 80, 0, Fmt::Int, " ms )")},
+    {"num_sv", Kind::Count, kNone},
+    {"sv_prn_num", Kind::Count, kNone},
+    {"lat_ref", Kind::Pd, lin(true, kLatScale, 0, Fmt::Angle, " deg )")},
+    {"long_ref", Kind::Pd, lin(true, kLongScale, 0, Fmt::Angle, " deg )")},
+    {"height_ref", Kind::Pd, lin(false, 1, -500, Fmt::Int, " m )")},
+    {"dly_oneway", Kind::Pd, lin(false, 0.125, 0, Fmt::Float, " chips )")},
+    {"doppler0_lsb", Kind::Pd, lin(false, 0.625, 0, Fmt::Float, " Hz )")},
+    {"sv_code_ph_fr", Kind::Pd, lin(false, 1.0 / 1024, 0, Fmt::Float, " chips )")},
+    {"azimuth_lsb", Kind::Pd, lin(false, 0.703125, 0, Fmt::Angle, " deg )")},
+    {"elevation_lsb", Kind::Pd, lin(false, 0.703125, 0, Fmt::Angle, " deg )")},
+    {"sv_coor_x", Kind::Pd, lin(true, 1, 0, Fmt::Int, " m )")},
+    {"sv_coor_y", Kind::Pd, lin(true, 1, 0, Fmt::Int, " m )")},
+    {"sv_coor_z", Kind::Pd, lin(true, 1, 0, Fmt::Int, " m )")},
+    {"time_crrction_ref", Kind::Pd, lin(false, 1, 0, Fmt::Int, " s )")},
+    {"lat_ref_arcs", Kind::Pd, lin(true, 0.125, 0, Fmt::Float, " arc seconds )")},
+    {"long_ref_arcs", Kind::Pd, lin(true, 0.125, 0, Fmt::Float, " arc seconds )")},
+    {"height_ref_4m", Kind::Pd, lin(false, 4, -500, Fmt::Int, " m )")},
+    {"height_r", Kind::Pd, lin(false, 4, -500, Fmt::Int, " m )")},
+    {"part_num", Kind::Count, kNone},
+    {"total_parts", Kind::Count, kNone},
+    {"delta_lat", Kind::Pd, lin(true, 0.125, 0, Fmt::Float, " arc seconds )")},
+    {"delta_long", Kind::Pd, lin(true, 0.125, 0, Fmt::Float, " arc seconds )")},
+    {"height", Kind::Pd, lin(false, 1, -500, Fmt::Int, " m )")},
+    {"num_sv_p", Kind::Count, kNone},
+    {"num_dr_p", Kind::Count, kNone},
+    {"num_sv_dr", Kind::Count, kNone},
+    {"delta_x", Kind::Pd, lin(true, 0.5, 0, Fmt::Float, " m )")},
+    {"delta_y", Kind::Pd, lin(true, 0.5, 0, Fmt::Float, " m )")},
+    {"delta_z", Kind::Pd, lin(true, 0.5, 0, Fmt::Float, " m )")},
+    {"delta_coor_corr_1st", Kind::Pd, lin(true, 0.0625, 0, Fmt::Float, " m/s )")},
+    {"delta_x_1st", Kind::Pd, lin(true, 0.0625, 0, Fmt::Float, " m/s )")},
+    {"delta_y_1st", Kind::Pd, lin(true, 0.0625, 0, Fmt::Float, " m/s )")},
+    {"delta_z_1st", Kind::Pd, lin(true, 0.0625, 0, Fmt::Float, " m/s )")},
+    {"delta_clock", Kind::Pd, lin(true, 1, 0, Fmt::Int, " ns )")},
+    {"delta_clock_1st", Kind::Pd, lin(true, 0.1, 0, Fmt::Float, " ppb )")},
+    {"num_bad_sv", Kind::Count, kNone},
+    {"bad_sv_prn_num", Kind::Count, kNone},
+    {"inv_weight_fa", Kind::Pd, lin(false, 1, 0, Fmt::Int, " )")},
+    {"num_ps_ranges_p", Kind::Count, kNone},
+    {"ref_pilot_strength", Kind::Pd, lin(false, -0.5, 0, Fmt::Float, " dB )")},
+    {"rms_err_phase", Kind::Pd, Quantity{false, Map::RmsError, 1, 0, Fmt::Float, " m )"}},
+    {"add_pilot_pn_ph", Kind::Pd, lin(false, 0.0625, 0, Fmt::Float, " chips )")},
+    {"add_pilot_strength", Kind::Pd, lin(false, -0.5, 0, Fmt::Float, " dB )")},
+    {"add_rms_err_ph", Kind::Pd, Quantity{false, Map::RmsError, 1, 0, Fmt::Float, " m )"}},
+    {"year", Kind::Year, kNone},
+    {"month", Kind::Bcd, kNone},
+    {"day", Kind::Bcd, kNone},
+    {"hours", Kind::Bcd, kNone},
+    {"minutes", Kind::Bcd, kNone},
+    {"seconds", Kind::Bcd, kNone},
+    {"spc", Kind::Spc, kNone},
+};
+
+// Sorted view for lookup by name.
+struct Index {
+  std::array<const Entry*, 100> by_key;
+  Index() {
+    for (std::size_t i = 0; i < 100; ++i) by_key[i] = &kEntries[i];
+    std::sort(by_key.begin(), by_key.end(), [](const Entry* a, const Entry* b) { return a->key < b->key; });
+  }
+  const Entry* find(std::string_view k) const {
+    auto it = std::lower_bound(by_key.begin(), by_key.end(), k, [](const Entry* e, std::string_view x) { return e->key < x; });
+    return it != by_key.end() && (*it)->key == k ? *it : nullptr;
+  }
+};
+const Index kIndex;
+
+// A 10-bit group of three digits: each digit is stored as 1..10 with 10 meaning 0.
+void digits3(Text& t, std::uint32_t v) {
+  const unsigned d[3] = {(v / 100) % 10 + 1, (v / 10) % 10 + 1, v % 10 + 1};
+  for (unsigned x : d) t.dec(x == 10 ? 0 : x);
+}
+
+std::uint32_t bits_of(const std::uint8_t* a, unsigned pos, unsigned width) {
+  std::uint32_t v = 0;
+  for (unsigned i = 0; i < width; ++i, ++pos) v = (v << 1) | ((a[pos / 8] >> (7 - pos % 8)) & 1u);
+  return v;
+}
+
+// 24 bits as ddd-dddd: three digits, a 4-bit digit, three digits.
+void min1_digits(Text& t, std::uint32_t v) {
+  digits3(t, (v >> 14) & 0x3FF);
+  t.put('-').dec(((v >> 10) & 0xF) % 10);
+  digits3(t, v & 0x3FF);
+}
+
+// The value of a field that may be stored as a bit string of up to four octets.
+std::uint32_t scalar_of(const AnnValue& v) {
+  if (v.bytes == nullptr || v.bytes->data == nullptr) return v.value;
+  std::uint32_t r = 0;
+  const std::uint32_t n = v.bytes->bits / 8;
+  for (std::uint32_t i = n > 4 ? n - 4 : 0; i < n; ++i) r = (r << 8) | v.bytes->data[i];
+  return r;
+}
+
+void put_double(Text& t, double x, Fmt f) {
+  char b[64];
+  const int n = f == Fmt::Angle ? std::snprintf(b, sizeof b, "%.25f", x) : std::snprintf(b, sizeof b, "%f", x);
+  t.put(std::string_view(b, n > 0 ? static_cast<std::size_t>(n) : 0));
+}
+
+void quantity(Text& t, const Quantity& q, const AnnValue& v) {
+  std::int64_t raw = v.value;
+  if (q.is_signed && v.width > 0 && v.width < 32 && (v.value >> (v.width - 1)) != 0)
+    raw = static_cast<std::int64_t>(v.value) - (std::int64_t{1} << v.width);
+  else if (q.is_signed && v.width == 32)
+    raw = static_cast<std::int32_t>(v.value);
+  double x = static_cast<double>(raw);
+  switch (q.map) {
+    case Map::Linear: break;
+    case Map::Halving: x = 1.0 / std::ldexp(1.0, static_cast<int>(raw & 31)); break;
+    // 0.5 m, 0.75 m, 1 m, 1.5 m, 2 m, 3 m, ... doubling every two steps.
+    case Map::Uncertainty: x = (raw % 2 ? 0.75 : 0.5) * std::ldexp(1.0, static_cast<int>((raw & 31) / 2)); break;
+    // Floating form: 3-bit exponent y above a 3-bit mantissa x: 0.5 * (1 + x/8) * 2^y.
+    case Map::RmsError: x = 0.5 * (1 + (raw & 7) / 8.0) * std::ldexp(1.0, static_cast<int>((raw >> 3) & 7)); break;
+  }
+  const double r = x * q.scale + q.offset;
+  t.put(" ( ");
+  if (q.fmt == Fmt::Int)
+    t.dec(static_cast<std::int64_t>(std::llround(r)));
+  else
+    put_double(t, r, q.fmt);
+  t.put(q.unit);
+}
+
+constexpr unsigned kPrefRespQual[8] = {2, 4, 8, 16, 32, 64, 128, 256};
+
+void render(Text& t, const Entry& e, const AnnValue& v) {
+  switch (e.kind) {
+    case Kind::ImsiS: {
+      if (v.bytes == nullptr || v.bytes->data == nullptr || v.bytes->bits < 40) return;
+      const std::uint8_t* a = v.bytes->data + (v.bytes->bits / 8 - 5);
+      t.put(" ( ");
+      digits3(t, bits_of(a, 6, 10));
+      t.put('-');
+      digits3(t, bits_of(a, 16, 10));
+      t.put('-').dec(bits_of(a, 26, 4) % 10);
+      digits3(t, bits_of(a, 30, 10));
+      t.put(" )");
+      return;
+    }
+    case Kind::Min1:
+      t.put(" ( ");
+      min1_digits(t, scalar_of(v) & 0xFFFFFF);
+      t.put(" )");
+      return;
+    case Kind::Min2:
+      t.put(" ( ");
+      digits3(t, scalar_of(v) & 0x3FF);
+      t.put(" )");
+      return;
+    case Kind::Mcc:
+      t.put(" ( ");
+      digits3(t, scalar_of(v) & 0x3FF);
+      t.put(" )");
+      return;
+    case Kind::Imsi1112: {
+      const std::uint32_t x = scalar_of(v);
+      const unsigned d1 = (x / 10) % 10 + 1, d2 = x % 10 + 1;
+      t.put(" ( ").dec(d1 == 10 ? 0 : d1).dec(d2 == 10 ? 0 : d2).put(" )");
+      return;
+    }
+    case Kind::Esn: {
+      const std::uint32_t x = scalar_of(v);
+      t.put(" ( ").dec(x >> 24).put('-').dec(x & 0xFFFFFF).put(", 0x").hex_upper(x, 8).put(" )");
+      return;
+    }
+    case Kind::PrefRespQual:
+      t.put(" ( ").dec(kPrefRespQual[v.value & 7]).put(" s )");
+      return;
+    case Kind::Count:
+      t.put(" ( ").dec(std::int64_t{v.value} + 1).put(" )");
+      return;
+    case Kind::Year: {
+      const unsigned y = ((v.value >> 4) & 0xF) * 10 + (v.value & 0xF);
+      t.put(" ( ").dec(y >= 95 && y <= 99 ? 1900 + y : 2000 + y).put(" )");
+      return;
+    }
+    case Kind::Bcd:
+      t.put(" ( ").dec(((v.value >> 4) & 0xF) * 10 + (v.value & 0xF)).put(" )");
+      return;
+    case Kind::Spc:
+      t.put(" ( SPC = 0x").hex_upper(scalar_of(v) & 0xFFFFFF, 6).put(" )");
+      return;
+    case Kind::Pd:
+      quantity(t, e.q, v);
+      return;
+  }
+}
+
+}  // namespace
+
+void annotate(Text& t, std::string_view name, const AnnValue& v) {
+  char key[32];
+  if (name.size() >= sizeof key) return;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    const char c = name[i];
+    key[i] = (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+  }
+  if (const Entry* e = kIndex.find(std::string_view(key, name.size()))) render(t, *e, v);
+}
+
+// Exposed for the table-order check.
+std::string_view annotation_entry_key(std::size_t i) { return kEntries[i].key; }
+
+}  // namespace cs

@@ -1,0 +1,76 @@
+// Shared test helpers: building messages bit by bit, and decoding them to LF text.
+#pragma once
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "api/decoder.h"
+
+namespace cs::test {
+
+// Builds a message MSB first: fields in air order, then octet padding and the CRC.
+class Bits {
+ public:
+  Bits& put(std::uint64_t value, unsigned width) {
+    for (unsigned i = width; i-- > 0;) push((value >> i) & 1);
+    return *this;
+  }
+  Bits& put_hex(std::string_view hex) {   // whole octets, e.g. a 42-bit field padded by hand
+    for (char c : hex) put(static_cast<std::uint64_t>(c <= '9' ? c - '0' : (c | 0x20) - 'a' + 10), 4);
+    return *this;
+  }
+  std::size_t size() const { return bits_.size(); }
+  // The octets of the bits so far, zero-padded to an octet, then `crc_bits` of CRC (zeros)
+  // rounded up to whole octets.
+  std::vector<std::uint8_t> message(unsigned crc_bits) const {
+    std::vector<bool> b = bits_;
+    b.resize(b.size() + crc_bits, false);
+    while (b.size() % 8) b.push_back(false);
+    std::vector<std::uint8_t> out(b.size() / 8, 0);
+    for (std::size_t i = 0; i < b.size(); ++i)
+      if (b[i]) out[i / 8] |= static_cast<std::uint8_t>(0x80 >> (i % 8));
+    return out;
+  }
+
+ private:
+  void push(bool b) { bits_.push_back(b); }
+  std::vector<bool> bits_;
+};
+
+struct Decoded {
+  int rc;
+  std::string text;   // CR removed
+};
+
+inline Decoded decode(Decoder& d, int channel, std::uint8_t p_rev, std::uint8_t band_class,
+                      const std::vector<std::uint8_t>& msg) {
+  std::string out;
+  const int rc = d.details(out, band_class, p_rev, channel, msg.data(), msg.size());
+  out.erase(std::remove(out.begin(), out.end(), '\r'), out.end());
+  return {rc, out};
+}
+
+inline Decoded decode(int channel, std::uint8_t p_rev, std::uint8_t band_class, const std::vector<std::uint8_t>& msg) {
+  Decoder d;
+  return decode(d, channel, p_rev, band_class, msg);
+}
+
+inline std::vector<std::uint8_t> from_hex(std::string_view hex) {
+  std::vector<std::uint8_t> out;
+  for (std::size_t i = 0; i + 1 < hex.size(); i += 2) {
+    auto nib = [](char c) { return static_cast<std::uint8_t>(c <= '9' ? c - '0' : (c | 0x20) - 'a' + 10); };
+    out.push_back(static_cast<std::uint8_t>(nib(hex[i]) << 4 | nib(hex[i + 1])));
+  }
+  return out;
+}
+
+// Joins lines with LF, for readable expected texts: lines({"FD_PDU", "{", ...}).
+inline std::string lines(std::initializer_list<std::string_view> ls) {
+  std::string s;
+  for (auto l : ls) s.append(l).push_back('\n');
+  return s;
+}
+
+}  // namespace cs::test
