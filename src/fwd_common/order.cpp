@@ -1,0 +1,7 @@
+#include "fwd_common/bodies.h"
+
+namespace cs {
+
+const BodyOps* fc_order_body() { return nullptr; }
+
+}  // namespace cs
