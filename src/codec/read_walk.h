@@ -122,7 +122,7 @@ class ReadWalk {
     return true;
   }
 
-  std::uint64_t left() const { return pos_ >= end_ ? 0 : end_ - pos_; }
+  std::uint64_t left() const { return rc_ != Rc::ok || pos_ >= end_ ? 0 : end_ - pos_; }
   std::uint64_t consumed() const { return pos_ - start_; }
   std::uint64_t pos() const { return pos_; }
   Rc rc() const { return rc_; }

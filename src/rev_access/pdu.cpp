@@ -2,7 +2,7 @@
 
 namespace cs {
 
-// Not decoded yet: no text; a message too short for its header and CRC still reports it.
-Rc run_access(AccessState&, Call& call) { return call.short_header ? Rc::short_msg : Rc::ok; }
+// Not decoded yet: no text; a message too short to hold its type octet still reports it.
+Rc run_access(AccessState&, Call& call) { return call.avail < 8 ? Rc::short_msg : Rc::ok; }
 
 }  // namespace cs

@@ -8,7 +8,7 @@
 
 namespace cs {
 
-const std::string_view kAnnotationKeys[100] = {
+const std::string_view kAnnotationKeys[99] = {
     "imsi_s", "imsi_o_s", "imsi_m_s", "imsi_t_s", "imsi_11_12", "imsi_o_11_12", "imsi_m_11_12", "imsi_t_11_12",
     "mcc", "mcc_o", "mcc_m", "mcc_t", "min1", "min2", "imsi_m_s1", "imsi_m_s2", "esn", "pref_resp_qual",
     "time_of_app", "doppler0", "doppler1", "doppler1_11", "doppler_win", "sv_code_ph_win", "azimuth", "elevation",
@@ -55,7 +55,7 @@ constexpr Quantity lin(bool s, double scale, double offset, Fmt f, const char* u
 // The table, in key order of kAnnotationKeys (checked by a test).
 constexpr double kLatScale = 180.0 / 33554432.0;   // 2^25
 constexpr double kLongScale = 360.0 / 67108864.0;  // 2^26
-const Entry kEntries[100] = {
+const Entry kEntries[99] = {
     {"imsi_s", Kind::ImsiS, kNone},
     {"imsi_o_s", Kind::ImsiS, kNone},
     {"imsi_m_s", Kind::ImsiS, kNone},
@@ -159,9 +159,9 @@ const Entry kEntries[100] = {
 
 // Sorted view for lookup by name.
 struct Index {
-  std::array<const Entry*, 100> by_key;
+  std::array<const Entry*, 99> by_key;
   Index() {
-    for (std::size_t i = 0; i < 100; ++i) by_key[i] = &kEntries[i];
+    for (std::size_t i = 0; i < 99; ++i) by_key[i] = &kEntries[i];
     std::sort(by_key.begin(), by_key.end(), [](const Entry* a, const Entry* b) { return a->key < b->key; });
   }
   const Entry* find(std::string_view k) const {

@@ -20,7 +20,7 @@ struct AnnValue {
 // ("PILOT_PN[2]") is never a key.
 void annotate(Text& t, std::string_view name, const AnnValue& v);
 
-// The keys, in table order (the library's fixed 100-entry table).
-extern const std::string_view kAnnotationKeys[100];
+// The 99 keys, in table order.
+extern const std::string_view kAnnotationKeys[99];
 
 }  // namespace cs
