@@ -3,12 +3,18 @@
 #include <algorithm>
 #include <cassert>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "codec/arena.h"
 #include "codec/bits.h"
 #include "codec/walk.h"
 
 namespace cs {
+
+// When set, every field the reader takes is named here in order (for tests and tracing tools).
+// The layouts are shared, so the names read must be the names printed.
+inline thread_local std::vector<std::string>* g_read_trace = nullptr;
 
 class ReadWalk {
  public:
@@ -39,15 +45,17 @@ class ReadWalk {
   }
 
   template <class T>
-  void u(T& f, const char*, unsigned width) {
+  void u(T& f, const char* name, unsigned width) {
     assert(width <= 8 * sizeof(T) && "field wider than its storage");
     if (rc_ != Rc::ok) return;
+    if (g_read_trace) g_read_trace->emplace_back(name);
     assert(pos_ + width <= covered_ && "read outside any need() group");
     f = static_cast<T>(read_bits(buf_, buf_bytes_, pos_, width));
     pos_ += width;
   }
-  void bits(Bytes& f, const char*, std::uint32_t width) {
+  void bits(Bytes& f, const char* name, std::uint32_t width) {
     if (rc_ != Rc::ok) return;
+    if (g_read_trace) g_read_trace->emplace_back(name);
     assert(pos_ + width <= covered_ && "read outside any need() group");
     const std::uint32_t octets = (width + 7) / 8;
     f.data = arena_.alloc<std::uint8_t>(octets);
@@ -56,7 +64,9 @@ class ReadWalk {
     pos_ += width;
   }
   template <class T>
-  void show(const T&, const char*) {}
+  void show(const T&, const char* name) {
+    if (rc_ == Rc::ok && g_read_trace) g_read_trace->emplace_back(name);
+  }
   void skip(std::uint64_t bits) {
     if (rc_ == Rc::ok) pos_ += bits;
   }
@@ -65,12 +75,16 @@ class ReadWalk {
   }
 
   template <class T>
-  bool scalars(const char*, PoolArray<T>& a, std::uint32_t n, unsigned width) {
+  bool scalars(const char* name, PoolArray<T>& a, std::uint32_t n, unsigned width) {
     if (rc_ != Rc::ok) return false;
     a.data = arena_.alloc<T>(n);
     for (a.count = 0; a.count < n; ++a.count) {
       if (!need(width)) return false;
-      u(a.data[a.count], "", width);
+      auto* trace = g_read_trace;
+      g_read_trace = nullptr;
+      u(a.data[a.count], name, width);
+      g_read_trace = trace;
+      if (trace) trace->push_back(std::string(name) + "[" + std::to_string(a.count) + "]");
     }
     return true;
   }
