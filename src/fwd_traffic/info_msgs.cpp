@@ -1,7 +1,57 @@
+// Forward traffic messages that carry information records (C.S0005 3.7.3.3.2):
+// Alert With Information (3) and Flash With Information (14), whose records run to the end
+// of the message, and their extended forms (40, 42) with a connection reference and a count.
+#include "codec/layout.h"
 #include "fwd_traffic/bodies.h"
+#include "records/info_records.h"
 
 namespace cs {
+namespace {
 
-const BodyOps* fd_inforec_body(std::uint8_t) { return nullptr; }
+// FD_AWIM and FD_FWIM: the same layout under two headers.
+struct FD_AWIM {
+  PoolArray<FWD_USER_INFO_REC> INFO_RECs;
+};
+template <class W>
+void layout(W& w, FD_AWIM& r, const Ctx& c) {
+  w.list_to_end("INFO_RECs", "FWD_USER_INFO_REC", r.INFO_RECs, info_rec_capacity, c);
+}
+
+// FD_EAWIM and FD_EFWIM: the same layout under two headers.
+struct FD_EAWIM {
+  std::uint8_t CON_REF_INCL;
+  std::uint8_t CON_REF;
+  std::uint8_t NUM_REC;
+  PoolArray<FWD_USER_INFO_REC> INFO_RECs;
+};
+template <class W>
+void layout(W& w, FD_EAWIM& r, const Ctx& c) {
+  if (!w.need(1)) return;
+  w.u(r.CON_REF_INCL, "CON_REF_INCL", 1);
+  if (r.CON_REF_INCL) {
+    if (!w.need(8)) return;
+    w.u(r.CON_REF, "CON_REF", 8);
+  }
+  if (!w.need(4)) return;
+  w.u(r.NUM_REC, "NUM_REC", 4);
+  w.counted("INFO_RECs", "FWD_USER_INFO_REC", r.INFO_RECs, r.NUM_REC, c);
+}
+
+constexpr BodyOps kAwim = body_ops<FD_AWIM>("FD_AWIM");
+constexpr BodyOps kFwim = body_ops<FD_AWIM>("FD_FWIM");
+constexpr BodyOps kEawim = body_ops<FD_EAWIM>("FD_EAWIM");
+constexpr BodyOps kEfwim = body_ops<FD_EAWIM>("FD_EFWIM");
+
+}  // namespace
+
+const BodyOps* fd_inforec_body(std::uint8_t msg_type) {
+  switch (msg_type) {
+    case 3: return &kAwim;
+    case 14: return &kFwim;
+    case 40: return &kEawim;
+    case 42: return &kEfwim;
+    default: return nullptr;
+  }
+}
 
 }  // namespace cs
