@@ -89,22 +89,22 @@ class ReadWalk {
     return true;
   }
 
-  template <class R>
-  bool sub(const char*, const char*, R& rec, const Ctx& c) {
+  template <class R, class C>
+  bool sub(const char*, const char*, R& rec, const C& c) {
     if (rc_ != Rc::ok) return false;
     layout(*this, rec, c);
     return rc_ == Rc::ok;
   }
-  template <class R>
-  bool sized(const char* label, const char* header, R& rec, std::uint64_t declared, const Ctx& c) {
+  template <class R, class C>
+  bool sized(const char* label, const char* header, R& rec, std::uint64_t declared, const C& c) {
     return bounded(label, header, rec, declared, c, true);
   }
-  template <class R>
-  bool padded(const char* label, const char* header, R& rec, std::uint64_t declared, const Ctx& c) {
+  template <class R, class C>
+  bool padded(const char* label, const char* header, R& rec, std::uint64_t declared, const C& c) {
     return bounded(label, header, rec, declared, c, false);
   }
-  template <class T>
-  bool counted(const char*, const char*, PoolArray<T>& a, std::uint32_t n, const Ctx& c) {
+  template <class T, class C>
+  bool counted(const char*, const char*, PoolArray<T>& a, std::uint32_t n, const C& c) {
     if (rc_ != Rc::ok) return false;
     a.data = arena_.alloc<T>(n);
     for (a.count = 0; a.count < n; ++a.count) {
@@ -113,8 +113,8 @@ class ReadWalk {
     }
     return true;
   }
-  template <class T, class Capacity>
-  bool list_to_end(const char*, const char*, PoolArray<T>& a, Capacity capacity, const Ctx& c) {
+  template <class T, class Capacity, class C>
+  bool list_to_end(const char*, const char*, PoolArray<T>& a, Capacity capacity, const C& c) {
     if (rc_ != Rc::ok) return false;
     const std::uint32_t cap = capacity(left());
     a.data = arena_.alloc<T>(cap);
@@ -144,8 +144,8 @@ class ReadWalk {
   const Ctx& ctx() const { return ctx_; }
 
  private:
-  template <class R>
-  bool bounded(const char*, const char*, R& rec, std::uint64_t declared, const Ctx& c, bool bound) {
+  template <class R, class C>
+  bool bounded(const char*, const char*, R& rec, std::uint64_t declared, const C& c, bool bound) {
     if (rc_ != Rc::ok) return false;
     const std::uint64_t start = pos_, outer_end = end_;
     if (bound) end_ = std::min(outer_end, start + declared);

@@ -26,6 +26,9 @@
 //                                         (computed once from the bits left) allows
 //   body("LABEL", ops, rec, c)            a record chosen at run time through its BodyOps
 //
+// The nesting verbs pass their context on as its own type: a parent may hand its children a
+// struct derived from Ctx carrying its own fields, and the child's layout takes that type.
+//
 // Presence conditions are ordinary `if`s on the record, so the printer re-tests them on what
 // was decoded (or on what an earlier message left). The reader stops at the first failure:
 // after it every verb is a no-op and `left()` is 0, so every loop over `left()` ends.

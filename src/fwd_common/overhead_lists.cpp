@@ -1,7 +1,1111 @@
+// Broadcast overhead messages of the paging channel that carry lists: neighbour lists, CDMA
+// channel lists, global service redirection and user zones (3GPP2 C.S0005, 3.7.2.3.2).
+//
+// Every message body starts after the PD / MSG_ID octet. Lists whose length is not sent run to
+// the end of the message; their elements have a fixed smallest size, so the capacity taken from
+// the bits left is exactly the number of whole elements that can still follow, and the octet
+// padding at the end of the message (0 to 7 bits) never starts a new element.
+#include <cstdint>
+
+#include "codec/walk.h"
 #include "fwd_common/bodies.h"
 
 namespace cs {
+namespace {
 
-const BodyOps* overhead_list_body(std::uint8_t) { return nullptr; }
+using u8 = std::uint8_t;
+using u16 = std::uint16_t;
+using u32 = std::uint32_t;
+
+// Capacity of a list that runs to the end of the message, for elements of at least `min_bits`.
+template <unsigned min_bits>
+u32 whole_elements(std::uint64_t bits_left) {
+  return static_cast<u32>(bits_left / min_bits);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Neighbor List Message: one layout in every revision.
+
+struct NLM_NGHBR {
+  u8 NGHBR_CONFIG;
+  u16 NGHBR_PN;
+};
+
+struct FC_NLM {
+  u16 PILOT_PN;
+  u8 CONFIG_MSG_SEQ, PILOT_INC;
+  PoolArray<NLM_NGHBR> NGHBRs;
+};
+
+template <class W>
+void layout(W& w, NLM_NGHBR& r, const Ctx&) {
+  if (!w.need(12)) return;
+  w.u(r.NGHBR_CONFIG, "NGHBR_CONFIG", 3);
+  w.u(r.NGHBR_PN, "NGHBR_PN", 9);
+}
+
+template <class W>
+void layout(W& w, FC_NLM& r, const Ctx& c) {
+  if (!w.need(19)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.PILOT_INC, "PILOT_INC", 4);
+  w.list_to_end("NGHBRs", "FC_NLM_NGHBRs", r.NGHBRs, whole_elements<12>, c);
+}
+
+// ---------------------------------------------------------------------------------------------
+// CDMA Channel List Message
+
+struct FC_CCLM {
+  u16 PILOT_PN;
+  u8 CONFIG_MSG_SEQ;
+  PoolArray<u16> CDMA_FREQ;
+};
+
+template <class W>
+void layout(W& w, FC_CCLM& r, const Ctx&) {
+  if (!w.need(15)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  // One or more 11-bit channels up to the padding. The printer's left() is 0 and its scalars()
+  // prints what was stored, so the count only matters when reading.
+  w.scalars("CDMA_FREQ", r.CDMA_FREQ, whole_elements<11>(w.left()), 11);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Extended Neighbor List Message: one layout from the first PCS revision on.
+
+struct ENLM_NGHBR {
+  u8 NGHBR_CONFIG;
+  u16 NGHBR_PN;
+  u8 SEARCH_PRIORITY, FREQ_INCL, NGHBR_BAND;
+  u16 NGHBR_FREQ;
+};
+
+struct FC_ENLM {
+  u16 PILOT_PN;
+  u8 CONFIG_MSG_SEQ, PILOT_INC;
+  PoolArray<ENLM_NGHBR> NGHBRs;
+};
+
+template <class W>
+void layout(W& w, ENLM_NGHBR& r, const Ctx&) {
+  if (!w.need(15)) return;
+  w.u(r.NGHBR_CONFIG, "NGHBR_CONFIG", 3);
+  w.u(r.NGHBR_PN, "NGHBR_PN", 9);
+  w.u(r.SEARCH_PRIORITY, "SEARCH_PRIORITY", 2);
+  w.u(r.FREQ_INCL, "FREQ_INCL", 1);
+  if (r.FREQ_INCL) {
+    if (!w.need(16)) return;
+    w.u(r.NGHBR_BAND, "NGHBR_BAND", 5);
+    w.u(r.NGHBR_FREQ, "NGHBR_FREQ", 11);
+  }
+}
+
+template <class W>
+void layout(W& w, FC_ENLM& r, const Ctx& c) {
+  if (!w.need(19)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.PILOT_INC, "PILOT_INC", 4);
+  w.list_to_end("NGHBRs", "FC_ENLM_NGHBRs", r.NGHBRs, whole_elements<15>, c);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Extended CDMA Channel List Message: P_REV 6 on; the band classes came with P_REV 11.
+
+struct ECCLM_TD_SEL {
+  u8 TD_HASH_IND, TD_POWER_LEVEL;
+};
+
+// Channels of a further band class (P_REV 11): each carries the per-channel indicators that the
+// message's own channels carry.
+struct ECCLM_ADD_FREQ {
+  u16 ADD_CDMA_FREQ;
+  u8 ADD_RC_QPCH_HASH_IND, ADD_TD_HASH_IND, ADD_TD_POWER_LEVEL, ADD_CDMA_FREQ_WEIGHT;
+};
+
+struct ECCLM_ADD_BAND {
+  u8 ADD_CDMA_BAND, ADD_SUBCLASS_INFO_INCL, ADD_SUBCLASS_REC_LEN;
+  PoolArray<u8> ADD_CDMA_SUBCLASS;
+  u8 ADD_TD_MODE, BYPASS_SYS_DET_IND, NUM_ADD_FREQ;
+  PoolArray<ECCLM_ADD_FREQ> ADD_FREQs;
+};
+
+struct FC_ECCLM {
+  u16 PILOT_PN;
+  u8 CONFIG_MSG_SEQ, NUM_FREQ;
+  PoolArray<u16> CDMA_FREQ;
+  u8 RC_QPCH_SEL_INCL;
+  PoolArray<u8> RC_QPCH_HASH_IND;
+  u8 TD_SEL_INCL, TD_MODE;
+  PoolArray<ECCLM_TD_SEL> TD_SELs;
+  u8 CDMA_BAND, SUBCLASS_INFO_INCL, SUBCLASS_REC_LEN;
+  PoolArray<u8> CDMA_SUBCLASS;
+  u8 CDMA_FREQ_WEIGHT_INCL;
+  PoolArray<u8> CDMA_FREQ_WEIGHT;
+  u8 NUM_BAND;
+  PoolArray<ECCLM_ADD_BAND> ADD_BANDs;
+};
+
+// The additional bands repeat the indicators the message chose for its own channels.
+struct EcclmCtx : Ctx {
+  u8 RC_QPCH_SEL_INCL, TD_SEL_INCL, CDMA_FREQ_WEIGHT_INCL;
+};
+
+template <class W>
+void layout(W& w, ECCLM_TD_SEL& r, const Ctx&) {
+  if (!w.need(1)) return;
+  w.u(r.TD_HASH_IND, "TD_HASH_IND", 1);
+  if (r.TD_HASH_IND) {
+    if (!w.need(2)) return;
+    w.u(r.TD_POWER_LEVEL, "TD_POWER_LEVEL", 2);
+  }
+}
+
+// Only the ECCLM layout below hands these records an EcclmCtx.
+template <class W>
+void layout(W& w, ECCLM_ADD_FREQ& r, const Ctx& c) {
+  const auto& e = static_cast<const EcclmCtx&>(c);
+  if (!w.need(11)) return;
+  w.u(r.ADD_CDMA_FREQ, "ADD_CDMA_FREQ", 11);
+  if (e.RC_QPCH_SEL_INCL) {
+    if (!w.need(1)) return;
+    w.u(r.ADD_RC_QPCH_HASH_IND, "ADD_RC_QPCH_HASH_IND", 1);
+  }
+  if (e.TD_SEL_INCL) {
+    if (!w.need(1)) return;
+    w.u(r.ADD_TD_HASH_IND, "ADD_TD_HASH_IND", 1);
+    if (r.ADD_TD_HASH_IND) {
+      if (!w.need(2)) return;
+      w.u(r.ADD_TD_POWER_LEVEL, "ADD_TD_POWER_LEVEL", 2);
+    }
+  }
+  if (e.CDMA_FREQ_WEIGHT_INCL) {
+    if (!w.need(3)) return;
+    w.u(r.ADD_CDMA_FREQ_WEIGHT, "ADD_CDMA_FREQ_WEIGHT", 3);
+  }
+}
+
+template <class W>
+void layout(W& w, ECCLM_ADD_BAND& r, const Ctx& c) {
+  const auto& e = static_cast<const EcclmCtx&>(c);
+  if (!w.need(6)) return;
+  w.u(r.ADD_CDMA_BAND, "ADD_CDMA_BAND", 5);
+  w.u(r.ADD_SUBCLASS_INFO_INCL, "ADD_SUBCLASS_INFO_INCL", 1);
+  if (r.ADD_SUBCLASS_INFO_INCL) {
+    if (!w.need(5)) return;
+    w.u(r.ADD_SUBCLASS_REC_LEN, "ADD_SUBCLASS_REC_LEN", 5);
+    if (!w.scalars("ADD_CDMA_SUBCLASS", r.ADD_CDMA_SUBCLASS, r.ADD_SUBCLASS_REC_LEN + 1u, 1)) return;
+  }
+  if (e.TD_SEL_INCL) {
+    if (!w.need(2)) return;
+    w.u(r.ADD_TD_MODE, "ADD_TD_MODE", 2);
+  }
+  if (!w.need(5)) return;
+  w.u(r.BYPASS_SYS_DET_IND, "BYPASS_SYS_DET_IND", 1);
+  w.u(r.NUM_ADD_FREQ, "NUM_ADD_FREQ", 4);
+  w.counted("ADD_FREQs", "FC_ECCLM_ADD_BANDs_ADD_FREQs", r.ADD_FREQs, r.NUM_ADD_FREQ, c);
+}
+
+template <class W>
+void layout(W& w, FC_ECCLM& r, const Ctx& c) {
+  if (!w.need(19)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.NUM_FREQ, "NUM_FREQ", 4);
+  if (!w.scalars("CDMA_FREQ", r.CDMA_FREQ, r.NUM_FREQ, 11)) return;
+  if (!w.need(1)) return;
+  w.u(r.RC_QPCH_SEL_INCL, "RC_QPCH_SEL_INCL", 1);
+  if (r.RC_QPCH_SEL_INCL && !w.scalars("RC_QPCH_HASH_IND", r.RC_QPCH_HASH_IND, r.NUM_FREQ, 1)) return;
+  if (!w.need(1)) return;
+  w.u(r.TD_SEL_INCL, "TD_SEL_INCL", 1);
+  if (r.TD_SEL_INCL) {
+    if (!w.need(2)) return;
+    w.u(r.TD_MODE, "TD_MODE", 2);
+    if (!w.counted("TD_SELs", "FC_ECCLM_TD_SELs", r.TD_SELs, r.NUM_FREQ, c)) return;
+  }
+  if (c.p_rev < 11) return;
+
+  // Band classes: the band of the channels above, then up to 7 more with channels of their own.
+  if (!w.need(6)) return;
+  w.u(r.CDMA_BAND, "CDMA_BAND", 5);
+  w.u(r.SUBCLASS_INFO_INCL, "SUBCLASS_INFO_INCL", 1);
+  if (r.SUBCLASS_INFO_INCL) {
+    if (!w.need(5)) return;
+    w.u(r.SUBCLASS_REC_LEN, "SUBCLASS_REC_LEN", 5);
+    if (!w.scalars("CDMA_SUBCLASS", r.CDMA_SUBCLASS, r.SUBCLASS_REC_LEN + 1u, 1)) return;
+  }
+  if (!w.need(1)) return;
+  w.u(r.CDMA_FREQ_WEIGHT_INCL, "CDMA_FREQ_WEIGHT_INCL", 1);
+  if (r.CDMA_FREQ_WEIGHT_INCL && !w.scalars("CDMA_FREQ_WEIGHT", r.CDMA_FREQ_WEIGHT, r.NUM_FREQ, 3)) return;
+  if (!w.need(3)) return;
+  w.u(r.NUM_BAND, "NUM_BAND", 3);
+  EcclmCtx ec{};
+  static_cast<Ctx&>(ec) = c;
+  ec.RC_QPCH_SEL_INCL = r.RC_QPCH_SEL_INCL;
+  ec.TD_SEL_INCL = r.TD_SEL_INCL;
+  ec.CDMA_FREQ_WEIGHT_INCL = r.CDMA_FREQ_WEIGHT_INCL;
+  w.counted("ADD_BANDs", "FC_ECCLM_ADD_BANDs", r.ADD_BANDs, r.NUM_BAND, ec);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Pieces shared by the general, private and universal neighbour lists.
+
+// Neighbour records depend on flags of their message; the message hands them on in a context
+// of this type (only the layouts below create it, and only the records below read it).
+struct ListCtx : Ctx {
+  u8 NGHBR_CONFIG_PN_INCL, NGHBR_SRCH_MODE, FREQ_FIELDS_INCL, USE_TIMING, GLOBAL_TIMING_INCL, SRCH_OFFSET_INCL;
+  u8 COMMON_INCL, NGHBR_SET_ENTRY_INFO, NGHBR_SET_ACCESS_INFO, RADIO_INTERFACE_TYPE;
+};
+
+ListCtx list_ctx(const Ctx& c) {
+  ListCtx lc{};
+  static_cast<Ctx&>(lc) = c;
+  return lc;
+}
+
+const ListCtx& flags(const Ctx& c) { return static_cast<const ListCtx&>(c); }
+
+// A length-prefixed record. Its fields are kept when the declared length runs past the message,
+// which is then a short message.
+template <class W, class R>
+bool prefixed(W& w, const char* label, const char* header, R& rec, std::uint64_t declared, const Ctx& c) {
+  const std::uint64_t room = w.left();
+  if (!w.sized(label, header, rec, declared, c)) return false;
+  if constexpr (W::kReading) {
+    if (declared > room) return w.reject(Rc::short_msg);
+  }
+  return true;
+}
+
+// Octets of a record type this decoder does not know: passed over whole.
+template <class W>
+bool pass_over(W& w, std::uint64_t bits) {
+  if (!w.need(bits)) return false;
+  w.skip(bits);
+  return true;
+}
+
+// Type-specific fields of a neighbour pilot record (NGHBR_PILOT_REC_TYPE), printed flat in the
+// record that carries them.
+struct PILOT_REC {
+  u8 TD_POWER_LEVEL, TD_MODE, QOF, WALSH_LENGTH;
+  u16 AUX_PILOT_WALSH, AUX_WALSH;
+  u8 AUX_TD_POWER_LEVEL;
+  u8 SR3_PRIMARY_PILOT, SR3_PILOT_POWER1, SR3_PILOT_POWER2;
+  u8 ADD_INFO_INCL1, QOF1, WALSH_LENGTH1;
+  u16 AUX_PILOT_WALSH1;
+  u8 ADD_INFO_INCL2, QOF2, WALSH_LENGTH2;
+  u16 AUX_PILOT_WALSH2;
+};
+
+// A Walsh code is WALSH_LENGTH + 6 bits long.
+template <class W>
+void walsh(W& w, u8& qof, const char* qof_name, u8& len, const char* len_name, u16& code, const char* code_name) {
+  if (!w.need(5)) return;
+  w.u(qof, qof_name, 2);
+  w.u(len, len_name, 3);
+  if (!w.need(len + 6u)) return;
+  w.u(code, code_name, len + 6u);
+}
+
+template <class W>
+void pilot_fields(W& w, PILOT_REC& p, u8 type) {
+  switch (type) {
+    case 0:   // 1X common pilot with transmit diversity
+      if (!w.need(4)) return;
+      w.u(p.TD_POWER_LEVEL, "TD_POWER_LEVEL", 2);
+      w.u(p.TD_MODE, "TD_MODE", 2);
+      break;
+    case 1:   // 1X auxiliary pilot
+      walsh(w, p.QOF, "QOF", p.WALSH_LENGTH, "WALSH_LENGTH", p.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
+      break;
+    case 2:   // 1X auxiliary pilot with transmit diversity
+      walsh(w, p.QOF, "QOF", p.WALSH_LENGTH, "WALSH_LENGTH", p.AUX_WALSH, "AUX_WALSH");
+      if (!w.need(4)) return;
+      w.u(p.AUX_TD_POWER_LEVEL, "AUX_TD_POWER_LEVEL", 2);
+      w.u(p.TD_MODE, "TD_MODE", 2);
+      break;
+    case 3:   // 3X common pilot
+    case 4:   // 3X auxiliary pilot
+      if (!w.need(8)) return;
+      w.u(p.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2);
+      w.u(p.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3);
+      w.u(p.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3);
+      if (type == 3) break;
+      walsh(w, p.QOF, "QOF", p.WALSH_LENGTH, "WALSH_LENGTH", p.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
+      if (!w.need(1)) return;
+      w.u(p.ADD_INFO_INCL1, "ADD_INFO_INCL1", 1);
+      if (p.ADD_INFO_INCL1)
+        walsh(w, p.QOF1, "QOF1", p.WALSH_LENGTH1, "WALSH_LENGTH1", p.AUX_PILOT_WALSH1, "AUX_PILOT_WALSH1");
+      if (!w.need(1)) return;
+      w.u(p.ADD_INFO_INCL2, "ADD_INFO_INCL2", 1);
+      if (p.ADD_INFO_INCL2)
+        walsh(w, p.QOF2, "QOF2", p.WALSH_LENGTH2, "WALSH_LENGTH2", p.AUX_PILOT_WALSH2, "AUX_PILOT_WALSH2");
+      break;
+    default:   // reserved types: only RECORD_LEN is known
+      break;
+  }
+}
+
+// The fields take RECORD_LEN octets on the air: reading moves on to the declared end when they
+// take fewer bits (padding, or a type not known here). Printing has no positions.
+template <class W>
+void pilot_record(W& w, PILOT_REC& p, u8 type, u8 record_len) {
+  if constexpr (W::kReading) {
+    const std::uint64_t start = w.pos();
+    pilot_fields(w, p, type);
+    const std::uint64_t used = w.pos() - start, declared = 8u * record_len;
+    if (used < declared) (void)pass_over(w, declared - used);
+  } else {
+    pilot_fields(w, p, type);
+  }
+}
+
+// ---------------------------------------------------------------------------------------------
+// General Neighbor List Message
+
+struct GNLM_NGHBR {
+  u8 NGHBR_CONFIG;
+  u16 NGHBR_PN;
+  u8 SEARCH_PRIORITY, SRCH_WIN_NGHBR, FREQ_INCL, NGHBR_BAND;
+  u16 NGHBR_FREQ;
+  u8 TIMING_INCL, NGHBR_TX_OFFSET, NGHBR_TX_DURATION, NGHBR_TX_PERIOD;
+};
+
+struct GNLM_ANALOG_NGHBR {
+  u8 BAND_CLASS, SYS_A_B;
+};
+
+struct GNLM_NGHBR_PILOT_REC {
+  u8 ADD_PILOT_REC_INCL, NGHBR_PILOT_REC_TYPE, RECORD_LEN;
+  PILOT_REC rec;
+  u8 SRCH_OFFSET_NGHBR;
+};
+
+struct HRPD_NGHBR_FIELDS {
+  u16 NGHBR_PN;
+  u8 NGHBR_FREQ_INCL, NGHBR_BAND;
+  u16 NGHBR_FREQ;
+  u8 PN_ASSOCIATION_IND, DATA_ASSOCIATION_IND;
+};
+
+struct GNLM_HRPD_NGHBR_PILOT_REC {
+  u8 HRPD_NGHBR_REC_LEN;
+  HRPD_NGHBR_FIELDS HrpdNeighborRecordFields;
+};
+
+struct FC_GNLM {
+  u16 PILOT_PN;
+  u8 CONFIG_MSG_SEQ, PILOT_INC, NGHBR_SRCH_MODE, NGHBR_CONFIG_PN_INCL, FREQ_FIELDS_INCL, USE_TIMING;
+  u8 GLOBAL_TIMING_INCL, GLOBAL_TX_DURATION, GLOBAL_TX_PERIOD;
+  u8 NUM_NGHBR;
+  PoolArray<GNLM_NGHBR> NGHBRs;
+  u8 NUM_ANALOG_NGHBR;
+  PoolArray<GNLM_ANALOG_NGHBR> ANALOG_NGHBRs;
+  u8 SRCH_OFFSET_INCL;
+  PoolArray<GNLM_NGHBR_PILOT_REC> NGHBR_PILOT_RECs;
+  u8 BCCH_IND_INCL;
+  PoolArray<u8> BCCH_SUPPORT;
+  u8 RESQ_ENABLED, RESQ_DELAY_TIME, RESQ_ALLOWED_TIME, RESQ_ATTEMPT_TIME;
+  u16 RESQ_CODE_CHAN;
+  u8 RESQ_QOF, RESQ_MIN_PERIOD_INCL, RESQ_MIN_PERIOD, RESQ_NUM_TOT_TRANS_INCL, RESQ_NUM_TOT_TRANS_20MS,
+      RESQ_NUM_TOT_TRANS_5MS, RESQ_NUM_PREAMBLE_RC1_RC2, RESQ_NUM_PREAMBLE, RESQ_POWER_DELTA;
+  PoolArray<u8> NGHBR_RESQ_CONFIGURED;
+  PoolArray<u8> NGHBR_PDCH_SUPPORTED;
+  u8 HRPD_NGHBR_INCL, NUM_HRPD_NGHBR;
+  PoolArray<GNLM_HRPD_NGHBR_PILOT_REC> HRPD_NGHBR_PILOT_RECs;
+};
+
+template <class W>
+void layout(W& w, GNLM_NGHBR& r, const Ctx& c) {
+  const ListCtx& g = flags(c);
+  if (g.NGHBR_CONFIG_PN_INCL) {
+    if (!w.need(12)) return;
+    w.u(r.NGHBR_CONFIG, "NGHBR_CONFIG", 3);
+    w.u(r.NGHBR_PN, "NGHBR_PN", 9);
+  }
+  if (g.NGHBR_SRCH_MODE == 1 || g.NGHBR_SRCH_MODE == 3) {
+    if (!w.need(2)) return;
+    w.u(r.SEARCH_PRIORITY, "SEARCH_PRIORITY", 2);
+  }
+  if (g.NGHBR_SRCH_MODE == 2 || g.NGHBR_SRCH_MODE == 3) {
+    if (!w.need(4)) return;
+    w.u(r.SRCH_WIN_NGHBR, "SRCH_WIN_NGHBR", 4);
+  }
+  if (g.FREQ_FIELDS_INCL) {
+    if (!w.need(1)) return;
+    w.u(r.FREQ_INCL, "FREQ_INCL", 1);
+    if (r.FREQ_INCL) {
+      if (!w.need(16)) return;
+      w.u(r.NGHBR_BAND, "NGHBR_BAND", 5);
+      w.u(r.NGHBR_FREQ, "NGHBR_FREQ", 11);
+    }
+  }
+  if (g.USE_TIMING) {
+    if (!w.need(1)) return;
+    w.u(r.TIMING_INCL, "TIMING_INCL", 1);
+    if (r.TIMING_INCL) {
+      if (!w.need(7)) return;
+      w.u(r.NGHBR_TX_OFFSET, "NGHBR_TX_OFFSET", 7);
+      if (!g.GLOBAL_TIMING_INCL) {
+        if (!w.need(11)) return;
+        w.u(r.NGHBR_TX_DURATION, "NGHBR_TX_DURATION", 4);
+        w.u(r.NGHBR_TX_PERIOD, "NGHBR_TX_PERIOD", 7);
+      }
+    }
+  }
+}
+
+template <class W>
+void layout(W& w, GNLM_ANALOG_NGHBR& r, const Ctx&) {
+  if (!w.need(7)) return;
+  w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+  w.u(r.SYS_A_B, "SYS_A_B", 2);
+}
+
+template <class W>
+void layout(W& w, GNLM_NGHBR_PILOT_REC& r, const Ctx& c) {
+  if (!w.need(1)) return;
+  w.u(r.ADD_PILOT_REC_INCL, "ADD_PILOT_REC_INCL", 1);
+  if (r.ADD_PILOT_REC_INCL) {
+    if (!w.need(6)) return;
+    w.u(r.NGHBR_PILOT_REC_TYPE, "NGHBR_PILOT_REC_TYPE", 3);
+    w.u(r.RECORD_LEN, "RECORD_LEN", 3);
+    pilot_record(w, r.rec, r.NGHBR_PILOT_REC_TYPE, r.RECORD_LEN);
+  }
+  if (flags(c).SRCH_OFFSET_INCL) {
+    if (!w.need(3)) return;
+    w.u(r.SRCH_OFFSET_NGHBR, "SRCH_OFFSET_NGHBR", 3);
+  }
+}
+
+template <class W>
+void layout(W& w, HRPD_NGHBR_FIELDS& r, const Ctx&) {
+  if (!w.need(10)) return;
+  w.u(r.NGHBR_PN, "NGHBR_PN", 9);
+  w.u(r.NGHBR_FREQ_INCL, "NGHBR_FREQ_INCL", 1);
+  if (r.NGHBR_FREQ_INCL) {
+    if (!w.need(16)) return;
+    w.u(r.NGHBR_BAND, "NGHBR_BAND", 5);
+    w.u(r.NGHBR_FREQ, "NGHBR_FREQ", 11);
+  }
+  if (!w.need(2)) return;
+  w.u(r.PN_ASSOCIATION_IND, "PN_ASSOCIATION_IND", 1);
+  w.u(r.DATA_ASSOCIATION_IND, "DATA_ASSOCIATION_IND", 1);
+}
+
+template <class W>
+void layout(W& w, GNLM_HRPD_NGHBR_PILOT_REC& r, const Ctx& c) {
+  if (!w.need(8)) return;
+  w.u(r.HRPD_NGHBR_REC_LEN, "HRPD_NGHBR_REC_LEN", 8);
+  prefixed(w, "HrpdNeighborRecordFields", "FC_GNLM_HRPD_NGHBR_PILOT_RECs_HrpdNeighborRecordFields",
+           r.HrpdNeighborRecordFields, 8u * r.HRPD_NGHBR_REC_LEN, c);
+}
+
+// IS-95-B carries the neighbours and the analog neighbours; the pilot records came with
+// P_REV 6, the F-BCCH indicators with 7, call rescue and the F-PDCH indicators with 9 and the
+// HRPD neighbours with 11.
+template <class W>
+void layout(W& w, FC_GNLM& r, const Ctx& c) {
+  if (!w.need(24)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.PILOT_INC, "PILOT_INC", 4);
+  w.u(r.NGHBR_SRCH_MODE, "NGHBR_SRCH_MODE", 2);
+  w.u(r.NGHBR_CONFIG_PN_INCL, "NGHBR_CONFIG_PN_INCL", 1);
+  w.u(r.FREQ_FIELDS_INCL, "FREQ_FIELDS_INCL", 1);
+  w.u(r.USE_TIMING, "USE_TIMING", 1);
+  if (r.USE_TIMING) {
+    if (!w.need(1)) return;
+    w.u(r.GLOBAL_TIMING_INCL, "GLOBAL_TIMING_INCL", 1);
+    if (r.GLOBAL_TIMING_INCL) {
+      if (!w.need(11)) return;
+      w.u(r.GLOBAL_TX_DURATION, "GLOBAL_TX_DURATION", 4);
+      w.u(r.GLOBAL_TX_PERIOD, "GLOBAL_TX_PERIOD", 7);
+    }
+  }
+  if (!w.need(6)) return;
+  w.u(r.NUM_NGHBR, "NUM_NGHBR", 6);
+  ListCtx lc = list_ctx(c);
+  lc.NGHBR_CONFIG_PN_INCL = r.NGHBR_CONFIG_PN_INCL;
+  lc.NGHBR_SRCH_MODE = r.NGHBR_SRCH_MODE;
+  lc.FREQ_FIELDS_INCL = r.FREQ_FIELDS_INCL;
+  lc.USE_TIMING = r.USE_TIMING;
+  lc.GLOBAL_TIMING_INCL = r.USE_TIMING && r.GLOBAL_TIMING_INCL;
+  if (!w.counted("NGHBRs", "FC_GNLM_NGHBRs", r.NGHBRs, r.NUM_NGHBR, lc)) return;
+  if (!w.need(3)) return;
+  w.u(r.NUM_ANALOG_NGHBR, "NUM_ANALOG_NGHBR", 3);
+  if (!w.counted("ANALOG_NGHBRs", "FC_GNLM_ANALOG_NGHBRs", r.ANALOG_NGHBRs, r.NUM_ANALOG_NGHBR, c)) return;
+  if (c.p_rev < 6) return;
+
+  if (!w.need(1)) return;
+  w.u(r.SRCH_OFFSET_INCL, "SRCH_OFFSET_INCL", 1);
+  lc.SRCH_OFFSET_INCL = r.SRCH_OFFSET_INCL;
+  if (!w.counted("NGHBR_PILOT_RECs", "FC_GNLM_NGHBR_PILOT_RECs", r.NGHBR_PILOT_RECs, r.NUM_NGHBR, lc)) return;
+  if (c.p_rev < 7) return;
+
+  if (!w.need(1)) return;
+  w.u(r.BCCH_IND_INCL, "BCCH_IND_INCL", 1);
+  if (r.BCCH_IND_INCL && !w.scalars("BCCH_SUPPORT", r.BCCH_SUPPORT, r.NUM_NGHBR, 1)) return;
+  if (c.p_rev < 9) return;
+
+  if (!w.need(1)) return;
+  w.u(r.RESQ_ENABLED, "RESQ_ENABLED", 1);
+  if (r.RESQ_ENABLED) {
+    if (!w.need(32)) return;
+    w.u(r.RESQ_DELAY_TIME, "RESQ_DELAY_TIME", 6);
+    w.u(r.RESQ_ALLOWED_TIME, "RESQ_ALLOWED_TIME", 6);
+    w.u(r.RESQ_ATTEMPT_TIME, "RESQ_ATTEMPT_TIME", 6);
+    w.u(r.RESQ_CODE_CHAN, "RESQ_CODE_CHAN", 11);
+    w.u(r.RESQ_QOF, "RESQ_QOF", 2);
+    w.u(r.RESQ_MIN_PERIOD_INCL, "RESQ_MIN_PERIOD_INCL", 1);
+    if (r.RESQ_MIN_PERIOD_INCL) {
+      if (!w.need(5)) return;
+      w.u(r.RESQ_MIN_PERIOD, "RESQ_MIN_PERIOD", 5);
+    }
+    if (!w.need(1)) return;
+    w.u(r.RESQ_NUM_TOT_TRANS_INCL, "RESQ_NUM_TOT_TRANS_INCL", 1);
+    if (r.RESQ_NUM_TOT_TRANS_INCL) {
+      if (!w.need(8)) return;
+      w.u(r.RESQ_NUM_TOT_TRANS_20MS, "RESQ_NUM_TOT_TRANS_20MS", 4);
+      w.u(r.RESQ_NUM_TOT_TRANS_5MS, "RESQ_NUM_TOT_TRANS_5MS", 4);
+    }
+    if (!w.need(9)) return;
+    w.u(r.RESQ_NUM_PREAMBLE_RC1_RC2, "RESQ_NUM_PREAMBLE_RC1_RC2", 3);
+    w.u(r.RESQ_NUM_PREAMBLE, "RESQ_NUM_PREAMBLE", 3);
+    w.u(r.RESQ_POWER_DELTA, "RESQ_POWER_DELTA", 3);
+    if (!w.scalars("NGHBR_RESQ_CONFIGURED", r.NGHBR_RESQ_CONFIGURED, r.NUM_NGHBR, 1)) return;
+  }
+  if (!w.scalars("NGHBR_PDCH_SUPPORTED", r.NGHBR_PDCH_SUPPORTED, r.NUM_NGHBR, 1)) return;
+  if (c.p_rev < 11) return;
+
+  if (!w.need(1)) return;
+  w.u(r.HRPD_NGHBR_INCL, "HRPD_NGHBR_INCL", 1);
+  if (r.HRPD_NGHBR_INCL) {
+    if (!w.need(6)) return;
+    w.u(r.NUM_HRPD_NGHBR, "NUM_HRPD_NGHBR", 6);
+    w.counted("HRPD_NGHBR_PILOT_RECs", "FC_GNLM_HRPD_NGHBR_PILOT_RECs", r.HRPD_NGHBR_PILOT_RECs, r.NUM_HRPD_NGHBR,
+              c);
+  }
+}
+
+// ---------------------------------------------------------------------------------------------
+// Redirection records shared by the Global and the Extended Global
+// Service Redirection Messages.
+
+struct REDIRECT_ANALOG {   // RECORD_TYPE 1: redirection to an analog system
+  u16 EXPECTED_SID;
+  u8 IGNORE_CDMA, SYS_ORDERING, MAX_REDIRECT_DELAY;
+};
+
+struct REDIRECT_CDMA {   // RECORD_TYPE 2: redirection to a CDMA system
+  u8 BAND_CLASS;
+  u16 EXPECTED_SID, EXPECTED_NID;
+  u8 NUM_CHANS;
+  PoolArray<u16> CDMA_CHAN;
+};
+
+template <class W>
+void layout(W& w, REDIRECT_ANALOG& r, const Ctx&) {
+  if (!w.need(24)) return;
+  w.u(r.EXPECTED_SID, "EXPECTED_SID", 15);
+  w.u(r.IGNORE_CDMA, "IGNORE_CDMA", 1);
+  w.u(r.SYS_ORDERING, "SYS_ORDERING", 3);
+  w.u(r.MAX_REDIRECT_DELAY, "MAX_REDIRECT_DELAY", 5);
+}
+
+template <class W>
+void layout(W& w, REDIRECT_CDMA& r, const Ctx&) {
+  if (!w.need(44)) return;
+  w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+  w.u(r.EXPECTED_SID, "EXPECTED_SID", 15);
+  w.u(r.EXPECTED_NID, "EXPECTED_NID", 16);
+  w.skip(4);   // reserved
+  w.u(r.NUM_CHANS, "NUM_CHANS", 4);
+  w.scalars("CDMA_CHAN", r.CDMA_CHAN, r.NUM_CHANS, 11);
+}
+
+struct REDIRECTION {
+  u8 RECORD_TYPE, RECORD_LEN;
+  REDIRECT_ANALOG analog;
+  REDIRECT_CDMA cdma;
+};
+
+// RECORD_TYPE, RECORD_LEN and the record under the header of its variant.
+template <class W>
+void redirection(W& w, REDIRECTION& r, const char* const labels[2], const char* const headers[2], const Ctx& c) {
+  if (!w.need(16)) return;
+  w.u(r.RECORD_TYPE, "RECORD_TYPE", 8);
+  w.u(r.RECORD_LEN, "RECORD_LEN", 8);
+  const std::uint64_t declared = 8u * r.RECORD_LEN;
+  switch (r.RECORD_TYPE) {
+    case 1: prefixed(w, labels[0], headers[0], r.analog, declared, c); break;
+    case 2: prefixed(w, labels[1], headers[1], r.cdma, declared, c); break;
+    default: pass_over(w, declared); break;   // NDSS off (empty) or a type not known here
+  }
+}
+
+struct FC_GSRDM {
+  u16 PILOT_PN;
+  u8 CONFIG_MSG_SEQ;
+  u16 REDIRECT_ACCOLC;
+  u8 RETURN_IF_FAIL, DELETE_TMSI, EXCL_P_REV_MS;
+  REDIRECTION rec;
+};
+
+template <class W>
+void layout(W& w, FC_GSRDM& r, const Ctx& c) {
+  static const char* const labels[2] = {"GSRDM_REC_TYPE_1", "GSRDM_REC_TYPE_2"};
+  static const char* const headers[2] = {"FC_GSRDM_GSRDM_REC_TYPE_1", "FC_GSRDM_GSRDM_REC_TYPE_2"};
+  if (!w.need(33)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.REDIRECT_ACCOLC, "REDIRECT_ACCOLC", 16);
+  w.u(r.RETURN_IF_FAIL, "RETURN_IF_FAIL", 1);
+  w.u(r.DELETE_TMSI, "DELETE_TMSI", 1);
+  if (c.p_rev >= 6) {   // lets mobiles of P_REV 6 and above ignore a redirection for older ones
+    if (!w.need(1)) return;
+    w.u(r.EXCL_P_REV_MS, "EXCL_P_REV_MS", 1);
+  }
+  redirection(w, r.rec, labels, headers, c);
+}
+
+struct FC_EGSRDM {
+  u16 PILOT_PN;
+  u8 CONFIG_MSG_SEQ;
+  u16 REDIRECT_ACCOLC;
+  u8 RETURN_IF_FAIL, DELETE_TMSI, REDIRECT_P_REV_INCL, EXCL_P_REV_IND, REDIRECT_P_MIN, REDIRECT_P_MAX;
+  REDIRECTION rec;
+};
+
+template <class W>
+void layout(W& w, FC_EGSRDM& r, const Ctx& c) {
+  static const char* const labels[2] = {"TYPE_001", "TYPE_002"};
+  static const char* const headers[2] = {"FC_EGSRDM_TYPE_001", "FC_EGSRDM_TYPE_002"};
+  if (!w.need(34)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.REDIRECT_ACCOLC, "REDIRECT_ACCOLC", 16);
+  w.u(r.RETURN_IF_FAIL, "RETURN_IF_FAIL", 1);
+  w.u(r.DELETE_TMSI, "DELETE_TMSI", 1);
+  w.u(r.REDIRECT_P_REV_INCL, "REDIRECT_P_REV_INCL", 1);
+  if (r.REDIRECT_P_REV_INCL) {
+    if (!w.need(17)) return;
+    w.u(r.EXCL_P_REV_IND, "EXCL_P_REV_IND", 1);
+    w.u(r.REDIRECT_P_MIN, "REDIRECT_P_MIN", 8);
+    w.u(r.REDIRECT_P_MAX, "REDIRECT_P_MAX", 8);
+  }
+  redirection(w, r.rec, labels, headers, c);
+}
+
+// ---------------------------------------------------------------------------------------------
+// User Zone Identification Message and the private neighbours' user zones.
+
+struct UZID_REC {
+  u16 UZID;
+  u8 UZ_REV, TEMP_SUB;
+};
+
+template <class W>
+void layout(W& w, UZID_REC& r, const Ctx&) {
+  if (!w.need(21)) return;
+  w.u(r.UZID, "UZID", 16);
+  w.u(r.UZ_REV, "UZ_REV", 4);
+  w.u(r.TEMP_SUB, "TEMP_SUB", 1);
+}
+
+struct FC_UZIM {
+  u16 PILOT_PN;
+  u8 CONFIG_MSG_SEQ, UZ_EXIT, NUM_UZID;
+  PoolArray<UZID_REC> UZIDs;
+};
+
+template <class W>
+void layout(W& w, FC_UZIM& r, const Ctx& c) {
+  if (!w.need(23)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.UZ_EXIT, "UZ_EXIT", 4);
+  w.u(r.NUM_UZID, "NUM_UZID", 4);
+  w.counted("UZIDs", "FC_UZIM_UZIDs", r.UZIDs, r.NUM_UZID, c);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Private Neighbor List Message
+
+struct PNLM_PRI_NGHBR {
+  u16 SID, NID, PRI_NGHBR_PN;
+  u8 ADD_PILOT_REC_INCL, NGHBR_PILOT_REC_TYPE, RECORD_LEN;
+  PILOT_REC rec;
+  u8 BAND_CLASS;
+  u16 NGHBR_FREQ;
+  u8 UZID_INCL, NUM_UZID;
+  PoolArray<UZID_REC> UZIDs;
+};
+
+struct PNLM_MC_FIELDS {   // RADIO_INTERFACE_TYPE 0: MC system
+  u8 COMMON_INCL, COMMON_BAND_CLASS;
+  u16 COMMON_NGHBR_FREQ;
+  u8 SRCH_WIN_PN, NUM_PRI_NGHBR;
+  PoolArray<PNLM_PRI_NGHBR> PRI_NGHBRs;
+};
+
+struct PNLM_RADIO_INTERFACE {
+  u8 RADIO_INTERFACE_TYPE, RADIO_INTERFACE_LEN;
+  PNLM_MC_FIELDS RadioInterfaceTypeSpecificFields;
+};
+
+struct FC_PNLM {
+  u16 PILOT_PN;
+  u8 CONFIG_MSG_SEQ, NUM_RADIO_INTERFACE;
+  PoolArray<PNLM_RADIO_INTERFACE> RADIO_INTERFACES;
+};
+
+template <class W>
+void layout(W& w, PNLM_PRI_NGHBR& r, const Ctx& c) {
+  if (!w.need(41)) return;
+  w.u(r.SID, "SID", 15);
+  w.u(r.NID, "NID", 16);
+  w.u(r.PRI_NGHBR_PN, "PRI_NGHBR_PN", 9);
+  w.u(r.ADD_PILOT_REC_INCL, "ADD_PILOT_REC_INCL", 1);
+  if (r.ADD_PILOT_REC_INCL) {
+    if (!w.need(6)) return;
+    w.u(r.NGHBR_PILOT_REC_TYPE, "NGHBR_PILOT_REC_TYPE", 3);
+    w.u(r.RECORD_LEN, "RECORD_LEN", 3);
+    pilot_record(w, r.rec, r.NGHBR_PILOT_REC_TYPE, r.RECORD_LEN);
+  }
+  if (!flags(c).COMMON_INCL) {
+    if (!w.need(16)) return;
+    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+    w.u(r.NGHBR_FREQ, "NGHBR_FREQ", 11);
+  }
+  if (!w.need(1)) return;
+  w.u(r.UZID_INCL, "UZID_INCL", 1);
+  if (r.UZID_INCL) {
+    if (!w.need(4)) return;
+    w.u(r.NUM_UZID, "NUM_UZID", 4);
+    w.counted("UZIDs", "FC_PNLM_RADIO_INTERFACES_RadioInterfaceTypeSpecificFields_PRI_NGHBRs_UZIDs", r.UZIDs,
+              r.NUM_UZID, c);
+  }
+}
+
+template <class W>
+void layout(W& w, PNLM_MC_FIELDS& r, const Ctx& c) {
+  if (!w.need(1)) return;
+  w.u(r.COMMON_INCL, "COMMON_INCL", 1);
+  if (r.COMMON_INCL) {
+    if (!w.need(16)) return;
+    w.u(r.COMMON_BAND_CLASS, "COMMON_BAND_CLASS", 5);
+    w.u(r.COMMON_NGHBR_FREQ, "COMMON_NGHBR_FREQ", 11);
+  }
+  if (!w.need(10)) return;
+  w.u(r.SRCH_WIN_PN, "SRCH_WIN_PN", 4);
+  w.u(r.NUM_PRI_NGHBR, "NUM_PRI_NGHBR", 6);
+  ListCtx lc = list_ctx(c);
+  lc.COMMON_INCL = r.COMMON_INCL;
+  w.counted("PRI_NGHBRs", "FC_PNLM_RADIO_INTERFACES_RadioInterfaceTypeSpecificFields_PRI_NGHBRs", r.PRI_NGHBRs,
+            r.NUM_PRI_NGHBR, lc);
+}
+
+template <class W>
+void layout(W& w, PNLM_RADIO_INTERFACE& r, const Ctx& c) {
+  if (!w.need(12)) return;
+  w.u(r.RADIO_INTERFACE_TYPE, "RADIO_INTERFACE_TYPE", 4);
+  w.u(r.RADIO_INTERFACE_LEN, "RADIO_INTERFACE_LEN", 8);
+  const std::uint64_t declared = 8u * r.RADIO_INTERFACE_LEN;
+  if (r.RADIO_INTERFACE_TYPE == 0)
+    prefixed(w, "RadioInterfaceTypeSpecificFields", "FC_PNLM_RADIO_INTERFACES_RadioInterfaceTypeSpecificFields",
+             r.RadioInterfaceTypeSpecificFields, declared, c);
+  else
+    pass_over(w, declared);
+}
+
+template <class W>
+void layout(W& w, FC_PNLM& r, const Ctx& c) {
+  if (!w.need(19)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.NUM_RADIO_INTERFACE, "NUM_RADIO_INTERFACE", 4);
+  w.counted("RADIO_INTERFACES", "FC_PNLM_RADIO_INTERFACES", r.RADIO_INTERFACES, r.NUM_RADIO_INTERFACE, c);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Universal Neighbor List Message, an F-BCCH message of P_REV 7 and later.
+
+struct UNLM_NGHBR {
+  u8 NGHBR_CONFIG;
+  u16 NGHBR_PN;
+  u8 BCCH_SUPPORT, ADD_PILOT_REC_INCL, NGHBR_PILOT_REC_TYPE, RECORD_LEN;
+  PILOT_REC rec;
+  u8 SEARCH_PRIORITY, SRCH_WIN_NGHBR, SRCH_OFFSET_NGHBR, FREQ_INCL, NGHBR_BAND;
+  u16 NGHBR_FREQ;
+  u8 TIMING_INCL, NGHBR_TX_OFFSET, NGHBR_TX_DURATION, NGHBR_TX_PERIOD, ACCESS_ENTRY_HO, ACCESS_HO_ALLOWED;
+};
+
+struct UNLM_MC_FIELDS {   // RADIO_INTERFACE_TYPE 0000: MC system
+  u8 PILOT_INC, NGHBR_SRCH_MODE, SRCH_WIN_N, SRCH_OFFSET_INCL, FREQ_FIELDS_INCL, USE_TIMING;
+  u8 GLOBAL_TIMING_INCL, GLOBAL_TX_DURATION, GLOBAL_TX_PERIOD, NGHBR_SET_ENTRY_INFO, NGHBR_SET_ACCESS_INFO;
+  u8 NUM_NGHBR;
+  PoolArray<UNLM_NGHBR> NGHBRs;
+  u8 RESQ_ENABLED, RESQ_DELAY_TIME, RESQ_ALLOWED_TIME, RESQ_ATTEMPT_TIME;
+  u16 RESQ_CODE_CHAN;
+  u8 RESQ_QOF, RESQ_MIN_PERIOD_INCL, RESQ_MIN_PERIOD, RESQ_NUM_TOT_TRANS_INCL, RESQ_NUM_TOT_TRANS_20MS,
+      RESQ_NUM_TOT_TRANS_5MS, RESQ_NUM_PREAMBLE_RC1_RC2, RESQ_NUM_PREAMBLE, RESQ_POWER_DELTA;
+  PoolArray<u8> NGHBR_RESQ_CONFIGURED;
+  PoolArray<u8> NGHBR_PDCH_SUPPORTED;
+};
+
+struct UNLM_ANALOG_FIELDS {   // RADIO_INTERFACE_TYPE 0001: analog system
+  u8 NUM_ANALOG_NGHBR;
+  PoolArray<GNLM_ANALOG_NGHBR> ANALOG_NGHBRs;
+};
+
+struct UNLM_HRPD_NGHBR_PILOT_REC {
+  u8 HRPD_NGHBR_REC_LEN;
+  HRPD_NGHBR_FIELDS HrpdNghbrRecordFields;
+};
+
+struct UNLM_TYPE_SPECIFIC {
+  UNLM_MC_FIELDS RADIO_INTERFACE_TYPE_0000;
+  UNLM_ANALOG_FIELDS RADIO_INTERFACE_TYPE_0001;
+  u8 NUM_HRPD_NGHBR;   // RADIO_INTERFACE_TYPE 0010: HRPD system
+  PoolArray<UNLM_HRPD_NGHBR_PILOT_REC> HRPD_NGHBR_PILOT_RECs;
+};
+
+struct UNLM_RADIO_INTERFACE {
+  u8 RADIO_INTERFACE_TYPE, RADIO_INTERFACE_LEN;
+  UNLM_TYPE_SPECIFIC RadioInterfaceTypeSpecificFields;
+};
+
+struct FC_UNLM {
+  u16 PILOT_PN;
+  u8 CONFIG_MSG_SEQ, NUM_RADIO_INTERFACE;
+  PoolArray<UNLM_RADIO_INTERFACE> RADIO_INTERFACES;
+};
+
+#define UNLM_FIELDS "FC_UNLM_RADIO_INTERFACES_RadioInterfaceTypeSpecificFields"
+
+template <class W>
+void layout(W& w, UNLM_NGHBR& r, const Ctx& c) {
+  const ListCtx& g = flags(c);
+  if (!w.need(12)) return;
+  w.u(r.NGHBR_CONFIG, "NGHBR_CONFIG", 3);
+  w.u(r.NGHBR_PN, "NGHBR_PN", 9);
+  if (r.NGHBR_CONFIG == 3) {   // the neighbour's paging is on an F-BCCH
+    if (!w.need(1)) return;
+    w.u(r.BCCH_SUPPORT, "BCCH_SUPPORT", 1);
+  }
+  if (!w.need(1)) return;
+  w.u(r.ADD_PILOT_REC_INCL, "ADD_PILOT_REC_INCL", 1);
+  if (r.ADD_PILOT_REC_INCL) {
+    if (!w.need(6)) return;
+    w.u(r.NGHBR_PILOT_REC_TYPE, "NGHBR_PILOT_REC_TYPE", 3);
+    w.u(r.RECORD_LEN, "RECORD_LEN", 3);
+    pilot_record(w, r.rec, r.NGHBR_PILOT_REC_TYPE, r.RECORD_LEN);
+  }
+  if (g.NGHBR_SRCH_MODE == 1 || g.NGHBR_SRCH_MODE == 3) {
+    if (!w.need(2)) return;
+    w.u(r.SEARCH_PRIORITY, "SEARCH_PRIORITY", 2);
+  }
+  if (g.NGHBR_SRCH_MODE == 2 || g.NGHBR_SRCH_MODE == 3) {
+    if (!w.need(4)) return;
+    w.u(r.SRCH_WIN_NGHBR, "SRCH_WIN_NGHBR", 4);
+  }
+  if (g.SRCH_OFFSET_INCL) {
+    if (!w.need(3)) return;
+    w.u(r.SRCH_OFFSET_NGHBR, "SRCH_OFFSET_NGHBR", 3);
+  }
+  if (g.FREQ_FIELDS_INCL) {
+    if (!w.need(1)) return;
+    w.u(r.FREQ_INCL, "FREQ_INCL", 1);
+    if (r.FREQ_INCL) {
+      if (!w.need(16)) return;
+      w.u(r.NGHBR_BAND, "NGHBR_BAND", 5);
+      w.u(r.NGHBR_FREQ, "NGHBR_FREQ", 11);
+    }
+  }
+  if (g.USE_TIMING) {
+    if (!w.need(1)) return;
+    w.u(r.TIMING_INCL, "TIMING_INCL", 1);
+    if (r.TIMING_INCL) {
+      if (!w.need(7)) return;
+      w.u(r.NGHBR_TX_OFFSET, "NGHBR_TX_OFFSET", 7);
+      if (!g.GLOBAL_TIMING_INCL) {
+        if (!w.need(11)) return;
+        w.u(r.NGHBR_TX_DURATION, "NGHBR_TX_DURATION", 4);
+        w.u(r.NGHBR_TX_PERIOD, "NGHBR_TX_PERIOD", 7);
+      }
+    }
+  }
+  if (g.NGHBR_SET_ENTRY_INFO) {
+    if (!w.need(1)) return;
+    w.u(r.ACCESS_ENTRY_HO, "ACCESS_ENTRY_HO", 1);
+  }
+  if (g.NGHBR_SET_ACCESS_INFO) {
+    if (!w.need(1)) return;
+    w.u(r.ACCESS_HO_ALLOWED, "ACCESS_HO_ALLOWED", 1);
+  }
+}
+
+template <class W>
+void layout(W& w, UNLM_MC_FIELDS& r, const Ctx& c) {
+  if (!w.need(6)) return;
+  w.u(r.PILOT_INC, "PILOT_INC", 4);
+  w.u(r.NGHBR_SRCH_MODE, "NGHBR_SRCH_MODE", 2);
+  if (r.NGHBR_SRCH_MODE <= 1) {   // no per-neighbour window: one for all
+    if (!w.need(4)) return;
+    w.u(r.SRCH_WIN_N, "SRCH_WIN_N", 4);
+  }
+  if (!w.need(3)) return;
+  w.u(r.SRCH_OFFSET_INCL, "SRCH_OFFSET_INCL", 1);
+  w.u(r.FREQ_FIELDS_INCL, "FREQ_FIELDS_INCL", 1);
+  w.u(r.USE_TIMING, "USE_TIMING", 1);
+  if (r.USE_TIMING) {
+    if (!w.need(1)) return;
+    w.u(r.GLOBAL_TIMING_INCL, "GLOBAL_TIMING_INCL", 1);
+    if (r.GLOBAL_TIMING_INCL) {
+      if (!w.need(11)) return;
+      w.u(r.GLOBAL_TX_DURATION, "GLOBAL_TX_DURATION", 4);
+      w.u(r.GLOBAL_TX_PERIOD, "GLOBAL_TX_PERIOD", 7);
+    }
+  }
+  if (!w.need(8)) return;
+  w.u(r.NGHBR_SET_ENTRY_INFO, "NGHBR_SET_ENTRY_INFO", 1);
+  w.u(r.NGHBR_SET_ACCESS_INFO, "NGHBR_SET_ACCESS_INFO", 1);
+  w.u(r.NUM_NGHBR, "NUM_NGHBR", 6);
+  ListCtx lc = list_ctx(c);
+  lc.NGHBR_SRCH_MODE = r.NGHBR_SRCH_MODE;
+  lc.SRCH_OFFSET_INCL = r.SRCH_OFFSET_INCL;
+  lc.FREQ_FIELDS_INCL = r.FREQ_FIELDS_INCL;
+  lc.USE_TIMING = r.USE_TIMING;
+  lc.GLOBAL_TIMING_INCL = r.USE_TIMING && r.GLOBAL_TIMING_INCL;
+  lc.NGHBR_SET_ENTRY_INFO = r.NGHBR_SET_ENTRY_INFO;
+  lc.NGHBR_SET_ACCESS_INFO = r.NGHBR_SET_ACCESS_INFO;
+  if (!w.counted("NGHBRs", UNLM_FIELDS "_RADIO_INTERFACE_TYPE_0000_NGHBRs", r.NGHBRs, r.NUM_NGHBR, lc)) return;
+  if (c.p_rev < 9) return;
+
+  // Call rescue and the F-PDCH indicators, as in the General Neighbor List.
+  if (!w.need(1)) return;
+  w.u(r.RESQ_ENABLED, "RESQ_ENABLED", 1);
+  if (r.RESQ_ENABLED) {
+    if (!w.need(32)) return;
+    w.u(r.RESQ_DELAY_TIME, "RESQ_DELAY_TIME", 6);
+    w.u(r.RESQ_ALLOWED_TIME, "RESQ_ALLOWED_TIME", 6);
+    w.u(r.RESQ_ATTEMPT_TIME, "RESQ_ATTEMPT_TIME", 6);
+    w.u(r.RESQ_CODE_CHAN, "RESQ_CODE_CHAN", 11);
+    w.u(r.RESQ_QOF, "RESQ_QOF", 2);
+    w.u(r.RESQ_MIN_PERIOD_INCL, "RESQ_MIN_PERIOD_INCL", 1);
+    if (r.RESQ_MIN_PERIOD_INCL) {
+      if (!w.need(5)) return;
+      w.u(r.RESQ_MIN_PERIOD, "RESQ_MIN_PERIOD", 5);
+    }
+    if (!w.need(1)) return;
+    w.u(r.RESQ_NUM_TOT_TRANS_INCL, "RESQ_NUM_TOT_TRANS_INCL", 1);
+    if (r.RESQ_NUM_TOT_TRANS_INCL) {
+      if (!w.need(8)) return;
+      w.u(r.RESQ_NUM_TOT_TRANS_20MS, "RESQ_NUM_TOT_TRANS_20MS", 4);
+      w.u(r.RESQ_NUM_TOT_TRANS_5MS, "RESQ_NUM_TOT_TRANS_5MS", 4);
+    }
+    if (!w.need(9)) return;
+    w.u(r.RESQ_NUM_PREAMBLE_RC1_RC2, "RESQ_NUM_PREAMBLE_RC1_RC2", 3);
+    w.u(r.RESQ_NUM_PREAMBLE, "RESQ_NUM_PREAMBLE", 3);
+    w.u(r.RESQ_POWER_DELTA, "RESQ_POWER_DELTA", 3);
+    if (!w.scalars("NGHBR_RESQ_CONFIGURED", r.NGHBR_RESQ_CONFIGURED, r.NUM_NGHBR, 1)) return;
+  }
+  w.scalars("NGHBR_PDCH_SUPPORTED", r.NGHBR_PDCH_SUPPORTED, r.NUM_NGHBR, 1);
+}
+
+template <class W>
+void layout(W& w, UNLM_ANALOG_FIELDS& r, const Ctx& c) {
+  if (!w.need(3)) return;
+  w.u(r.NUM_ANALOG_NGHBR, "NUM_ANALOG_NGHBR", 3);
+  w.counted("ANALOG_NGHBRs", UNLM_FIELDS "_RADIO_INTERFACE_TYPE_0001_ANALOG_NGHBRs", r.ANALOG_NGHBRs,
+            r.NUM_ANALOG_NGHBR, c);
+}
+
+template <class W>
+void layout(W& w, UNLM_HRPD_NGHBR_PILOT_REC& r, const Ctx& c) {
+  if (!w.need(8)) return;
+  w.u(r.HRPD_NGHBR_REC_LEN, "HRPD_NGHBR_REC_LEN", 8);
+  prefixed(w, "HrpdNghbrRecordFields", UNLM_FIELDS "_HRPD_NGHBR_PILOT_RECs_HrpdNghbrRecordFields",
+           r.HrpdNghbrRecordFields, 8u * r.HRPD_NGHBR_REC_LEN, c);
+}
+
+template <class W>
+void layout(W& w, UNLM_TYPE_SPECIFIC& r, const Ctx& c) {
+  switch (flags(c).RADIO_INTERFACE_TYPE) {
+    case 0:
+      w.sub("RADIO_INTERFACE_TYPE_0000", UNLM_FIELDS "_RADIO_INTERFACE_TYPE_0000", r.RADIO_INTERFACE_TYPE_0000, c);
+      break;
+    case 1:
+      w.sub("RADIO_INTERFACE_TYPE_0001", UNLM_FIELDS "_RADIO_INTERFACE_TYPE_0001", r.RADIO_INTERFACE_TYPE_0001, c);
+      break;
+    case 2:
+      if (!w.need(6)) return;
+      w.u(r.NUM_HRPD_NGHBR, "NUM_HRPD_NGHBR", 6);
+      w.counted("HRPD_NGHBR_PILOT_RECs", UNLM_FIELDS "_HRPD_NGHBR_PILOT_RECs", r.HRPD_NGHBR_PILOT_RECs,
+                r.NUM_HRPD_NGHBR, c);
+      break;
+    default:   // not known here: the record's length moves the walk on
+      break;
+  }
+}
+
+template <class W>
+void layout(W& w, UNLM_RADIO_INTERFACE& r, const Ctx& c) {
+  if (!w.need(12)) return;
+  w.u(r.RADIO_INTERFACE_TYPE, "RADIO_INTERFACE_TYPE", 4);
+  w.u(r.RADIO_INTERFACE_LEN, "RADIO_INTERFACE_LEN", 8);
+  ListCtx lc = list_ctx(c);
+  lc.RADIO_INTERFACE_TYPE = r.RADIO_INTERFACE_TYPE;
+  prefixed(w, "RadioInterfaceTypeSpecificFields", UNLM_FIELDS, r.RadioInterfaceTypeSpecificFields,
+           8u * r.RADIO_INTERFACE_LEN, lc);
+}
+
+template <class W>
+void layout(W& w, FC_UNLM& r, const Ctx& c) {
+  if (!w.need(19)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.NUM_RADIO_INTERFACE, "NUM_RADIO_INTERFACE", 4);
+  w.counted("RADIO_INTERFACES", "FC_UNLM_RADIO_INTERFACES", r.RADIO_INTERFACES, r.NUM_RADIO_INTERFACE, c);
+}
+
+#undef UNLM_FIELDS
+
+}  // namespace
+}  // namespace cs
+
+#include "codec/layout.h"
+
+namespace cs {
+
+const BodyOps* overhead_list_body(std::uint8_t msg_id) {
+  static constexpr BodyOps nlm = body_ops<FC_NLM>("FC_NLM");
+  static constexpr BodyOps cclm = body_ops<FC_CCLM>("FC_CCLM");
+  static constexpr BodyOps enlm = body_ops<FC_ENLM>("FC_ENLM");
+  static constexpr BodyOps ecclm = body_ops<FC_ECCLM>("FC_ECCLM");
+  static constexpr BodyOps gsrdm = body_ops<FC_GSRDM>("FC_GSRDM");
+  static constexpr BodyOps gnlm = body_ops<FC_GNLM>("FC_GNLM");
+  static constexpr BodyOps uzim = body_ops<FC_UZIM>("FC_UZIM");
+  static constexpr BodyOps pnlm = body_ops<FC_PNLM>("FC_PNLM");
+  static constexpr BodyOps egsrdm = body_ops<FC_EGSRDM>("FC_EGSRDM");
+  static constexpr BodyOps unlm = body_ops<FC_UNLM>("FC_UNLM");
+  switch (msg_id) {
+    case 3: return &nlm;
+    case 4: return &cclm;
+    case 14: return &enlm;
+    case 18: return &gsrdm;
+    case 22: return &gnlm;
+    case 23: return &uzim;
+    case 24: return &pnlm;
+    case 26: return &egsrdm;
+    case 27: return &ecclm;
+    case 33: return &unlm;
+    default: return nullptr;
+  }
+}
 
 }  // namespace cs

@@ -52,30 +52,30 @@ class PrintWalk {
     return true;
   }
 
-  template <class R>
-  bool sub(const char* label, const char* header, R& rec, const Ctx& c) {
+  template <class R, class C>
+  bool sub(const char* label, const char* header, R& rec, const C& c) {
     t_.spaces(ind_).put(label).put(" = ");
     record(t_, header, ind_, rec, c);
     return true;
   }
-  template <class R>
-  bool sized(const char* label, const char* header, R& rec, std::uint64_t, const Ctx& c) {
+  template <class R, class C>
+  bool sized(const char* label, const char* header, R& rec, std::uint64_t, const C& c) {
     return sub(label, header, rec, c);
   }
-  template <class R>
-  bool padded(const char* label, const char* header, R& rec, std::uint64_t, const Ctx& c) {
+  template <class R, class C>
+  bool padded(const char* label, const char* header, R& rec, std::uint64_t, const C& c) {
     return sub(label, header, rec, c);
   }
-  template <class T>
-  bool counted(const char* label, const char* header, PoolArray<T>& a, std::uint32_t, const Ctx& c) {
+  template <class T, class C>
+  bool counted(const char* label, const char* header, PoolArray<T>& a, std::uint32_t, const C& c) {
     for (std::uint32_t k = 0; k < a.count; ++k) {
       t_.spaces(ind_).put(label).put('[').dec(k).put("] = ");
       record(t_, header, ind_, a.data[k], c);
     }
     return true;
   }
-  template <class T, class Capacity>
-  bool list_to_end(const char* label, const char* header, PoolArray<T>& a, Capacity, const Ctx& c) {
+  template <class T, class Capacity, class C>
+  bool list_to_end(const char* label, const char* header, PoolArray<T>& a, Capacity, const C& c) {
     return counted(label, header, a, a.count, c);
   }
   bool body(const char* label, const BodyOps*, AnyRec& r, const Ctx& c) {
@@ -90,8 +90,8 @@ class PrintWalk {
   unsigned indent() const { return ind_; }
 
   // One whole record at `indent`: header line, braces, fields at indent + 3.
-  template <class R>
-  static void record(Text& t, const char* header, unsigned indent, R& rec, const Ctx& c) {
+  template <class R, class C>
+  static void record(Text& t, const char* header, unsigned indent, R& rec, const C& c) {
     t.put(header).put('\n').spaces(indent).put("{\n");
     PrintWalk inner(t, indent + 3);
     layout(inner, rec, c);
