@@ -1,8 +1,471 @@
+// Paging / forward common channel: the PDU kinds, the mobile address, and the dispatch of
+// one message by its type (C.S0004 f-csch PDUs, C.S0005 message types).
 #include "fwd_common/paging.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+
+#include "codec/layout.h"
+#include "fwd_common/bodies.h"
 
 namespace cs {
 
-// Not decoded yet: no text; a message too short for its header and CRC still reports it.
-Rc run_paging(PagingState&, Call& call) { return call.short_header ? Rc::short_msg : Rc::ok; }
+namespace {
+
+struct SduLabel {
+  std::uint8_t msg_id;
+  const char* label;
+};
+
+// SDUs of the broadcast PDU. 28 (User Zone Reject) is sent here by the dispatcher but is
+// not in this table: such a PDU shows its header only.
+constexpr SduLabel kBroadcastSdus[] = {
+    {1, "SDU.SPM"},     {2, "SDU.APM"},     {3, "SDU.NLM"},       {4, "SDU.CCLM"},   {5, "SDU.SPGM"},
+    {6, "SDU.PGM"},     {13, "SDU.ESPM"},   {14, "SDU.ENLM"},     {18, "SDU.GSRDM"}, {22, "SDU.GNLM"},
+    {23, "SDU.UZIM"},   {24, "SDU.PNLM"},   {26, "SDU.EGSRDM"},   {27, "SDU.ECCLM"}, {29, "SDU.A41SPM"},
+    {30, "SDU.MCRRPM"}, {31, "SDU.A41RANDM"}, {32, "SDU.EAPM"},   {33, "SDU.UNLM"},  {45, "SDU.BSPM"},
+};
+
+// SDUs of the directed PDU.
+constexpr SduLabel kAddressedSdus[] = {
+    {9, "SDU.DBM"},    {10, "SDU.AUCM"}, {11, "SDU.SSDUM"}, {12, "SDU.FNM"},  {15, "SDU.STRQM"},  {16, "SDU.SRDM"},
+    {19, "SDU.TASM"},  {20, "SDU.PACAM"}, {28, "SDU.UZRM"}, {34, "SDU.SMCM"}, {44, "SDU.AUREQM"},
+};
+
+template <std::size_t N>
+const char* label_of(const SduLabel (&table)[N], std::uint8_t msg_id) {
+  for (const SduLabel& e : table)
+    if (e.msg_id == msg_id) return e.label;
+  return nullptr;
+}
+
+const BodyOps* broadcast_body(std::uint8_t msg_id) {
+  return msg_id == 5 || msg_id == 6 ? page_body(msg_id) : overhead_body(msg_id);
+}
+
+// The assignment PDUs size their record array from the bits left (45 bits per CAM record,
+// 49 per ECAM record, plus one) and then clamp it to a single record: only the first
+// assignment record of a PDU is ever decoded.
+std::uint32_t one_record(std::uint64_t left, std::uint64_t record_bits) {
+  return static_cast<std::uint32_t>(std::min<std::uint64_t>(left / record_bits + 1, 1));
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------------------------------
+// Address field
+
+// IMSI address (C.S0005 IMSI field of the address): class, type, reserved bits that keep
+// IMSI_S on an octet boundary from the start of the address, then the digits.
+template <class W>
+void imsi_address(W& w, FC_ADDRESS& r) {
+  if (!w.need(1)) return;
+  w.u(r.IMSI_CLASS, "IMSI_CLASS", 1);
+  if (r.IMSI_CLASS == 0) {
+    if (!w.need(2)) return;
+    w.u(r.IMSI_CLASS_0_TYPE, "IMSI_CLASS_0_TYPE", 2);
+    switch (r.IMSI_CLASS_0_TYPE) {
+      case 0:
+        if (!w.need(3 + 34)) return;
+        w.skip(3);   // reserved
+        break;
+      case 1:
+        if (!w.need(4 + 7 + 34)) return;
+        w.skip(4);   // reserved
+        w.u(r.IMSI_11_12, "IMSI_11_12", 7);
+        break;
+      case 2:
+        if (!w.need(1 + 10 + 34)) return;
+        w.skip(1);   // reserved
+        w.u(r.MCC, "MCC", 10);
+        break;
+      default:
+        if (!w.need(2 + 10 + 7 + 34)) return;
+        w.skip(2);   // reserved
+        w.u(r.MCC, "MCC", 10);
+        w.u(r.IMSI_11_12, "IMSI_11_12", 7);
+        break;
+    }
+  } else {
+    if (!w.need(1)) return;
+    w.u(r.IMSI_CLASS_1_TYPE, "IMSI_CLASS_1_TYPE", 1);
+    if (r.IMSI_CLASS_1_TYPE == 0) {
+      if (!w.need(2 + 3 + 7 + 34)) return;
+      w.skip(2);   // reserved
+      w.u(r.IMSI_ADDR_NUM, "IMSI_ADDR_NUM", 3);
+      w.u(r.IMSI_11_12, "IMSI_11_12", 7);
+    } else {
+      if (!w.need(3 + 10 + 7 + 34)) return;
+      w.u(r.IMSI_ADDR_NUM, "IMSI_ADDR_NUM", 3);
+      w.u(r.MCC, "MCC", 10);
+      w.u(r.IMSI_11_12, "IMSI_11_12", 7);
+    }
+  }
+  w.bits(r.IMSI_S, "IMSI_S", 34);
+}
+
+template <class W>
+void layout(W& w, FC_ADDRESS& r, const Ctx&) {
+  const std::uint32_t octets = r.len;
+  switch (r.type) {
+    case 0:
+      // IMSI_S as its two halves; the 6 bits that fill the fifth octet are reserved.
+      if (!w.need(40)) return;
+      w.u(r.IMSI_M_S1, "IMSI_M_S1", 24);
+      w.u(r.IMSI_M_S2, "IMSI_M_S2", 10);
+      w.skip(6);
+      return;
+    case 1:
+      if (!w.need(8 * octets)) return;
+      w.bits(r.ESN, "ESN", 8 * octets);
+      return;
+    case 2:
+      imsi_address(w, r);
+      return;
+    case 3:
+      if (!w.need(8 * octets)) return;
+      if (octets < 5) {
+        w.u(r.TMSI_CODE_ADDR, "TMSI_CODE_ADDR", 8 * octets);
+      } else {
+        w.bits(r.TMSI_ZONE, "TMSI_ZONE", 8 * octets - 32);
+        w.u(r.TMSI_CODE_ADDR, "TMSI_CODE_ADDR", 32);
+      }
+      return;
+    case 4:
+      // Extended address: only the MEID form carries digits here; the length counts the
+      // octet of EXT_ADDR_TYPE, whether or not that octet was on the air.
+      if (r.ext_type == 0) {
+        const std::uint32_t meid_bits = octets > 0 ? 8 * (octets - 1) : 0;
+        if (!w.need(meid_bits)) return;
+        w.bits(r.MEID, "MEID", meid_bits);
+      }
+      return;
+    case 5:
+      if (!w.need(8 * octets)) return;
+      w.bits(r.BC_ADDR, "BC_ADDR", 8 * octets);
+      return;
+    default:
+      return;
+  }
+}
+
+// ---------------------------------------------------------------------------------------
+// Link-layer fields
+
+template <class W>
+void layout(W& w, L2_ARQ_FIELDS& r, const Ctx&) {
+  if (!w.need(8)) return;
+  w.u(r.ACK_SEQ, "ACK_SEQ", 3);
+  w.u(r.MSG_SEQ, "MSG_SEQ", 3);
+  w.u(r.ACK_REQ, "ACK_REQ", 1);
+  w.u(r.VALID_ACK, "VALID_ACK", 1);
+}
+
+// ADDR_TYPE, ADDR_LEN and the address. `extended_form` says whether ADDR_TYPE 4 brings the
+// EXT_ADDR_TYPE octet: the PDUs know that octet from P_REV 11 on, the order path always.
+// The walk moves past the address by the larger of what its form took and ADDR_LEN octets
+// (less the EXT_ADDR_TYPE octet when that was sent): a short form is padded out to its
+// declared length, and the IMSI_S form takes its 40 bits whatever ADDR_LEN says.
+template <class W>
+void addressing(W& w, L2_ADDRESSING_FIELDS& r, bool extended_form, const Ctx& c) {
+  if (!w.need(7)) return;
+  w.u(r.ADDR_TYPE, "ADDR_TYPE", 3);
+  w.u(r.ADDR_LEN, "ADDR_LEN", 4);
+  const bool extended = extended_form && r.ADDR_TYPE == 4;
+  std::uint64_t declared = 8u * r.ADDR_LEN;
+  if (extended) {
+    if (!w.need(8)) return;
+    w.u(r.EXT_ADDR_TYPE, "EXT_ADDR_TYPE", 3);
+    w.u(r.RESERVED, "RESERVED", 5);
+    declared = declared >= 8 ? declared - 8 : 0;
+  }
+  // The address form is chosen by the header fields just walked.
+  r.ADDRESS.type = r.ADDR_TYPE;
+  r.ADDRESS.len = r.ADDR_LEN;
+  r.ADDRESS.ext_type = extended ? r.EXT_ADDR_TYPE : 0;
+  w.padded("ADDRESS", "FC_ADDRESS", r.ADDRESS, declared, c);
+}
+
+template <class W>
+void layout(W& w, L2_ADDRESSING_FIELDS& r, const Ctx& c) {
+  addressing(w, r, true, c);
+}
+
+// Integrity fields (PD 2) and encryption fields (PD 1 or 2) after the address.
+template <class W>
+void security(W& w, L2_SECURITY_FIELDS& r, std::uint8_t pd) {
+  if (pd == 2) {
+    if (!w.need(1)) return;
+    w.u(r.MACI_INCL, "MACI_INCL", 1);
+    if (r.MACI_INCL) {
+      if (!w.need(6)) return;
+      w.u(r.SDU_KEY_ID, "SDU_KEY_ID", 2);
+      w.u(r.SDU_INTEGRITY_ALGO, "SDU_INTEGRITY_ALGO", 3);
+      w.u(r.SDU_SSEQ_OR_SSEQH, "SDU_SSEQ_OR_SSEQH", 1);
+      if (r.SDU_SSEQ_OR_SSEQH) {
+        if (!w.need(24)) return;
+        w.u(r.SDU_SSEQ_H, "SDU_SSEQ_H", 24);
+      } else {
+        if (!w.need(8)) return;
+        w.u(r.SDU_SSEQ, "SDU_SSEQ", 8);
+      }
+    }
+  }
+  if (pd == 1 || pd == 2) {
+    if (!w.need(1)) return;
+    w.u(r.ENC_FIELDS_INCL, "ENC_FIELDS_INCL", 1);
+    if (r.ENC_FIELDS_INCL) {
+      if (!w.need(3)) return;
+      w.u(r.SDU_ENCRYPT_MODE, "SDU_ENCRYPT_MODE", 3);
+      // With integrity on, the crypto-sync comes from the SDU sequence number instead.
+      const bool integrity = pd == 2 && r.MACI_INCL;
+      if ((r.SDU_ENCRYPT_MODE == 1 || r.SDU_ENCRYPT_MODE == 2) && !integrity) {
+        if (!w.need(8)) return;
+        w.u(r.ENC_SEQ, "ENC_SEQ", 8);
+      }
+    }
+  }
+}
+
+template <class W>
+void maci(W& w, std::uint32_t& f, std::uint8_t pd, const L2_SECURITY_FIELDS& sec) {
+  if (pd == 2 && sec.MACI_INCL) {
+    if (!w.need(32)) return;
+    w.u(f, "MACI", 32);
+  }
+}
+
+// ---------------------------------------------------------------------------------------
+// PDU kinds
+
+template <class W>
+void layout(W& w, FC_PCH_BC__PBCCH_PDU& r, const Ctx& c) {
+  if (!w.need(8)) return;
+  w.u(r.PD, "PD", 2);
+  w.u(r.MSG_ID, "MSG_ID", 6);
+  if (const char* label = label_of(kBroadcastSdus, r.MSG_ID)) w.body(label, broadcast_body(r.MSG_ID), r.sdu, c);
+  // The PDU is reported 2 bits past an octet boundary, so that with the 30-bit CRC it
+  // fills whole octets. Unchecked, and nothing on the air follows it.
+  w.align(8, 2);
+}
+
+template <class W>
+void layout(W& w, FC_PCH_PDU& r, const Ctx& c) {
+  if (!w.need(8)) return;
+  w.u(r.PD, "PD", 2);
+  w.u(r.MSG_ID, "MSG_ID", 6);
+  layout(w, r.arq, c);
+  addressing(w, r.addr, c.p_rev >= 11, c);
+  security(w, r.sec, r.PD);
+  if (const char* label = label_of(kAddressedSdus, r.MSG_ID)) w.body(label, addressed_body(r.MSG_ID), r.sdu, c);
+  maci(w, r.MACI, r.PD, r.sec);
+}
+
+// The link-layer fields of an assignment record depend on the PDU's PD, which reaches the
+// record in the context's encryption slot (the PD is what selects the security fields on
+// this channel); the message body gets the context without it.
+template <class W>
+void assign_record(W& w, FC_PCH_ASSIGN_RECORD& r, const Ctx& c, const char* label, const BodyOps* ops) {
+  const std::uint8_t pd = c.encryption;
+  Ctx body_ctx = c;
+  body_ctx.encryption = 0;
+  layout(w, r.arq, c);
+  addressing(w, r.addr, c.p_rev >= 11, c);
+  security(w, r.sec, pd);
+  w.body(label, ops, r.sdu, body_ctx);
+  maci(w, r.MACI, pd, r.sec);
+}
+
+template <class W>
+void layout(W& w, FC_PCH_CAM_PDU_AssignmentRecords& r, const Ctx& c) {
+  assign_record(w, r, c, "SDU.CAM", cam_body());
+}
+
+template <class W>
+void layout(W& w, FC_PCH_ECAM_PDU_ExtChanAssignRecord& r, const Ctx& c) {
+  assign_record(w, r, c, "SDU.ECAM", ecam_body());
+}
+
+namespace {
+Ctx with_pd(const Ctx& c, std::uint8_t pd) {
+  Ctx r = c;
+  r.encryption = pd;
+  return r;
+}
+}  // namespace
+
+template <class W>
+void layout(W& w, FC_PCH_CAM_PDU& r, const Ctx& c) {
+  if (!w.need(8)) return;
+  w.u(r.PD, "PD", 2);
+  w.u(r.MSG_ID, "MSG_ID", 6);
+  w.list_to_end("AssignmentRecords", "FC_PCH_CAM_PDU_AssignmentRecords", r.AssignmentRecords,
+                [](std::uint64_t left) { return one_record(left, 45); }, with_pd(c, r.PD));
+  w.align(8, 2);   // reported length, as for the broadcast PDU
+}
+
+template <class W>
+void layout(W& w, FC_PCH_ECAM_PDU& r, const Ctx& c) {
+  if (!w.need(8)) return;
+  w.u(r.PD, "PD", 2);
+  w.u(r.MSG_ID, "MSG_ID", 6);
+  w.list_to_end("ExtChanAssignRecord", "FC_PCH_ECAM_PDU_ExtChanAssignRecord", r.ExtChanAssignRecord,
+                [](std::uint64_t left) { return one_record(left, 49); }, with_pd(c, r.PD));
+  w.align(8, 2);   // reported length, as for the broadcast PDU
+}
+
+template <class W>
+void layout(W& w, L2_GPM_COMMON_FIELDS& r, const Ctx&) {
+  if (!w.need(24)) return;
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.ACC_MSG_SEQ, "ACC_MSG_SEQ", 6);
+  w.u(r.CLASS_0_DONE, "CLASS_0_DONE", 1);
+  w.u(r.CLASS_1_DONE, "CLASS_1_DONE", 1);
+  w.u(r.TMSI_DONE, "TMSI_DONE", 1);
+  w.u(r.ORDERED_TMSIS, "ORDERED_TMSIS", 1);
+  w.u(r.BROADCAST_DONE, "BROADCAST_DONE", 1);
+  w.skip(4);   // reserved
+  w.u(r.ADD_LENGTH, "ADD_LENGTH", 3);
+  if (!w.need(8u * r.ADD_LENGTH)) return;
+  w.bits(r.ADD_PFIELD, "ADD_PFIELD", 8u * r.ADD_LENGTH);
+}
+
+// ---------------------------------------------------------------------------------------
+// Dispatch
+
+namespace {
+
+enum class Group : std::uint8_t { none, broadcast, order, cam, addressed, general_page, ecam };
+
+// By message type 0..34. 25 has no message; 29 to 33 are broadcast messages that this
+// channel's dispatch leaves undecoded; 28 goes to the broadcast PDU although only the
+// directed PDU knows its body.
+constexpr Group kGroups[35] = {
+    Group::none,         Group::broadcast, Group::broadcast, Group::broadcast, Group::broadcast,   // 0-4
+    Group::broadcast,    Group::broadcast, Group::order,     Group::cam,       Group::addressed,   // 5-9
+    Group::addressed,    Group::addressed, Group::addressed, Group::broadcast, Group::broadcast,   // 10-14
+    Group::addressed,    Group::addressed, Group::general_page, Group::broadcast, Group::addressed, // 15-19
+    Group::addressed,    Group::ecam,      Group::broadcast, Group::broadcast, Group::broadcast,   // 20-24
+    Group::none,         Group::broadcast, Group::broadcast, Group::broadcast, Group::none,        // 25-29
+    Group::none,         Group::none,      Group::none,      Group::none,      Group::addressed,   // 30-34
+};
+
+// A run of bits within the message: where the next stage starts and what is left of it.
+struct Cursor {
+  std::uint64_t pos, left;
+  void advance(std::uint64_t used) {
+    pos += used;
+    left = used >= left ? 0 : left - used;
+  }
+};
+
+// The stages of the order path and of the General Page start after the type octet, which
+// they do not show.
+Cursor after_type_octet(const Call& call) { return Cursor{8, call.avail >= 8 ? call.avail - 8 : 0}; }
+
+template <class R>
+Rc decode_at(R& rec, const Ctx& c, Call& call, Cursor& at) {
+  std::uint64_t used = 0;
+  const Rc rc = decode(rec, c, call.arena, call.msg, call.len, at.pos, at.left, &used);
+  if (rc == Rc::ok) at.advance(used);
+  return rc;
+}
+
+Rc decode_body_at(const BodyOps& ops, void* rec, const Ctx& c, Call& call, Cursor& at) {
+  std::uint64_t used = 0;
+  const Rc rc = ops.decode(rec, c, call.arena, call.msg, call.len, at.pos, at.left, &used);
+  if (rc == Rc::ok) at.advance(used);
+  return rc;
+}
+
+// Order Message: ARQ fields, addressing fields and the order, each decoded and printed as a
+// stage of its own. A stage that fails ends the path with its result; what the earlier
+// stages printed stays, and the text keeps its bare line ends.
+Rc run_order(PagingState& st, Call& call, const Ctx& c) {
+  call.convert_line_ends = false;
+  Cursor at = after_type_octet(call);
+  std::memset(&st.arq, 0, sizeof st.arq);
+  std::memset(&st.addressing, 0, sizeof st.addressing);
+
+  Rc rc = decode_at(st.arq, c, call, at);
+  if (rc != Rc::ok) return rc;
+  print(st.arq, c, "L2_ARQ_FIELDS", 2, call.text);
+
+  rc = decode_at(st.addressing, c, call, at);
+  if (rc != Rc::ok) return rc;
+  print(st.addressing, c, "L2_ADDRESSING_FIELDS", 2, call.text);
+
+  if (const BodyOps* ops = fc_order_body()) {
+    void* rec = call.arena.raw(ops->size, alignof(std::max_align_t));
+    rc = decode_body_at(*ops, rec, c, call, at);
+    if (rc != Rc::ok) return rc;
+    ops->print(rec, c, ops->header, 2, call.text);
+  }
+  call.convert_line_ends = true;
+  return Rc::ok;
+}
+
+// General Page Message: the common fields (shown at the left margin), then page records
+// while more than 8 bits are left. A record that fails ends the list without failing the
+// message: the trailing bits of a General Page are often only padding.
+Rc run_general_page(PagingState& st, Call& call, const Ctx& c) {
+  Cursor at = after_type_octet(call);
+  std::memset(&st.gpm, 0, sizeof st.gpm);
+  const Rc rc = decode_at(st.gpm, c, call, at);
+  if (rc != Rc::ok) {
+    call.convert_line_ends = false;
+    return rc;
+  }
+  print(st.gpm, c, "L2_GPM_COMMON_FIELDS", 0, call.text);
+
+  if (const BodyOps* ops = gpm_page_record_body()) {
+    void* rec = call.arena.raw(ops->size, alignof(std::max_align_t));
+    while (at.left > 8) {
+      std::memset(rec, 0, ops->size);
+      const std::uint64_t before = at.left;
+      if (decode_body_at(*ops, rec, c, call, at) != Rc::ok) break;
+      ops->print(rec, c, ops->header, 3, call.text);
+      if (at.left == before) break;   // a record that took no bits would never end the list
+    }
+  }
+  call.convert_line_ends = true;
+  return Rc::ok;
+}
+
+// One-shot PDU kinds: clear, decode over the whole message, print whatever was decoded.
+template <class R>
+Rc run_pdu(R& rec, const char* header, Call& call, const Ctx& c) {
+  std::memset(&rec, 0, sizeof rec);
+  const Rc rc = decode(rec, c, call.arena, call.msg, call.len, 0, call.avail);
+  print(rec, c, header, 2, call.text);
+  call.convert_line_ends = true;
+  return rc;
+}
+
+}  // namespace
+
+Rc run_paging(PagingState& st, Call& call) {
+  call.convert_line_ends = false;
+  // Not even the type octet and the CRC: there is no frame to show.
+  if (call.short_header) return Rc::short_msg;
+  // From P_REV 7 the first octet also carries PD in its top two bits.
+  const unsigned type = call.p_rev < 7 ? call.msg[0] : call.msg[0] & 63u;
+  const Group group = type < std::size(kGroups) ? kGroups[type] : Group::none;
+
+  Ctx c;
+  c.p_rev = call.p_rev;
+  c.band_class = call.band_class;
+  switch (group) {
+    case Group::none: return Rc::ok;
+    case Group::broadcast: return run_pdu(st.bc, "FC_PCH_BC__PBCCH_PDU", call, c);
+    case Group::cam: return run_pdu(st.cam, "FC_PCH_CAM_PDU", call, c);
+    case Group::ecam: return run_pdu(st.ecam, "FC_PCH_ECAM_PDU", call, c);
+    case Group::addressed: return run_pdu(st.pdu, "FC_PCH_PDU", call, c);
+    case Group::order: return run_order(st, call, c);
+    case Group::general_page: return run_general_page(st, call, c);
+  }
+  return Rc::ok;
+}
 
 }  // namespace cs
