@@ -152,7 +152,9 @@ class ReadWalk {
     layout(*this, rec, c);
     end_ = outer_end;
     if (rc_ != Rc::ok) return false;
-    pos_ = start + std::max(pos_ - start, declared);
+    // Unread octets of the declared length are skipped, but never past the end of the message:
+    // a length that claims more than the message holds leaves the walk at its end.
+    pos_ = std::max(pos_, std::min(start + declared, outer_end));
     return true;
   }
 

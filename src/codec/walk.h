@@ -18,7 +18,8 @@
 //   scalars("NAME", a, n, w)              n scalars of w bits: "NAME[k] = v"
 //   sub("LABEL", "HEADER", rec, c)        nested record: "LABEL = HEADER { ... }"
 //   sized(..., declared_bits, c)          nested record bounded to its declared length; the
-//                                         walk then moves on by max(declared, consumed)
+//                                         walk then moves on by max(declared, consumed),
+//                                         never past the end of the message
 //   padded(..., declared_bits, c)         as sized, but the record may run past its declared
 //                                         length (an address of a fixed form)
 //   counted("LABEL", "HEADER", a, n, c)   n records: "LABEL[k] = HEADER { ... }"

@@ -1,7 +1,304 @@
+// Bodies of the addressed messages of the paging / forward common signalling channel
+// (C.S0005 3.7.2.3.2), decoded over the bits that follow the PDU header.
+#include <cstdint>
+
+#include "codec/layout.h"
 #include "fwd_common/bodies.h"
+#include "records/info_records.h"
 
 namespace cs {
+namespace {
 
-const BodyOps* addressed_body(std::uint8_t) { return nullptr; }
+// Data Burst Message (3.7.2.3.2.9). The characters are shown as sent; the burst contents are
+// interpreted elsewhere.
+struct FC_DBM {
+  std::uint8_t MSG_NUMBER;
+  std::uint8_t BURST_TYPE;
+  std::uint8_t NUM_MSGS;
+  std::uint8_t NUM_FIELDS;
+  PoolArray<std::uint8_t> CHARi;
+};
+
+template <class W>
+void layout(W& w, FC_DBM& r, const Ctx&) {
+  if (!w.need(30)) return;
+  w.u(r.MSG_NUMBER, "MSG_NUMBER", 8);
+  w.u(r.BURST_TYPE, "BURST_TYPE", 6);
+  w.u(r.NUM_MSGS, "NUM_MSGS", 8);
+  w.u(r.NUM_FIELDS, "NUM_FIELDS", 8);
+  w.scalars("CHARi", r.CHARi, r.NUM_FIELDS, 8);
+}
+
+// Authentication Challenge Message (3.7.2.3.2.10). GEN_CMEAKEY came with Release C.
+struct FC_AUCM {
+  std::uint32_t RANDU;
+  std::uint8_t GEN_CMEAKEY;
+};
+
+template <class W>
+void layout(W& w, FC_AUCM& r, const Ctx& c) {
+  if (!w.need(24)) return;
+  w.u(r.RANDU, "RANDU", 24);
+  if (c.p_rev >= 9) {
+    if (!w.need(1)) return;
+    w.u(r.GEN_CMEAKEY, "GEN_CMEAKEY", 1);
+  }
+}
+
+// SSD Update Message (3.7.2.3.2.11).
+struct FC_SSDUM {
+  Bytes RANDSSD;
+};
+
+template <class W>
+void layout(W& w, FC_SSDUM& r, const Ctx&) {
+  if (!w.need(56)) return;
+  w.bits(r.RANDSSD, "RANDSSD", 56);
+}
+
+// Feature Notification Message (3.7.2.3.2.12): RELEASE, then information records to the end.
+struct FC_FNM {
+  std::uint8_t RELEASE;
+  PoolArray<FWD_USER_INFO_REC> INFO_RECs;
+};
+
+template <class W>
+void layout(W& w, FC_FNM& r, const Ctx& c) {
+  if (!w.need(1)) return;
+  w.u(r.RELEASE, "RELEASE", 1);
+  w.list_to_end("INFO_RECs", "FWD_USER_INFO_REC", r.INFO_RECs, info_rec_capacity, c);
+}
+
+// Status Request Message (3.7.2.3.2.15). The qualification fields fill QUAL_INFO_LEN octets:
+// type 1 names a band class, type 2 a band class and an operating mode; what a type does not
+// use of its octets is padding.
+struct FC_STRQM {
+  std::uint8_t QUAL_INFO_TYPE;
+  std::uint8_t QUAL_INFO_LEN;
+  std::uint8_t BAND_CLASS;
+  std::uint8_t OP_MODE;
+  std::uint8_t NUM_FIELDS;
+  PoolArray<std::uint8_t> RECORD_TYPE;
+};
+
+template <class W>
+void layout(W& w, FC_STRQM& r, const Ctx&) {
+  if (!w.need(11)) return;
+  w.u(r.QUAL_INFO_TYPE, "QUAL_INFO_TYPE", 8);
+  w.u(r.QUAL_INFO_LEN, "QUAL_INFO_LEN", 3);
+  const std::uint32_t declared = 8u * r.QUAL_INFO_LEN;
+  if (!w.need(declared)) return;
+  std::uint32_t used = 0;
+  // A field is read only when the declared length holds it.
+  if ((r.QUAL_INFO_TYPE == 1 || r.QUAL_INFO_TYPE == 2) && declared >= 5) {
+    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+    used = 5;
+    if (r.QUAL_INFO_TYPE == 2 && declared >= 13) {
+      w.u(r.OP_MODE, "OP_MODE", 8);
+      used = 13;
+    }
+  }
+  w.skip(declared - used);
+  if (!w.need(4)) return;
+  w.u(r.NUM_FIELDS, "NUM_FIELDS", 4);
+  w.scalars("RECORD_TYPE", r.RECORD_TYPE, r.NUM_FIELDS, 8);
+}
+
+// Service Redirection Message (3.7.2.3.2.16). REDIRECT_TYPE (NDSS) came with TIA/EIA-95-B.
+// The record's type-specific fields fill RECORD_LEN octets; like every length-prefixed part,
+// the walk moves on by the larger of the declared length and what the fields took.
+struct FC_SRDM {
+  std::uint8_t RETURN_IF_FAIL;
+  std::uint8_t DELETE_TMSI;
+  std::uint8_t REDIRECT_TYPE;
+  std::uint8_t RECORD_TYPE;
+  std::uint8_t RECORD_LEN;
+  // RECORD_TYPE 1: redirection to an analog system
+  std::uint16_t EXPECTED_SID;
+  std::uint8_t IGNORE_CDMA;
+  std::uint8_t SYS_ORDERING;
+  std::uint8_t MAX_REDIRECT_DELAY;
+  // RECORD_TYPE 2: redirection to a CDMA system (EXPECTED_SID above)
+  std::uint8_t BAND_CLASS;
+  std::uint16_t EXPECTED_NID;
+  std::uint8_t NUM_CHANS;
+  PoolArray<std::uint16_t> CDMA_CHAN;
+};
+
+enum RedirectRecord : std::uint8_t { kToAnalog = 1, kToCdma = 2 };
+
+template <class W>
+void layout(W& w, FC_SRDM& r, const Ctx& c) {
+  if (!w.need(2)) return;
+  w.u(r.RETURN_IF_FAIL, "RETURN_IF_FAIL", 1);
+  w.u(r.DELETE_TMSI, "DELETE_TMSI", 1);
+  if (c.p_rev >= 4) {
+    if (!w.need(1)) return;
+    w.u(r.REDIRECT_TYPE, "REDIRECT_TYPE", 1);
+  }
+  if (!w.need(16)) return;
+  w.u(r.RECORD_TYPE, "RECORD_TYPE", 8);
+  w.u(r.RECORD_LEN, "RECORD_LEN", 8);
+  const std::uint32_t declared = 8u * r.RECORD_LEN;
+  std::uint32_t used = 0;
+  switch (r.RECORD_TYPE) {
+    case kToAnalog:
+      if (!w.need(19)) return;
+      w.u(r.EXPECTED_SID, "EXPECTED_SID", 15);
+      w.u(r.IGNORE_CDMA, "IGNORE_CDMA", 1);
+      w.u(r.SYS_ORDERING, "SYS_ORDERING", 3);
+      used = 19;
+      // The last five bits were reserved before TIA/EIA-95-B made them MAX_REDIRECT_DELAY.
+      if (c.p_rev >= 4) {
+        if (!w.need(5)) return;
+        w.u(r.MAX_REDIRECT_DELAY, "MAX_REDIRECT_DELAY", 5);
+        used += 5;
+      }
+      break;
+    case kToCdma:
+      if (!w.need(44)) return;
+      w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+      w.u(r.EXPECTED_SID, "EXPECTED_SID", 15);
+      w.u(r.EXPECTED_NID, "EXPECTED_NID", 16);
+      w.skip(4);
+      w.u(r.NUM_CHANS, "NUM_CHANS", 4);
+      if (!w.scalars("CDMA_CHAN", r.CDMA_CHAN, r.NUM_CHANS, 11)) return;
+      used = 44 + 11u * r.NUM_CHANS;
+      break;
+    default:
+      break;   // an unknown record is skipped whole
+  }
+  if (used < declared) {
+    if (!w.need(declared - used)) return;
+    w.skip(declared - used);
+  }
+}
+
+// TMSI Assignment Message (3.7.2.3.2.19).
+struct FC_TASM {
+  std::uint8_t TMSI_ZONE_LEN;
+  Bytes TMSI_ZONE;
+  std::uint32_t TMSI_CODE;
+  std::uint32_t TMSI_EXP_TIME;
+};
+
+template <class W>
+void layout(W& w, FC_TASM& r, const Ctx&) {
+  if (!w.need(4)) return;
+  w.u(r.TMSI_ZONE_LEN, "TMSI_ZONE_LEN", 4);
+  if (r.TMSI_ZONE_LEN) {
+    if (!w.need(8u * r.TMSI_ZONE_LEN)) return;
+    w.bits(r.TMSI_ZONE, "TMSI_ZONE", 8u * r.TMSI_ZONE_LEN);
+  }
+  if (!w.need(56)) return;
+  w.u(r.TMSI_CODE, "TMSI_CODE", 32);
+  w.u(r.TMSI_EXP_TIME, "TMSI_EXP_TIME", 24);
+}
+
+// PACA Message (3.7.2.3.2.20): seven reserved bits, then the queue report.
+struct FC_PACAM {
+  std::uint8_t PURPOSE;
+  std::uint8_t Q_POS;
+  std::uint8_t PACA_TIMEOUT;
+};
+
+template <class W>
+void layout(W& w, FC_PACAM& r, const Ctx&) {
+  if (!w.need(22)) return;
+  w.skip(7);
+  w.u(r.PURPOSE, "PURPOSE", 4);
+  w.u(r.Q_POS, "Q_POS", 8);
+  w.u(r.PACA_TIMEOUT, "PACA_TIMEOUT", 3);
+}
+
+// User Zone Reject Message (3.7.2.3.2.28).
+struct FC_UZRM {
+  std::uint16_t REJECT_UZID;
+  std::uint8_t REJECT_ACTION_INDI;
+  std::uint8_t UZID_ASSIGN_INCL;
+  std::uint16_t ASSIGN_UZID;
+};
+
+template <class W>
+void layout(W& w, FC_UZRM& r, const Ctx&) {
+  if (!w.need(20)) return;
+  w.u(r.REJECT_UZID, "REJECT_UZID", 16);
+  w.u(r.REJECT_ACTION_INDI, "REJECT_ACTION_INDI", 3);
+  w.u(r.UZID_ASSIGN_INCL, "UZID_ASSIGN_INCL", 1);
+  if (r.UZID_ASSIGN_INCL) {
+    if (!w.need(16)) return;
+    w.u(r.ASSIGN_UZID, "ASSIGN_UZID", 16);
+  }
+}
+
+// Security Mode Command Message (3.7.2.3.2.34).
+struct FC_SMCM {
+  std::uint8_t C_SIG_ENCRYPT_MODE;
+  std::uint8_t ENC_KEY_SIZE;
+  std::uint8_t MSG_INT_INFO_INCL;
+  std::uint8_t CHANGE_KEYS;
+  std::uint8_t USE_UAK;
+};
+
+template <class W>
+void layout(W& w, FC_SMCM& r, const Ctx&) {
+  if (!w.need(3)) return;
+  w.u(r.C_SIG_ENCRYPT_MODE, "C_SIG_ENCRYPT_MODE", 3);
+  if (r.C_SIG_ENCRYPT_MODE != 0) {
+    if (!w.need(3)) return;
+    w.u(r.ENC_KEY_SIZE, "ENC_KEY_SIZE", 3);
+  }
+  if (!w.need(1)) return;
+  w.u(r.MSG_INT_INFO_INCL, "MSG_INT_INFO_INCL", 1);
+  if (r.MSG_INT_INFO_INCL) {
+    if (!w.need(2)) return;
+    w.u(r.CHANGE_KEYS, "CHANGE_KEYS", 1);
+    w.u(r.USE_UAK, "USE_UAK", 1);
+  }
+}
+
+// Authentication Request Message (3.7.2.3.2.44): the AKA challenge.
+struct FC_AUREQM {
+  Bytes RANDA;
+  Bytes AUTN;
+};
+
+template <class W>
+void layout(W& w, FC_AUREQM& r, const Ctx&) {
+  if (!w.need(256)) return;
+  w.bits(r.RANDA, "RANDA", 128);
+  w.bits(r.AUTN, "AUTN", 128);
+}
+
+constexpr BodyOps kDbm = body_ops<FC_DBM>("FC_DBM");
+constexpr BodyOps kAucm = body_ops<FC_AUCM>("FC_AUCM");
+constexpr BodyOps kSsdum = body_ops<FC_SSDUM>("FC_SSDUM");
+constexpr BodyOps kFnm = body_ops<FC_FNM>("FC_FNM");
+constexpr BodyOps kStrqm = body_ops<FC_STRQM>("FC_STRQM");
+constexpr BodyOps kSrdm = body_ops<FC_SRDM>("FC_SRDM");
+constexpr BodyOps kTasm = body_ops<FC_TASM>("FC_TASM");
+constexpr BodyOps kPacam = body_ops<FC_PACAM>("FC_PACAM");
+constexpr BodyOps kUzrm = body_ops<FC_UZRM>("FC_UZRM");
+constexpr BodyOps kSmcm = body_ops<FC_SMCM>("FC_SMCM");
+constexpr BodyOps kAureqm = body_ops<FC_AUREQM>("FC_AUREQM");
+
+}  // namespace
+
+const BodyOps* addressed_body(std::uint8_t msg_id) {
+  switch (msg_id) {
+    case 9: return &kDbm;
+    case 10: return &kAucm;
+    case 11: return &kSsdum;
+    case 12: return &kFnm;
+    case 15: return &kStrqm;
+    case 16: return &kSrdm;
+    case 19: return &kTasm;
+    case 20: return &kPacam;
+    case 28: return &kUzrm;
+    case 34: return &kSmcm;
+    case 44: return &kAureqm;
+    default: return nullptr;
+  }
+}
 
 }  // namespace cs
