@@ -1,7 +1,29 @@
+// Order Message of the forward traffic channel (C.S0005 3.7.3.3.2.1): the action time, then
+// the order record with the order-specific fields of the traffic channel orders.
+#include "codec/layout.h"
+#include "fwd_common/order_records.h"
 #include "fwd_traffic/bodies.h"
 
 namespace cs {
+namespace {
 
-const BodyOps* fd_order_body() { return nullptr; }
+struct FD_ORDRM {
+  std::uint8_t USE_TIME, ACTION_TIME, ORDER, ADD_RECORD_LEN, ORDQ;
+  orders::OrderSpecific specific;
+};
+
+template <class W>
+void layout(W& w, FD_ORDRM& r, const Ctx& c) {
+  if (!w.need(7)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  orders::order_fields(w, orders::Link::traffic, r.ORDER, r.ADD_RECORD_LEN, r.ORDQ, r.specific, c);
+}
+
+constexpr BodyOps kOrder = body_ops<FD_ORDRM>("FD_ORDRM");
+
+}  // namespace
+
+const BodyOps* fd_order_body() { return &kOrder; }
 
 }  // namespace cs

@@ -1,0 +1,373 @@
+// Order-specific fields of the forward orders (C.S0005 section 3.7.4), shared by the Order
+// Message of the paging / forward common channel and that of the forward traffic channel.
+//
+// Each record is what follows ORDQ inside the additional record; the caller bounds it to
+// ADD_RECORD_LEN * 8 - 8 bits and passes ORDQ in Ctx::ordq. Trailing reserved bits are never
+// read: the caller moves on by the declared length anyway.
+//
+// Include only from the .cpp files of the two order bodies.
+#pragma once
+#include <cstdint>
+
+#include "codec/walk.h"
+
+namespace cs::orders {
+
+using u8 = std::uint8_t;
+using u16 = std::uint16_t;
+using u32 = std::uint32_t;
+
+// Base Station Challenge Confirmation Order (ORDER 2).
+struct F_BS_CHALLENGE_CONFIRM_ORDER {
+  u32 AUTHBS;
+};
+template <class W>
+void layout(W& w, F_BS_CHALLENGE_CONFIRM_ORDER& r, const Ctx&) {
+  if (!w.need(18)) return;
+  w.u(r.AUTHBS, "AUTHBS", 18);
+}
+
+// Periodic Pilot Measurement Request Order (ORDER 17). INCL_SETPT came with IS-2000.
+struct F_PERIODIC_PILOT_MEASURE_REQ_ORDER {
+  u8 MIN_PILOT_PWR_THRESH, MIN_PILOT_EC_IO_THRESH, INCL_SETPT;
+};
+template <class W>
+void layout(W& w, F_PERIODIC_PILOT_MEASURE_REQ_ORDER& r, const Ctx& c) {
+  if (!w.need(10)) return;
+  w.u(r.MIN_PILOT_PWR_THRESH, "MIN_PILOT_PWR_THRESH", 5);
+  w.u(r.MIN_PILOT_EC_IO_THRESH, "MIN_PILOT_EC_IO_THRESH", 5);
+  if (c.p_rev >= 6) {
+    if (!w.need(1)) return;
+    w.u(r.INCL_SETPT, "INCL_SETPT", 1);
+  }
+}
+
+// Service Option Request Order (19) and Service Option Response Order (20).
+struct F_SO_ORDER {
+  u16 SERVICE_OPTION;
+};
+template <class W>
+void layout(W& w, F_SO_ORDER& r, const Ctx&) {
+  if (!w.need(16)) return;
+  w.u(r.SERVICE_OPTION, "SERVICE_OPTION", 16);
+}
+
+// Status Request Order (26). ORDQ names the information record asked for; the system
+// identity travels with the roaming information request.
+constexpr u8 kOrdqRoamingInfo = 9;
+struct F_STATUS_REQ_ORDER {
+  u16 SID, NID;
+};
+template <class W>
+void layout(W& w, F_STATUS_REQ_ORDER& r, const Ctx& c) {
+  if (c.ordq != kOrdqRoamingInfo) return;
+  if (!w.need(31)) return;
+  w.u(r.SID, "SID", 15);
+  w.u(r.NID, "NID", 16);
+}
+
+// Registration Accepted Order (27): ORDQ 5 adds ROAM_INDI, ORDQ 7 also the signalling
+// encryption fields; message integrity arrived with P_REV 9.
+struct F_REGIST_ACCEPTED_ORDER {
+  u8 ROAM_INDI, C_SIG_ENCRYPT_MODE, ENC_KEY_SIZE, MSG_INT_INFO_INCL, CHANGE_KEYS, USE_UAK;
+};
+template <class W>
+void layout(W& w, F_REGIST_ACCEPTED_ORDER& r, const Ctx& c) {
+  if (c.ordq != 5 && c.ordq != 7) return;
+  if (!w.need(8)) return;
+  w.u(r.ROAM_INDI, "ROAM_INDI", 8);
+  if (c.ordq != 7) return;
+  if (!w.need(3)) return;
+  w.u(r.C_SIG_ENCRYPT_MODE, "C_SIG_ENCRYPT_MODE", 3);
+  if (r.C_SIG_ENCRYPT_MODE != 0) {
+    if (!w.need(3)) return;
+    w.u(r.ENC_KEY_SIZE, "ENC_KEY_SIZE", 3);
+  }
+  if (c.p_rev < 9) return;
+  if (!w.need(1)) return;
+  w.u(r.MSG_INT_INFO_INCL, "MSG_INT_INFO_INCL", 1);
+  if (r.MSG_INT_INFO_INCL) {
+    if (!w.need(2)) return;
+    w.u(r.CHANGE_KEYS, "CHANGE_KEYS", 1);
+    w.u(r.USE_UAK, "USE_UAK", 1);
+  }
+}
+
+// Release Order (21, traffic channel): ORDQ 3 carries the reduced slot cycle fields.
+struct F_RELEASE_ORDER {
+  u8 RSC_MODE_IND, RSCI, RSC_END_TIME_UNIT, RSC_END_TIME_VALUE;
+};
+template <class W>
+void layout(W& w, F_RELEASE_ORDER& r, const Ctx& c) {
+  if (c.ordq != 3) return;
+  if (!w.need(1)) return;
+  w.u(r.RSC_MODE_IND, "RSC_MODE_IND", 1);
+  if (r.RSC_MODE_IND) {
+    if (!w.need(10)) return;
+    w.u(r.RSCI, "RSCI", 4);
+    w.u(r.RSC_END_TIME_UNIT, "RSC_END_TIME_UNIT", 2);
+    w.u(r.RSC_END_TIME_VALUE, "RSC_END_TIME_VALUE", 4);
+  }
+}
+
+// Retry Order (32): RETRY_DELAY only for a retry type other than "clear all".
+struct F_RETRY_ORDER {
+  u8 RETRY_TYPE, RETRY_DELAY;
+};
+template <class W>
+void layout(W& w, F_RETRY_ORDER& r, const Ctx&) {
+  if (!w.need(3)) return;
+  w.u(r.RETRY_TYPE, "RETRY_TYPE", 3);
+  if (r.RETRY_TYPE != 0) {
+    if (!w.need(8)) return;
+    w.u(r.RETRY_DELAY, "RETRY_DELAY", 8);
+  }
+}
+
+// Base Station Reject Order (33).
+struct F_BS_REJECT_ORDER {
+  u8 REJECT_REASON, REJECTED_MSG_TYPE, REJECTED_MSG_SEQ;
+};
+template <class W>
+void layout(W& w, F_BS_REJECT_ORDER& r, const Ctx&) {
+  if (!w.need(15)) return;
+  w.u(r.REJECT_REASON, "REJECT_REASON", 4);
+  w.u(r.REJECTED_MSG_TYPE, "REJECTED_MSG_TYPE", 8);
+  w.u(r.REJECTED_MSG_SEQ, "REJECTED_MSG_SEQ", 3);
+}
+
+// BCMC Order (35). A flow discriminator is BCMC_FLOW_DISCRIMINATOR_LEN bits wide, a width
+// that belongs to the enclosing program: the program hands it down in a widened context.
+struct BcmcCtx : Ctx {
+  u8 flow_len;
+};
+
+struct F_BCMC_ORDER_BCMC_PROGRAMS_FLOW_DISCRIMINATOR_RECORDs {
+  u8 BCMC_FLOW_DISCRIMINATOR, SAME_AS_PREVIOUS_BCMC_FLOW, CLEAR_RETRY_DELAY, BCMC_REASON, BCMC_RETRY_DELAY;
+};
+template <class W>
+void layout(W& w, F_BCMC_ORDER_BCMC_PROGRAMS_FLOW_DISCRIMINATOR_RECORDs& r, const Ctx& c) {
+  const unsigned len = static_cast<const BcmcCtx&>(c).flow_len;
+  if (!w.need(len + 1)) return;
+  if (len != 0) w.u(r.BCMC_FLOW_DISCRIMINATOR, "BCMC_FLOW_DISCRIMINATOR", len);
+  w.u(r.SAME_AS_PREVIOUS_BCMC_FLOW, "SAME_AS_PREVIOUS_BCMC_FLOW", 1);
+  if (r.SAME_AS_PREVIOUS_BCMC_FLOW) return;   // reason and delay are the previous flow's
+  if (!w.need(1)) return;
+  w.u(r.CLEAR_RETRY_DELAY, "CLEAR_RETRY_DELAY", 1);
+  if (r.CLEAR_RETRY_DELAY) return;
+  if (!w.need(12)) return;
+  w.u(r.BCMC_REASON, "BCMC_REASON", 4);
+  w.u(r.BCMC_RETRY_DELAY, "BCMC_RETRY_DELAY", 8);
+}
+
+struct F_BCMC_ORDER_BCMC_PROGRAMS {
+  u8 BCMC_PROGRAM_ID_LEN;
+  u32 BCMC_PROGRAM_ID;
+  u8 BCMC_FLOW_DISCRIMINATOR_LEN, NUM_FLOW_DISCRIMINATOR;
+  PoolArray<F_BCMC_ORDER_BCMC_PROGRAMS_FLOW_DISCRIMINATOR_RECORDs> FLOW_DISCRIMINATOR_RECORDs;
+};
+template <class W>
+void layout(W& w, F_BCMC_ORDER_BCMC_PROGRAMS& r, const Ctx& c) {
+  if (!w.need(5)) return;
+  w.u(r.BCMC_PROGRAM_ID_LEN, "BCMC_PROGRAM_ID_LEN", 5);
+  if (!w.need(r.BCMC_PROGRAM_ID_LEN + 1u + 3u)) return;
+  w.u(r.BCMC_PROGRAM_ID, "BCMC_PROGRAM_ID", r.BCMC_PROGRAM_ID_LEN + 1u);
+  w.u(r.BCMC_FLOW_DISCRIMINATOR_LEN, "BCMC_FLOW_DISCRIMINATOR_LEN", 3);
+  // A zero-width discriminator names one flow, the whole program.
+  if (r.BCMC_FLOW_DISCRIMINATOR_LEN != 0) {
+    if (!w.need(r.BCMC_FLOW_DISCRIMINATOR_LEN)) return;
+    w.u(r.NUM_FLOW_DISCRIMINATOR, "NUM_FLOW_DISCRIMINATOR", r.BCMC_FLOW_DISCRIMINATOR_LEN);
+  }
+  BcmcCtx bc;
+  static_cast<Ctx&>(bc) = c;
+  bc.flow_len = r.BCMC_FLOW_DISCRIMINATOR_LEN;
+  w.counted("FLOW_DISCRIMINATOR_RECORDs", "F_BCMC_ORDER_BCMC_PROGRAMS_FLOW_DISCRIMINATOR_RECORDs",
+            r.FLOW_DISCRIMINATOR_RECORDs, r.NUM_FLOW_DISCRIMINATOR + 1u, bc);
+}
+
+struct F_BCMC_ORDER {
+  u8 ALL_BCMC_FLOWS_IND, NUM_BCMC_PROGRAMS;
+  PoolArray<F_BCMC_ORDER_BCMC_PROGRAMS> BCMC_PROGRAMS;
+  u8 CLEAR_ALL_RETRY_DELAY, BCMC_REASON, BCMC_RETRY_DELAY;
+};
+template <class W>
+void layout(W& w, F_BCMC_ORDER& r, const Ctx& c) {
+  if (!w.need(1)) return;
+  w.u(r.ALL_BCMC_FLOWS_IND, "ALL_BCMC_FLOWS_IND", 1);
+  if (!r.ALL_BCMC_FLOWS_IND) {
+    if (!w.need(6)) return;
+    w.u(r.NUM_BCMC_PROGRAMS, "NUM_BCMC_PROGRAMS", 6);
+    w.counted("BCMC_PROGRAMS", "F_BCMC_ORDER_BCMC_PROGRAMS", r.BCMC_PROGRAMS, r.NUM_BCMC_PROGRAMS, c);
+    return;
+  }
+  if (!w.need(1)) return;
+  w.u(r.CLEAR_ALL_RETRY_DELAY, "CLEAR_ALL_RETRY_DELAY", 1);
+  if (r.CLEAR_ALL_RETRY_DELAY) return;
+  if (!w.need(12)) return;
+  w.u(r.BCMC_REASON, "BCMC_REASON", 4);
+  w.u(r.BCMC_RETRY_DELAY, "BCMC_RETRY_DELAY", 8);
+}
+
+// Fast Call Setup Order (36): the reduced slot cycle fields (ORDQ 0 adds the requested
+// index), then the radio environment report and tracking zone controls of P_REV 11.
+struct F_FAST_CALL_SETUP_ORDER {
+  u8 RSC_MODE_SUPPORTED, MAX_RSC_END_TIME_UNIT, MAX_RSC_END_TIME_VALUE, REQ_RSCI, IGNORE_QPCH;
+  u8 RER_MODE_INCL, RER_MODE_ENABLED, RER_MAX_NUM_MSG_IDX, RER_TIME, RER_TIME_UNIT, MAX_RER_PILOT_LIST_SIZE;
+  u8 TKZ_INCL, TKZ_MODE_ENABLED, TKZ_MAX_NUM_MSG_IDX, TKZ_UPDATE_PRD, TKZ_LIST_LEN, TKZ_TIMER;
+};
+template <class W>
+void layout(W& w, F_FAST_CALL_SETUP_ORDER& r, const Ctx& c) {
+  if (!w.need(1)) return;
+  w.u(r.RSC_MODE_SUPPORTED, "RSC_MODE_SUPPORTED", 1);
+  if (r.RSC_MODE_SUPPORTED) {
+    if (!w.need(6)) return;
+    w.u(r.MAX_RSC_END_TIME_UNIT, "MAX_RSC_END_TIME_UNIT", 2);
+    w.u(r.MAX_RSC_END_TIME_VALUE, "MAX_RSC_END_TIME_VALUE", 4);
+    if (c.ordq == 0) {
+      if (!w.need(4)) return;
+      w.u(r.REQ_RSCI, "REQ_RSCI", 4);
+    }
+    if (!w.need(1)) return;
+    w.u(r.IGNORE_QPCH, "IGNORE_QPCH", 1);
+  }
+  if (c.p_rev < 11) return;
+  if (!w.need(1)) return;
+  w.u(r.RER_MODE_INCL, "RER_MODE_INCL", 1);
+  if (r.RER_MODE_INCL) {
+    if (!w.need(1)) return;
+    w.u(r.RER_MODE_ENABLED, "RER_MODE_ENABLED", 1);
+    if (r.RER_MODE_ENABLED) {
+      if (!w.need(6)) return;
+      w.u(r.RER_MAX_NUM_MSG_IDX, "RER_MAX_NUM_MSG_IDX", 3);
+      w.u(r.RER_TIME, "RER_TIME", 3);
+      if (r.RER_TIME != 7) {   // '111' means no timer, so no unit
+        if (!w.need(2)) return;
+        w.u(r.RER_TIME_UNIT, "RER_TIME_UNIT", 2);
+      }
+      if (!w.need(3)) return;
+      w.u(r.MAX_RER_PILOT_LIST_SIZE, "MAX_RER_PILOT_LIST_SIZE", 3);
+    }
+  }
+  if (!w.need(1)) return;
+  w.u(r.TKZ_INCL, "TKZ_INCL", 1);
+  if (r.TKZ_INCL) {
+    if (!w.need(1)) return;
+    w.u(r.TKZ_MODE_ENABLED, "TKZ_MODE_ENABLED", 1);
+    if (r.TKZ_MODE_ENABLED) {
+      if (!w.need(19)) return;
+      w.u(r.TKZ_MAX_NUM_MSG_IDX, "TKZ_MAX_NUM_MSG_IDX", 3);
+      w.u(r.TKZ_UPDATE_PRD, "TKZ_UPDATE_PRD", 4);
+      w.u(r.TKZ_LIST_LEN, "TKZ_LIST_LEN", 4);
+      w.u(r.TKZ_TIMER, "TKZ_TIMER", 8);
+    }
+  }
+}
+
+// Service Status Order (37): one SERVICE_STATUS per service reference identifier whose
+// bitmap bit is set.
+struct F_SERVICE_STATUS_ORDER {
+  u8 SR_ID_BITMAP_BIT1, SR_ID_BITMAP_BIT2, SR_ID_BITMAP_BIT3, SR_ID_BITMAP_BIT4, SR_ID_BITMAP_BIT5,
+      SR_ID_BITMAP_BIT6;
+  PoolArray<u8> SERVICE_STATUS;
+};
+template <class W>
+void layout(W& w, F_SERVICE_STATUS_ORDER& r, const Ctx&) {
+  if (!w.need(6)) return;
+  w.u(r.SR_ID_BITMAP_BIT1, "SR_ID_BITMAP_BIT1", 1);
+  w.u(r.SR_ID_BITMAP_BIT2, "SR_ID_BITMAP_BIT2", 1);
+  w.u(r.SR_ID_BITMAP_BIT3, "SR_ID_BITMAP_BIT3", 1);
+  w.u(r.SR_ID_BITMAP_BIT4, "SR_ID_BITMAP_BIT4", 1);
+  w.u(r.SR_ID_BITMAP_BIT5, "SR_ID_BITMAP_BIT5", 1);
+  w.u(r.SR_ID_BITMAP_BIT6, "SR_ID_BITMAP_BIT6", 1);
+  const std::uint32_t set = r.SR_ID_BITMAP_BIT1 + r.SR_ID_BITMAP_BIT2 + r.SR_ID_BITMAP_BIT3 +
+                            r.SR_ID_BITMAP_BIT4 + r.SR_ID_BITMAP_BIT5 + r.SR_ID_BITMAP_BIT6;
+  w.scalars("SERVICE_STATUS", r.SERVICE_STATUS, set, 3);
+}
+
+// Location Services Order (38).
+struct F_LOCATION_SERVICES_ORDER {
+  u8 REGULATORY_IND_INCL, REGULATORY_IND;
+};
+template <class W>
+void layout(W& w, F_LOCATION_SERVICES_ORDER& r, const Ctx&) {
+  if (!w.need(1)) return;
+  w.u(r.REGULATORY_IND_INCL, "REGULATORY_IND_INCL", 1);
+  if (r.REGULATORY_IND_INCL) {
+    if (!w.need(2)) return;
+    w.u(r.REGULATORY_IND, "REGULATORY_IND", 2);
+  }
+}
+
+// Every order-specific record, one member per kind; ORDER picks the one in use.
+struct OrderSpecific {
+  F_BS_CHALLENGE_CONFIRM_ORDER BSCCO;
+  F_PERIODIC_PILOT_MEASURE_REQ_ORDER PPMRO;
+  F_SO_ORDER SORQO, SORPO;
+  F_RELEASE_ORDER RELO;
+  F_STATUS_REQ_ORDER STRQO;
+  F_REGIST_ACCEPTED_ORDER RAO;
+  F_RETRY_ORDER RO;
+  F_BS_REJECT_ORDER BSREJ;
+  F_BCMC_ORDER BCMCO;
+  F_FAST_CALL_SETUP_ORDER FCSO;
+  F_SERVICE_STATUS_ORDER SSTO;
+  F_LOCATION_SERVICES_ORDER LSO;
+};
+
+// Which order codes carry a record on a channel.
+enum class Link { common, traffic };
+
+constexpr bool has_record(Link link, u8 order, u8 ordq) {
+  switch (order) {
+    case 17:   // on traffic, ORDQ 0 is the one-shot Pilot Measurement Request Order: no fields
+      return link == Link::common || ordq != 0;
+    case 2: case 19: case 20: case 26: case 32: case 33: case 35: case 37: case 38:
+      return true;
+    case 27: case 36:
+      return link == Link::common;
+    case 21:
+      return link == Link::traffic;
+    default:
+      return false;
+  }
+}
+
+// ORDER, ADD_RECORD_LEN, ORDQ and the order-specific record, as both order bodies carry them.
+// The record is bounded to the additional record less ORDQ; an order without a record here
+// still moves on by the declared length.
+template <class W>
+void order_fields(W& w, Link link, u8& ORDER, u8& ADD_RECORD_LEN, u8& ORDQ, OrderSpecific& s, const Ctx& c) {
+  if (!w.need(9)) return;
+  w.u(ORDER, "ORDER", 6);
+  w.u(ADD_RECORD_LEN, "ADD_RECORD_LEN", 3);
+  if (ADD_RECORD_LEN == 0) return;
+  if (!w.need(8)) return;
+  w.u(ORDQ, "ORDQ", 8);
+  const std::uint64_t budget = ADD_RECORD_LEN * 8u - 8u;
+  if (!has_record(link, ORDER, ORDQ)) {
+    w.skip(budget);
+    return;
+  }
+  Ctx oc = c;
+  oc.ordq = ORDQ;
+  switch (ORDER) {
+    case 2: w.sized("OrderSpecificFields.BSCCO", "F_BS_CHALLENGE_CONFIRM_ORDER", s.BSCCO, budget, oc); break;
+    case 17:
+      w.sized("OrderSpecificFields.PPMRO", "F_PERIODIC_PILOT_MEASURE_REQ_ORDER", s.PPMRO, budget, oc);
+      break;
+    case 19: w.sized("OrderSpecificFields.SORQO", "F_SO_REQ_ORDER", s.SORQO, budget, oc); break;
+    case 20: w.sized("OrderSpecificFields.SORPO", "F_SO_RSP_ORDER", s.SORPO, budget, oc); break;
+    case 21: w.sized("OrderSpecificFields.RELO", "F_RELEASE_ORDER", s.RELO, budget, oc); break;
+    case 26: w.sized("OrderSpecificFields.STRQO", "F_STATUS_REQ_ORDER", s.STRQO, budget, oc); break;
+    case 27: w.sized("OrderSpecificFields.RAO", "F_REGIST_ACCEPTED_ORDER", s.RAO, budget, oc); break;
+    case 32: w.sized("OrderSpecificFields.RO", "F_RETRY_ORDER", s.RO, budget, oc); break;
+    case 33: w.sized("OrderSpecificFields.BSREJ", "F_BS_REJECT_ORDER", s.BSREJ, budget, oc); break;
+    case 35: w.sized("OrderSpecificFields.BCMCO", "F_BCMC_ORDER", s.BCMCO, budget, oc); break;
+    case 36: w.sized("OrderSpecificFields.FCSO", "F_FAST_CALL_SETUP_ORDER", s.FCSO, budget, oc); break;
+    case 37: w.sized("OrderSpecificFields.SSTO", "F_SERVICE_STATUS_ORDER", s.SSTO, budget, oc); break;
+    case 38: w.sized("OrderSpecificFields.LSO", "F_LOCATION_SERVICES_ORDER", s.LSO, budget, oc); break;
+    default: break;
+  }
+}
+
+}  // namespace cs::orders

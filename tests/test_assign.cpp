@@ -1,0 +1,315 @@
+// Channel assignment bodies FC_CAM and FC_ECAM: golden texts of the assignment modes over the
+// revisions that change them, the header order of the ECAM, and arbitrary input.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "body_run.h"
+#include "fwd_common/bodies.h"
+#include "helpers.h"
+
+namespace cs {
+namespace {
+
+using test::Bits;
+using test::run_body;
+
+test::BodyRun run(const BodyOps* ops, const Bits& b, std::uint8_t p_rev) {
+  return run_body(ops, b.message(8), 0, b.size(), test::ctx(p_rev));
+}
+
+// The text of a body: its header fields, then one mode record under `label` (or none).
+std::string body(const char* header, std::initializer_list<std::string_view> fields, const char* label = nullptr,
+                 std::initializer_list<std::string_view> mode = {}) {
+  std::string s = std::string(header) + "\n{\n";
+  for (auto f : fields) s.append("   ").append(f).push_back('\n');
+  if (label) {
+    s.append("   ").append(label).append(" = ").append(header).append("_").append(label).append("\n   {\n");
+    for (auto f : mode) s.append("      ").append(f).push_back('\n');
+    s.append("   }\n");
+  }
+  return s + "}\n";
+}
+
+struct Golden {
+  const char* what;
+  std::uint8_t p_rev;
+  Bits bits;
+  std::uint64_t used;
+  std::string want;
+};
+
+TEST(Assign, ChannelAssignmentModes) {
+  const Golden cases[] = {
+      {"traffic channel with a frequency", 6,
+       Bits().put(0, 3).put(4, 3).put(1, 1).put(12, 8).put(25, 11).put(3, 4).put(0, 2).put(0, 6), 38,
+       body("FC_CAM", {"ASSIGN_MODE = 0", "ADD_RECORD_LEN = 4"}, "CAM_ASSIGN_MODE_000",
+            {"FREQ_INCL = 1", "CODE_CHAN = 12", "CDMA_FREQ = 25", "FRAME_OFFSET = 3", "ENCRYPT_MODE = 0"})},
+      {"traffic channel, P_REV 7 extended encryption", 7,
+       Bits().put(0, 3).put(4, 3).put(0, 1).put(5, 8).put(1, 4).put(3, 2).put(2, 3).put(1, 3).put(1, 1).put(4, 3).put(0, 7),
+       38,
+       body("FC_CAM", {"ASSIGN_MODE = 0", "ADD_RECORD_LEN = 4"}, "CAM_ASSIGN_MODE_000",
+            {"FREQ_INCL = 0", "CODE_CHAN = 5", "FRAME_OFFSET = 1", "ENCRYPT_MODE = 3", "D_SIG_ENCRYPT_MODE = 2",
+             "ENC_KEY_SIZE = 1", "C_SIG_ENCRYPT_MODE_INCL = 1", "C_SIG_ENCRYPT_MODE = 4"})},
+      {"traffic channel before P_REV 7 has no encryption fields", 6,
+       Bits().put(0, 3).put(3, 3).put(0, 1).put(5, 8).put(1, 4).put(3, 2).put(0, 9), 30,
+       body("FC_CAM", {"ASSIGN_MODE = 0", "ADD_RECORD_LEN = 3"}, "CAM_ASSIGN_MODE_000",
+            {"FREQ_INCL = 0", "CODE_CHAN = 5", "FRAME_OFFSET = 1", "ENCRYPT_MODE = 3"})},
+      {"paging channel: pilots fill the record", 3,
+       Bits().put(1, 3).put(4, 3).put(1, 1).put(0, 1).put(78, 9).put(300, 9).put(511, 9).put(0, 3), 38,
+       body("FC_CAM", {"ASSIGN_MODE = 1", "ADD_RECORD_LEN = 4"}, "CAM_ASSIGN_MODE_001",
+            {"RESPOND = 1", "FREQ_INCL = 0", "PILOT_PN[0] = 78", "PILOT_PN[1] = 300", "PILOT_PN[2] = 511"})},
+      {"analog voice channel", 6,
+       Bits().put(3, 3).put(5, 3).put(4145, 15).put(2, 3).put(1000, 11).put(1, 2).put(1, 1).put(2, 2).put(1, 1).put(0, 5),
+       46,
+       body("FC_CAM", {"ASSIGN_MODE = 3", "ADD_RECORD_LEN = 5"}, "CAM_ASSIGN_MODE_011",
+            {"SID = 4145", "VMAC = 2", "ANALOG_CHAN = 1000", "SCC = 1", "MEM = 1", "AN_CHAN_TYPE = 2", "DSCC_MSB = 1",
+             "BAND_CLASS = 0"})},
+      {"extended traffic channel with band and frequency", 6,
+       Bits().put(4, 3).put(5, 3).put(1, 1).put(0, 3).put(1, 1).put(4, 3).put(2, 2).put(40, 8).put(7, 4).put(1, 2)
+           .put(1, 5).put(600, 11),
+       46,
+       body("FC_CAM", {"ASSIGN_MODE = 4", "ADD_RECORD_LEN = 5"}, "CAM_ASSIGN_MODE_100",
+            {"FREQ_INCL = 1", "BYPASS_ALERT_ANSWER = 1", "DEFAULT_CONFIG = 4", "GRANTED_MODE = 2", "CODE_CHAN = 40",
+             "FRAME_OFFSET = 7", "ENCRYPT_MODE = 1", "BAND_CLASS = 1", "CDMA_FREQ = 600"})},
+      {"extended paging channel", 5,
+       Bits().put(5, 3).put(5, 3).put(0, 1).put(1, 1).put(1, 5).put(600, 11).put(78, 9).put(81, 9).put(0, 4), 46,
+       body("FC_CAM", {"ASSIGN_MODE = 5", "ADD_RECORD_LEN = 5"}, "CAM_ASSIGN_MODE_101",
+            {"RESPOND = 0", "FREQ_INCL = 1", "BAND_CLASS = 1", "CDMA_FREQ = 600", "PILOT_PN[0] = 78",
+             "PILOT_PN[1] = 81"})},
+      {"reserved mode: header only", 6, Bits().put(6, 3).put(0, 3).put(0xFF, 8), 6,
+       body("FC_CAM", {"ASSIGN_MODE = 6", "ADD_RECORD_LEN = 0"})},
+  };
+  for (const auto& k : cases) {
+    const auto r = run(cam_body(), k.bits, k.p_rev);
+    EXPECT_EQ(r.rc, Rc::ok) << k.what;
+    EXPECT_EQ(r.used, k.used) << k.what;
+    EXPECT_EQ(r.text, k.want) << k.what;
+  }
+}
+
+TEST(Assign, ChannelAssignmentIsRefusedFromPrevEight) {
+  const Bits b = Bits().put(2, 3).put(1, 3).put(0xFF, 8);
+  for (std::uint8_t p_rev : {8, 9, 11}) {
+    const auto r = run(cam_body(), b, p_rev);
+    EXPECT_EQ(r.rc, Rc::count) << int(p_rev);
+    EXPECT_EQ(r.text, "FC_CAM\n{\n}\n") << int(p_rev);
+  }
+  EXPECT_EQ(run(cam_body(), b, 7).rc, Rc::ok);
+}
+
+TEST(Assign, ChannelAssignmentRecordMustFitItsLength) {
+  // Mode '000' with a frequency needs 26 bits; a 3-octet record cannot hold it.
+  const Bits b = Bits().put(0, 3).put(3, 3).put(1, 1).put(12, 8).put(25, 11).put(3, 4).put(0, 2).put(0, 6);
+  EXPECT_EQ(run(cam_body(), b, 6).rc, Rc::short_msg);
+  EXPECT_EQ(run_body(cam_body(), b.message(8), 0, 5, test::ctx(6)).rc, Rc::short_msg);
+}
+
+TEST(Assign, ExtendedHeaderOrderFollowsPrev) {
+  // The same analog control assignment, before and after IS-95B phase II.
+  const auto old = run(ecam_body(), Bits().put(2, 3).put(1, 8).put(1, 1).put(0, 1).put(1, 1).put(0, 5), 4);
+  const auto cur = run(ecam_body(), Bits().put(1, 8).put(2, 3).put(1, 1).put(0, 1).put(1, 1).put(0, 5), 6);
+  const std::initializer_list<std::string_view> mode = {"RESPOND = 1", "ANALOG_SYS = 0", "USE_ANALOG_SYS = 1",
+                                                        "BAND_CLASS = 0"};
+  EXPECT_EQ(old.rc, Rc::ok);
+  EXPECT_EQ(old.text, body("FC_ECAM", {"ASSIGN_MODE = 2", "ADD_RECORD_LEN = 1"}, "ECAM_ASSIGN_MODE_010", mode));
+  EXPECT_EQ(cur.rc, Rc::ok);
+  EXPECT_EQ(cur.text, body("FC_ECAM", {"ADD_RECORD_LEN = 1", "ASSIGN_MODE = 2"}, "ECAM_ASSIGN_MODE_010", mode));
+  EXPECT_EQ(old.used, 19u);
+  EXPECT_EQ(cur.used, 19u);
+
+  const auto none = run(ecam_body(), Bits().put(0, 8).put(7, 3).put(0x1F, 5), 10);
+  EXPECT_EQ(none.rc, Rc::ok);
+  EXPECT_EQ(none.used, 11u);
+  EXPECT_EQ(none.text, body("FC_ECAM", {"ADD_RECORD_LEN = 0", "ASSIGN_MODE = 7"}));
+  EXPECT_EQ(run_body(ecam_body(), Bits().put(0, 11).message(8), 0, 10, test::ctx(6)).rc, Rc::short_msg);
+}
+
+// ECAM mode '000' fixed part with two pilots and a frequency.
+Bits ecam_traffic_head(unsigned encrypt_mode) {
+  Bits b;
+  b.put(20, 8).put(0, 3);
+  b.put(1, 1).put(1, 3).put(1, 1).put(0, 1).put(1, 3).put(0, 2).put(5, 4).put(encrypt_mode, 2);
+  b.put(1, 5).put(25, 11);
+  b.put(78, 9).put(1, 1).put(10, 8).put(81, 9).put(0, 1).put(11, 8);
+  return b;
+}
+
+const std::initializer_list<std::string_view> kTrafficHead = {
+    "FREQ_INCL = 1", "DEFAULT_CONFIG = 1", "BYPASS_ALERT_ANSWER = 1", "NUM_PILOTS = 1", "GRANTED_MODE = 0",
+    "FRAME_OFFSET = 5"};
+
+std::string ecam_traffic(unsigned encrypt_mode, std::initializer_list<std::string_view> tail) {
+  std::string s = "FC_ECAM\n{\n   ADD_RECORD_LEN = 20\n   ASSIGN_MODE = 0\n"
+                  "   ECAM_ASSIGN_MODE_000 = FC_ECAM_ECAM_ASSIGN_MODE_000\n   {\n";
+  for (auto f : kTrafficHead) s.append("      ").append(f).push_back('\n');
+  s += "      ENCRYPT_MODE = " + std::to_string(encrypt_mode) + "\n      BAND_CLASS = 1\n      CDMA_FREQ = 25\n";
+  s += "      PILOTs[0] = FC_ECAM_ECAM_ASSIGN_MODE_000_PILOTs\n      {\n         PILOT_PN = 78\n"
+       "         PWR_COMB_IND = 1\n         CODE_CHAN = 10\n      }\n"
+       "      PILOTs[1] = FC_ECAM_ECAM_ASSIGN_MODE_000_PILOTs\n      {\n         PILOT_PN = 81\n"
+       "         PWR_COMB_IND = 0\n         CODE_CHAN = 11\n      }\n";
+  for (auto f : tail) s.append("      ").append(f).push_back('\n');
+  return s + "   }\n}\n";
+}
+
+const std::initializer_list<std::string_view> kIs2000Fch = {
+    "FOR_FCH_RC = 3",        "REV_FCH_RC = 3",        "FPC_FCH_INIT_SETPT = 40", "FPC_SUBCHAN_GAIN = 2",
+    "RLGAIN_ADJ = 0",        "FPC_FCH_FER = 2",       "FPC_FCH_MIN_SETPT = 16",  "FPC_FCH_MAX_SETPT = 80"};
+
+void put_is2000_fch(Bits& b) {
+  b.put(3, 5).put(3, 5).put(40, 8).put(2, 5).put(0, 4).put(2, 5).put(16, 8).put(80, 8);
+}
+
+TEST(Assign, ExtendedTrafficAssignmentOverRevisions) {
+  {  // IS-95B phase II order, no IS-2000 fields
+    Bits b = ecam_traffic_head(1);
+    const auto r = run(ecam_body(), b, 5);
+    EXPECT_EQ(r.rc, Rc::ok);
+    EXPECT_EQ(r.used, b.size());
+    EXPECT_EQ(r.text, ecam_traffic(1, {}));
+  }
+  {  // IS-2000: radio configurations, power control, gating with its delay
+    Bits b = ecam_traffic_head(0);
+    put_is2000_fch(b);
+    b.put(1, 1).put(1, 1).put(2, 2);
+    const auto r = run(ecam_body(), b, 6);
+    EXPECT_EQ(r.rc, Rc::ok);
+    EXPECT_EQ(r.used, b.size());
+    std::vector<std::string_view> tail(kIs2000Fch);
+    for (auto f : {"REV_FCH_GATING_MODE = 1", "REV_PWR_CNTL_DELAY_INCL = 1", "REV_PWR_CNTL_DELAY = 2"}) tail.push_back(f);
+    std::string want = ecam_traffic(0, {});
+    std::string fields;
+    for (auto f : tail) fields.append("      ").append(f).push_back('\n');
+    want.insert(want.size() - std::string("   }\n}\n").size(), fields);
+    EXPECT_EQ(r.text, want);
+  }
+  {  // P_REV 9: key size for enhanced encryption, common channel mode, integrity, PLCM
+    Bits b = ecam_traffic_head(2);
+    put_is2000_fch(b);
+    b.put(0, 1);                                   // no gating
+    b.put(5, 3).put(1, 1).put(2, 3);               // ENC_KEY_SIZE, C_SIG_ENCRYPT_MODE_INCL, C_SIG_ENCRYPT_MODE
+    b.put(1, 1).put(1, 1).put(0, 1);               // MSG_INT_INFO_INCL, CHANGE_KEYS, USE_UAK
+    b.put(1, 1).put(1, 4).put(0x12345678ABull, 39);   // PLCM_TYPE_INCL, PLCM_TYPE, PLCM_39
+    const auto r = run(ecam_body(), b, 9);
+    EXPECT_EQ(r.rc, Rc::ok);
+    EXPECT_EQ(r.used, b.size());
+    std::string want = ecam_traffic(2, {});
+    std::string fields;
+    for (auto f : kIs2000Fch) fields.append("      ").append(f).push_back('\n');
+    for (auto f : {"REV_FCH_GATING_MODE = 0", "ENC_KEY_SIZE = 5", "C_SIG_ENCRYPT_MODE_INCL = 1", "C_SIG_ENCRYPT_MODE = 2",
+                   "MSG_INT_INFO_INCL = 1", "CHANGE_KEYS = 1", "USE_UAK = 0", "PLCM_TYPE_INCL = 1", "PLCM_TYPE = 1",
+                   "PLCM_39 = 0x12345678ab"})
+      fields.append("      ").append(f).push_back('\n');
+    want.insert(want.size() - std::string("   }\n}\n").size(), fields);
+    EXPECT_EQ(r.text, want);
+  }
+  {  // a pilot cut short stops the decode with the pilots read so far
+    Bits b = ecam_traffic_head(0);
+    const auto r = run_body(ecam_body(), b.message(8), 0, b.size() - 5, test::ctx(5));
+    EXPECT_EQ(r.rc, Rc::short_msg);
+    EXPECT_NE(r.text.find("PILOTs[0]"), std::string::npos);
+    EXPECT_EQ(r.text.find("PILOTs[1]"), std::string::npos);
+  }
+}
+
+TEST(Assign, ExtendedPagingAssignment) {
+  Bits paging;
+  paging.put(7, 8).put(1, 3).put(1, 1).put(1, 1).put(1, 5).put(75, 11).put(2, 6).put(78, 9).put(81, 9).put(84, 9);
+  const auto p = run(ecam_body(), paging, 7);
+  EXPECT_EQ(p.rc, Rc::ok);
+  EXPECT_EQ(p.used, paging.size());
+  EXPECT_EQ(p.text, body("FC_ECAM", {"ADD_RECORD_LEN = 7", "ASSIGN_MODE = 1"}, "ECAM_ASSIGN_MODE_001",
+                         {"RESPOND = 1", "FREQ_INCL = 1", "BAND_CLASS = 1", "CDMA_FREQ = 75", "NUM_PILOTS = 2",
+                          "PILOT_PN[0] = 78", "PILOT_PN[1] = 81", "PILOT_PN[2] = 84"}));
+
+}
+
+// Indents every line of `ls` by `n` spaces.
+std::string block(unsigned n, std::initializer_list<std::string_view> ls) {
+  std::string s;
+  for (auto l : ls) s.append(n, ' ').append(l).push_back('\n');
+  return s;
+}
+
+TEST(Assign, ExtendedIs2000TrafficAssignment) {
+  {  // P_REV 6: fundamental channel only, one pilot with an OTD additional record
+    Bits b;
+    b.put(10, 8).put(4, 3);
+    b.put(0, 1).put(1, 1).put(2, 2);
+    b.put(0, 3).put(3, 5).put(3, 5).put(2, 4).put(0, 2).put(4, 5).put(1, 4).put(0, 3).put(1, 2).put(9, 5);
+    b.put(30, 8).put(3, 5).put(10, 8).put(70, 8);
+    b.put(100, 9).put(1, 1).put(0, 3).put(1, 3).put(2, 2).put(0, 6).put(0, 1).put(33, 11).put(0, 2).put(0, 5);
+    b.put(0, 1);
+    const auto r = run(ecam_body(), b, 6);
+    EXPECT_EQ(r.rc, Rc::ok);
+    EXPECT_EQ(r.used, b.size());
+    EXPECT_EQ(r.text,
+              "FC_ECAM\n{\n" +
+                  block(3, {"ADD_RECORD_LEN = 10", "ASSIGN_MODE = 4",
+                            "ECAM_ASSIGN_MODE_100 = FC_ECAM_ECAM_ASSIGN_MODE_100", "{"}) +
+                  block(6, {"FREQ_INCL = 0", "BYPASS_ALERT_ANSWER = 1", "GRANTED_MODE = 2", "DEFAULT_CONFIG = 0",
+                            "FOR_RC = 3", "REV_RC = 3", "FRAME_OFFSET = 2", "ENCRYPT_MODE = 0",
+                            "FPC_SUBCHAN_GAIN = 4", "RLGAIN_ADJ = 1", "NUM_PILOTS = 0", "CH_IND = 1",
+                            "CH_RECORD_LEN = 9", "CH_RECORD_FIELDS = FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS",
+                            "{"}) +
+                  block(9, {"FPC_FCH_INIT_SETPT = 30", "FPC_FCH_FER = 3", "FPC_FCH_MIN_SETPT = 10",
+                            "FPC_FCH_MAX_SETPT = 70",
+                            "PILOT_RECs[0] = FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_PILOT_RECs", "{"}) +
+                  block(12, {"PILOT_PN = 100", "ADD_PILOT_REC_INCL = 1", "PILOT_REC_TYPE = 0", "RECORD_LEN = 1",
+                             "ADD_PILOT_REC = FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_PILOT_RECs_ADD_PILOT_REC",
+                             "{", "   OTD_POWER_LEVEL = 2", "}", "PWR_COMB_IND = 0", "CODE_CHAN_FCH = 33",
+                             "QOF_MASK_ID_FCH = 0"}) +
+                  block(9, {"}"}) + block(6, {"}", "REV_FCH_GATING_MODE = 0"}) + block(3, {"}"}) + "}\n");
+  }
+  {  // P_REV 11: the 5 header bits, both channels and two pilots, service restore, 3X/1X, sync id
+    Bits b;
+    b.put(30, 8).put(4, 3).put(0, 5);
+    b.put(1, 1).put(1, 5).put(25, 11).put(0, 1).put(0, 2).put(7, 3).put(0b100001, 6);
+    b.put(0, 3).put(4, 5).put(4, 5).put(0, 4).put(0, 2).put(0, 5).put(0, 4).put(1, 3).put(3, 2).put(17, 5);
+    b.put(40, 8).put(36, 8).put(1, 1).put(2, 5).put(20, 8).put(90, 8).put(1, 5).put(24, 8).put(96, 8);
+    b.put(78, 9).put(0, 1).put(1, 1).put(5, 11).put(1, 2).put(6, 11).put(2, 2);
+    b.put(81, 9).put(0, 1).put(0, 1).put(7, 11).put(0, 2).put(8, 11).put(3, 2).put(0, 3);
+    b.put(1, 1).put(0, 1);                     // REV_FCH_GATING_MODE, REV_PWR_CNTL_DELAY_INCL
+    b.put(0, 1);                               // C_SIG_ENCRYPT_MODE_INCL
+    b.put(1, 1).put(2, 2);                     // F3XFL_1XRL_INCL, F1XRL_FREQ_OFFSET
+    b.put(0, 1).put(0, 1);                     // MSG_INT_INFO_INCL, PLCM_TYPE_INCL
+    b.put(1, 1).put(2, 4).put(0xABCD, 16);     // SYNC_ID
+    const auto r = run(ecam_body(), b, 11);
+    EXPECT_EQ(r.rc, Rc::ok);
+    EXPECT_EQ(r.used, b.size());
+    for (const char* l : {"\n   ASSIGN_MODE = 4\n   RESERVED_2 = 0\n   ECAM_ASSIGN_MODE_100 = ",
+                          "\n      SR_ID_RESTORE = 7\n      SR_ID_RESTORE_BITMAP = 33\n      DEFAULT_CONFIG = 0\n",
+                          "\n         FPC_DCCH_MIN_SETPT = 24\n         FPC_DCCH_MAX_SETPT = 96\n         PILOT_RECs[0] = ",
+                          "\n            CODE_CHAN_FCH = 7\n            QOF_MASK_ID_FCH = 0\n            CODE_CHAN_DCCH = 8\n"
+                          "            QOF_MASK_ID_DCCH = 3\n         }\n      }\n      REV_FCH_GATING_MODE = 1\n",
+                          "\n      C_SIG_ENCRYPT_MODE_INCL = 0\n      F3XFL_1XRL_INCL = 1\n      F1XRL_FREQ_OFFSET = 2\n"
+                          "      MSG_INT_INFO_INCL = 0\n      PLCM_TYPE_INCL = 0\n      SYNC_ID_INCL = 1\n"
+                          "      SYNC_ID_LEN = 2\n      SYNC_ID = 0xabcd\n   }\n}\n"})
+      EXPECT_NE(r.text.find(l), std::string::npos) << l;
+  }
+  {  // a channel record longer than CH_RECORD_LEN says fails
+    Bits b;
+    b.put(10, 8).put(4, 3).put(0, 1).put(0, 3);
+    b.put(0, 3).put(3, 5).put(3, 5).put(2, 4).put(0, 2).put(4, 5).put(1, 4).put(0, 3).put(1, 2).put(3, 5);
+    b.put(30, 8).put(3, 5).put(10, 8).put(70, 8).put(100, 9).put(0, 1).put(0, 1).put(33, 11).put(0, 2).put(0, 8);
+    EXPECT_EQ(run(ecam_body(), b, 6).rc, Rc::short_msg);
+  }
+}
+
+TEST(Assign, ArbitraryBytesGiveAResult) {
+  std::mt19937 rng(11);
+  for (int round = 0; round < 3000; ++round) {
+    std::vector<std::uint8_t> buf(1 + rng() % 60);
+    for (auto& o : buf) o = static_cast<std::uint8_t>(rng());
+    const std::uint64_t avail = rng() % (buf.size() * 8 + 1);
+    const auto p_rev = static_cast<std::uint8_t>(rng() % 13);
+    for (const BodyOps* ops : {cam_body(), ecam_body()}) {
+      const auto r = run_body(ops, buf, 0, avail, test::ctx(p_rev));
+      EXPECT_TRUE(r.rc == Rc::ok || r.rc == Rc::short_msg || r.rc == Rc::count) << ops->header;
+      EXPECT_EQ(r.text.rfind(std::string(ops->header) + "\n{\n", 0), 0u);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace cs
