@@ -1,7 +1,860 @@
+// Forward traffic channel message bodies (C.S0005 3.7.3.3.2.x) other than the order, the
+// handoff direction family, the service connect / extended supplemental channel assignment
+// messages and the messages that carry information records. The neighbour and search
+// messages live in search.cpp, the power control family in power_control.cpp; this file
+// holds the rest and the table that joins them.
+//
+// Each record is the message body after the PDU header; its layout is walked once to decode
+// and once to print. Revision-dependent fields test Ctx::p_rev (P_REV_IN_USE).
+#include <cstdint>
+
+#include "codec/layout.h"
 #include "fwd_traffic/bodies.h"
+#include "fwd_traffic/message_parts.h"
+#include "fwd_traffic/service_config.h"
 
 namespace cs {
+namespace {
 
-const BodyOps* fd_message_body(std::uint8_t) { return nullptr; }
+using namespace fd_parts;
+
+// ---- Authentication Challenge Message (2) -----------------------------------------------
+
+struct FD_AUCM {
+  std::uint32_t RANDU;
+  std::uint8_t GEN_CMEAKEY;
+};
+
+template <class W>
+void layout(W& w, FD_AUCM& r, const Ctx& c) {
+  if (!w.need(24)) return;
+  w.u(r.RANDU, "RANDU", 24);
+  if (c.p_rev >= kRelD) {
+    if (!w.need(1)) return;
+    w.u(r.GEN_CMEAKEY, "GEN_CMEAKEY", 1);
+  }
+}
+
+// ---- Data Burst Message (4) -------------------------------------------------------------
+
+struct FD_DBM {
+  std::uint8_t MSG_NUMBER;
+  std::uint8_t BURST_TYPE;
+  std::uint8_t NUM_MSGS;
+  std::uint8_t NUM_FIELDS;
+  PoolArray<std::uint8_t> CHARi;
+};
+
+template <class W>
+void layout(W& w, FD_DBM& r, const Ctx&) {
+  if (!w.need(30)) return;
+  w.u(r.MSG_NUMBER, "MSG_NUMBER", 8);
+  w.u(r.BURST_TYPE, "BURST_TYPE", 6);
+  w.u(r.NUM_MSGS, "NUM_MSGS", 8);
+  w.u(r.NUM_FIELDS, "NUM_FIELDS", 8);
+  w.scalars("CHARi", r.CHARi, r.NUM_FIELDS, 8);
+}
+
+// ---- Analog Handoff Direction Message (6) -----------------------------------------------
+
+struct FD_AHDM {
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint16_t SID;
+  std::uint8_t VMAC;
+  std::uint16_t ANALOG_CHAN;
+  std::uint8_t SCC;
+  std::uint8_t MEM;
+  std::uint8_t AN_CHAN_TYPE;
+  std::uint8_t DSCC_MSB;
+  std::uint8_t BAND_CLASS;
+  std::uint8_t CON_REF_INCL;
+  std::uint8_t CON_REF;
+};
+
+template <class W>
+void layout(W& w, FD_AHDM& r, const Ctx& c) {
+  if (!w.need(42)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  w.u(r.SID, "SID", 15);
+  w.u(r.VMAC, "VMAC", 3);
+  w.u(r.ANALOG_CHAN, "ANALOG_CHAN", 11);
+  w.u(r.SCC, "SCC", 2);
+  w.u(r.MEM, "MEM", 1);
+  w.u(r.AN_CHAN_TYPE, "AN_CHAN_TYPE", 2);
+  w.u(r.DSCC_MSB, "DSCC_MSB", 1);
+  if (c.p_rev >= kIs95B) {
+    if (!w.need(5)) return;
+    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+  }
+  if (c.p_rev >= kRelA) {
+    if (!w.need(1)) return;
+    w.u(r.CON_REF_INCL, "CON_REF_INCL", 1);
+    if (r.CON_REF_INCL) {
+      if (!w.need(8)) return;
+      w.u(r.CON_REF, "CON_REF", 8);
+    }
+  }
+}
+
+// ---- Send Burst DTMF Message (9) --------------------------------------------------------
+
+struct FD_BDTMFM {
+  std::uint8_t NUM_DIGITS;
+  std::uint8_t DTMF_ON_LENGTH;
+  std::uint8_t DTMF_OFF_LENGTH;
+  PoolArray<std::uint8_t> DIGITi;
+  std::uint8_t CON_REF_INCL;
+  std::uint8_t CON_REF;
+};
+
+template <class W>
+void layout(W& w, FD_BDTMFM& r, const Ctx& c) {
+  if (!w.need(14)) return;
+  w.u(r.NUM_DIGITS, "NUM_DIGITS", 8);
+  w.u(r.DTMF_ON_LENGTH, "DTMF_ON_LENGTH", 3);
+  w.u(r.DTMF_OFF_LENGTH, "DTMF_OFF_LENGTH", 3);
+  if (!w.scalars("DIGITi", r.DIGITi, r.NUM_DIGITS, 4)) return;
+  if (c.p_rev >= kRelA) {
+    if (!w.need(1)) return;
+    w.u(r.CON_REF_INCL, "CON_REF_INCL", 1);
+    if (r.CON_REF_INCL) {
+      if (!w.need(8)) return;
+      w.u(r.CON_REF, "CON_REF", 8);
+    }
+  }
+}
+
+// ---- Retrieve Parameters Message (11) ---------------------------------------------------
+
+struct FD_RTPM {
+  PoolArray<std::uint16_t> PARAMETER_ID;
+};
+
+template <class W>
+void layout(W& w, FD_RTPM& r, const Ctx&) {
+  // One or more parameter identifiers, up to the end of the message.
+  std::uint32_t n = r.PARAMETER_ID.count;
+  if constexpr (W::kReading) n = fit(w, 16);
+  w.scalars("PARAMETER_ID", r.PARAMETER_ID, n, 16);
+}
+
+// ---- Set Parameters Message (12) --------------------------------------------------------
+
+struct FD_STPM_PARAMETER {
+  std::uint16_t PARAMETER_ID;
+  std::uint16_t PARAMETER_LEN;
+  Bytes PARAMETER;
+};
+
+template <class W>
+void layout(W& w, FD_STPM_PARAMETER& r, const Ctx&) {
+  if (!w.need(26)) return;
+  w.u(r.PARAMETER_ID, "PARAMETER_ID", 16);
+  w.u(r.PARAMETER_LEN, "PARAMETER_LEN", 10);
+  // PARAMETER_LEN is the parameter's width in bits less one.
+  const std::uint32_t width = r.PARAMETER_LEN + 1u;
+  if (!w.need(width)) return;
+  w.bits(r.PARAMETER, "PARAMETER", width);
+}
+
+struct FD_STPM {
+  PoolArray<FD_STPM_PARAMETER> PARAMETERs;
+};
+
+template <class W>
+void layout(W& w, FD_STPM& r, const Ctx& c) {
+  // The smallest parameter record is 16 + 10 + 1 bits.
+  w.list_to_end("PARAMETERs", "FD_STPM_PARAMETERs", r.PARAMETERs,
+                [](std::uint64_t left) { return static_cast<std::uint32_t>(left / 27 + 1); }, c);
+}
+
+// ---- SSD Update Message (13) ------------------------------------------------------------
+
+struct FD_SSDUM {
+  Bytes RANDSSD;
+};
+
+template <class W>
+void layout(W& w, FD_SSDUM& r, const Ctx&) {
+  if (!w.need(56)) return;
+  w.bits(r.RANDSSD, "RANDSSD", 56);
+}
+
+// ---- Mobile Station Registered Message (15) ---------------------------------------------
+
+struct FD_MSRM {
+  std::uint16_t SID;
+  std::uint16_t NID;
+  std::uint16_t REG_ZONE;
+  std::uint8_t TOTAL_ZONES;
+  std::uint8_t ZONE_TIMER;
+  std::uint8_t MULT_SIDS;
+  std::uint8_t MULT_NIDS;
+  std::uint32_t BASE_LAT;
+  std::uint32_t BASE_LONG;
+  std::uint16_t REG_DIST;
+};
+
+template <class W>
+void layout(W& w, FD_MSRM& r, const Ctx&) {
+  if (!w.need(107)) return;
+  w.u(r.SID, "SID", 15);
+  w.u(r.NID, "NID", 16);
+  w.u(r.REG_ZONE, "REG_ZONE", 12);
+  w.u(r.TOTAL_ZONES, "TOTAL_ZONES", 3);
+  w.u(r.ZONE_TIMER, "ZONE_TIMER", 3);
+  w.u(r.MULT_SIDS, "MULT_SIDS", 1);
+  w.u(r.MULT_NIDS, "MULT_NIDS", 1);
+  w.u(r.BASE_LAT, "BASE_LAT", 22);
+  w.u(r.BASE_LONG, "BASE_LONG", 23);
+  w.u(r.REG_DIST, "REG_DIST", 11);
+}
+
+// ---- Status Request Message (16) --------------------------------------------------------
+
+struct FD_STRQM {
+  std::uint8_t QUAL_INFO_TYPE;
+  std::uint8_t QUAL_INFO_LEN;
+  std::uint8_t BAND_CLASS;
+  std::uint8_t OP_MODE;
+  std::uint8_t NUM_FIELDS;
+  PoolArray<std::uint8_t> RECORD_TYPE;
+};
+
+// The qualification information: none (type 0), a band class (type 1) or a band class and an
+// operating mode (type 2), each padded to whole octets; the walk moves on by QUAL_INFO_LEN
+// octets whatever the type, so unknown types are skipped.
+template <class W>
+bool qual_info(W& w, std::uint8_t type, std::uint8_t len_octets, std::uint8_t& band, std::uint8_t& op_mode) {
+  const std::uint32_t declared = 8u * len_octets;
+  if (!w.need(declared)) return false;
+  std::uint32_t used = 0;
+  if (type == 1 && declared >= 8) {
+    w.u(band, "BAND_CLASS", 5);
+    w.skip(3);
+    used = 8;
+  } else if (type == 2 && declared >= 16) {
+    w.u(band, "BAND_CLASS", 5);
+    w.u(op_mode, "OP_MODE", 8);
+    w.skip(3);
+    used = 16;
+  }
+  w.skip(declared - used);
+  return true;
+}
+
+template <class W>
+void layout(W& w, FD_STRQM& r, const Ctx&) {
+  if (!w.need(11)) return;
+  w.u(r.QUAL_INFO_TYPE, "QUAL_INFO_TYPE", 8);
+  w.u(r.QUAL_INFO_LEN, "QUAL_INFO_LEN", 3);
+  if (!qual_info(w, r.QUAL_INFO_TYPE, r.QUAL_INFO_LEN, r.BAND_CLASS, r.OP_MODE)) return;
+  if (!w.need(4)) return;
+  w.u(r.NUM_FIELDS, "NUM_FIELDS", 4);
+  w.scalars("RECORD_TYPE", r.RECORD_TYPE, r.NUM_FIELDS, 8);
+}
+
+// ---- Service Request (18) and Service Response (19) Messages ----------------------------
+
+// The two messages share one layout; the response names its purpose RESP_PURPOSE.
+template <bool Response>
+struct ServiceReqResp {
+  std::uint8_t SERV_REQ_SEQ;
+  std::uint8_t PURPOSE;
+  std::uint8_t RECORD_TYPE;
+  std::uint8_t RECORD_LEN;
+  ServiceConfig SCR;
+};
+using FD_SRQM = ServiceReqResp<false>;
+using FD_SRPM = ServiceReqResp<true>;
+
+template <class W, bool Response>
+void layout(W& w, ServiceReqResp<Response>& r, const Ctx& c) {
+  if (!w.need(7)) return;
+  w.u(r.SERV_REQ_SEQ, "SERV_REQ_SEQ", 3);
+  w.u(r.PURPOSE, Response ? "RESP_PURPOSE" : "REQ_PURPOSE", 4);
+  // Only a proposal ('0010') carries a service configuration.
+  if (r.PURPOSE == 2) scr_record(w, r.RECORD_TYPE, r.RECORD_LEN, r.SCR, c);
+}
+
+// ---- Service Option Control Message (21) ------------------------------------------------
+
+struct FD_SOCM {
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint8_t CON_REF;
+  std::uint16_t SERVICE_OPTION;
+  std::uint8_t CTL_REC_LEN;
+  Bytes TYPE_SPECIFIC_FIELDS;
+};
+
+template <class W>
+void layout(W& w, FD_SOCM& r, const Ctx&) {
+  if (!w.need(39)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  w.u(r.CON_REF, "CON_REF", 8);
+  w.u(r.SERVICE_OPTION, "SERVICE_OPTION", 16);
+  w.u(r.CTL_REC_LEN, "CTL_REC_LEN", 8);
+  // The control record's contents belong to the service option; they are shown whole.
+  if (r.CTL_REC_LEN == 0) return;
+  if (!w.need(8u * r.CTL_REC_LEN)) return;
+  w.bits(r.TYPE_SPECIFIC_FIELDS, "TYPE_SPECIFIC_FIELDS", 8u * r.CTL_REC_LEN);
+}
+
+// ---- TMSI Assignment Message (22) -------------------------------------------------------
+
+struct FD_TASM {
+  std::uint8_t TMSI_ZONE_LEN;
+  Bytes TMSI_ZONE;
+  std::uint32_t TMSI_CODE;
+  std::uint32_t TMSI_EXP_TIME;
+};
+
+template <class W>
+void layout(W& w, FD_TASM& r, const Ctx&) {
+  if (!w.need(4)) return;
+  w.u(r.TMSI_ZONE_LEN, "TMSI_ZONE_LEN", 4);
+  if (r.TMSI_ZONE_LEN) {
+    if (!w.need(8u * r.TMSI_ZONE_LEN)) return;
+    w.bits(r.TMSI_ZONE, "TMSI_ZONE", 8u * r.TMSI_ZONE_LEN);
+  }
+  if (!w.need(32)) return;
+  w.u(r.TMSI_CODE, "TMSI_CODE", 32);
+  if (!w.need(24)) return;
+  w.u(r.TMSI_EXP_TIME, "TMSI_EXP_TIME", 24);
+}
+
+// ---- Service Redirection Message (23) ---------------------------------------------------
+
+// The redirection record under RECORD_TYPE / RECORD_LEN. `type` is a copy of the message's
+// RECORD_TYPE, kept for the printer; it is not a field of the record.
+struct FD_SRDM_Record {
+  std::uint8_t type;
+  std::uint16_t EXPECTED_SID;
+  std::uint8_t IGNORE_CDMA;
+  std::uint8_t SYS_ORDERING;
+  std::uint8_t BAND_CLASS;
+  std::uint16_t EXPECTED_NID;
+  std::uint8_t NUM_CHANS;
+  PoolArray<std::uint16_t> CDMA_CHAN;
+  std::uint16_t EXPECTED_AID;
+};
+
+template <class W>
+void layout(W& w, FD_SRDM_Record& r, const Ctx&) {
+  switch (r.type) {
+    case 1:   // analog system; the reserved bits that follow are covered by RECORD_LEN
+      if (!w.need(19)) return;
+      w.u(r.EXPECTED_SID, "EXPECTED_SID", 15);
+      w.u(r.IGNORE_CDMA, "IGNORE_CDMA", 1);
+      w.u(r.SYS_ORDERING, "SYS_ORDERING", 3);
+      break;
+    case 2:   // CDMA system
+      if (!w.need(44)) return;
+      w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+      w.u(r.EXPECTED_SID, "EXPECTED_SID", 15);
+      w.u(r.EXPECTED_NID, "EXPECTED_NID", 16);
+      w.skip(4);
+      w.u(r.NUM_CHANS, "NUM_CHANS", 4);
+      w.scalars("CDMA_CHAN", r.CDMA_CHAN, r.NUM_CHANS, 11);
+      break;
+    case 4:   // JTACS system
+      if (!w.need(16)) return;
+      w.u(r.EXPECTED_AID, "EXPECTED_AID", 15);
+      w.u(r.IGNORE_CDMA, "IGNORE_CDMA", 1);
+      break;
+    default:   // '00000000' (NDSS off) carries no fields; other types are reserved
+      break;
+  }
+}
+
+struct FD_SRDM {
+  std::uint8_t RETURN_IF_FAIL;
+  std::uint8_t DELETE_TMSI;
+  std::uint8_t REDIRECT_TYPE;
+  std::uint8_t RECORD_TYPE;
+  std::uint8_t RECORD_LEN;
+  FD_SRDM_Record RECORD;
+};
+
+template <class W>
+void layout(W& w, FD_SRDM& r, const Ctx& c) {
+  if (!w.need(2)) return;
+  w.u(r.RETURN_IF_FAIL, "RETURN_IF_FAIL", 1);
+  w.u(r.DELETE_TMSI, "DELETE_TMSI", 1);
+  if (c.p_rev >= kIs95B) {
+    if (!w.need(1)) return;
+    w.u(r.REDIRECT_TYPE, "REDIRECT_TYPE", 1);
+  }
+  if (!w.need(16)) return;
+  w.u(r.RECORD_TYPE, "RECORD_TYPE", 8);
+  w.u(r.RECORD_LEN, "RECORD_LEN", 8);
+  // The record's layout depends on the type read just before it.
+  if constexpr (W::kReading) r.RECORD.type = r.RECORD_TYPE;
+  if (r.RECORD_LEN == 0) return;
+  // A message cut inside its redirection record is short, not a record to guess at.
+  if (!w.need(8u * r.RECORD_LEN)) return;
+  w.sized("TypeSpecificFields", "FD_SRDM_TypeSpecificFields", r.RECORD, 8u * r.RECORD_LEN, c);
+}
+
+// ---- User Zone Reject (37) and User Zone Update (38) Messages ---------------------------
+
+struct FD_UZRM {
+  std::uint16_t REJECT_UZID;
+  std::uint8_t REJECT_ACTION_INDI;
+  std::uint8_t UZID_ASSIGN_INCL;
+  std::uint16_t ASSIGN_UZID;
+};
+
+template <class W>
+void layout(W& w, FD_UZRM& r, const Ctx&) {
+  if (!w.need(20)) return;
+  w.u(r.REJECT_UZID, "REJECT_UZID", 16);
+  w.u(r.REJECT_ACTION_INDI, "REJECT_ACTION_INDI", 3);
+  w.u(r.UZID_ASSIGN_INCL, "UZID_ASSIGN_INCL", 1);
+  if (r.UZID_ASSIGN_INCL) {
+    if (!w.need(16)) return;
+    w.u(r.ASSIGN_UZID, "ASSIGN_UZID", 16);
+  }
+}
+
+struct FD_UZUM {
+  std::uint16_t UZID;
+};
+
+template <class W>
+void layout(W& w, FD_UZUM& r, const Ctx&) {
+  if (!w.need(16)) return;
+  w.u(r.UZID, "UZID", 16);
+}
+
+// ---- Authentication Request Message (50) ------------------------------------------------
+
+struct FD_AUREQM {
+  Bytes RANDA;
+  Bytes CON_SQN;
+  std::uint16_t AMF;
+  Bytes MAC_A;
+};
+
+template <class W>
+void layout(W& w, FD_AUREQM& r, const Ctx&) {
+  if (!w.need(256)) return;
+  w.bits(r.RANDA, "RANDA", 128);
+  w.bits(r.CON_SQN, "CON_SQN", 48);
+  w.u(r.AMF, "AMF", 16);
+  w.bits(r.MAC_A, "MAC_A", 64);
+}
+
+// ---- Extended Release Message (33) ------------------------------------------------------
+
+struct FD_ERM {
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint8_t CH_IND;
+  std::uint8_t GATING_RATE_INCL;
+  std::uint8_t PILOT_GATING_RATE;
+  std::uint8_t USE_EXT_CH_IND;
+  std::uint8_t EXT_CH_IND;
+  std::uint8_t PDCH_CONTROL_HOLD;
+  std::uint8_t SWITCHING_PARMS_INCL;
+  std::uint8_t NUM_SOFT_SWITCHING_FRAMES_CHM;
+  std::uint8_t NUM_SOFTER_SWITCHING_FRAMES_CHM;
+  std::uint8_t DIRECT_TO_IDLE_INFO_INCL;
+  std::uint8_t RELEASE_TYPE;
+  std::uint16_t SID;
+  std::uint16_t NID;
+  std::uint8_t FREQ_INCL;
+  std::uint16_t CDMA_FREQ;
+  std::uint8_t BAND_CLASS;
+  std::uint8_t PAGE_CH;
+  std::uint8_t PRAT;
+  std::uint8_t SR1_BCCH_CODE_CHAN_NON_TD;
+  std::uint8_t SR1_CRAT_NON_TD;
+  std::uint8_t SR1_BRAT_NON_TD;
+  std::uint8_t SR1_TD_MODE;
+  std::uint8_t SR1_BCCH_CODE_CHAN_TD;
+  std::uint8_t SR1_CRAT_TD;
+  std::uint8_t SR1_BRAT_TD;
+  std::uint8_t SR1_TD_POWER_LEVEL;
+  std::uint8_t NUM_PILOTS_D2I_INCL;
+  std::uint8_t NUM_PILOTS_D2I;
+  PoolArray<std::uint16_t> PILOT_PN;
+};
+
+// RELEASE_TYPE: '000' idle on the paging channel, '001' on the BCCH, '010' on the BCCH with
+// transmit diversity, '011' back to system determination (no idle parameters follow).
+template <class W>
+void direct_to_idle(W& w, FD_ERM& r) {
+  if (!w.need(3)) return;
+  w.u(r.RELEASE_TYPE, "RELEASE_TYPE", 3);
+  const bool to_idle = r.RELEASE_TYPE != 3;
+  if (to_idle) {
+    if (!w.need(32)) return;
+    w.u(r.SID, "SID", 15);
+    w.u(r.NID, "NID", 16);
+    w.u(r.FREQ_INCL, "FREQ_INCL", 1);
+    if (r.FREQ_INCL) {
+      if (!w.need(16)) return;
+      w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
+      w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+    }
+  }
+  if (r.RELEASE_TYPE == 0) {
+    if (!w.need(5)) return;
+    w.u(r.PAGE_CH, "PAGE_CH", 3);
+    w.u(r.PRAT, "PRAT", 2);
+  } else if (r.RELEASE_TYPE == 1) {
+    if (!w.need(9)) return;
+    w.u(r.SR1_BCCH_CODE_CHAN_NON_TD, "SR1_BCCH_CODE_CHAN_NON_TD", 6);
+    w.u(r.SR1_CRAT_NON_TD, "SR1_CRAT_NON_TD", 1);
+    w.u(r.SR1_BRAT_NON_TD, "SR1_BRAT_NON_TD", 2);
+  } else if (r.RELEASE_TYPE == 2) {
+    if (!w.need(13)) return;
+    w.u(r.SR1_TD_MODE, "SR1_TD_MODE", 2);
+    w.u(r.SR1_BCCH_CODE_CHAN_TD, "SR1_BCCH_CODE_CHAN_TD", 6);
+    w.u(r.SR1_CRAT_TD, "SR1_CRAT_TD", 1);
+    w.u(r.SR1_BRAT_TD, "SR1_BRAT_TD", 2);
+    w.u(r.SR1_TD_POWER_LEVEL, "SR1_TD_POWER_LEVEL", 2);
+  }
+  if (!to_idle) return;
+  if (!w.need(1)) return;
+  w.u(r.NUM_PILOTS_D2I_INCL, "NUM_PILOTS_D2I_INCL", 1);
+  if (r.NUM_PILOTS_D2I_INCL) {
+    if (!w.need(3)) return;
+    w.u(r.NUM_PILOTS_D2I, "NUM_PILOTS_D2I", 3);
+    w.scalars("PILOT_PN", r.PILOT_PN, r.NUM_PILOTS_D2I, 9);
+  }
+}
+
+template <class W>
+void layout(W& w, FD_ERM& r, const Ctx& c) {
+  if (!w.need(1)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  if (r.USE_TIME) {
+    if (!w.need(6)) return;
+    w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  }
+  if (!w.need(4)) return;
+  w.u(r.CH_IND, "CH_IND", 3);
+  w.u(r.GATING_RATE_INCL, "GATING_RATE_INCL", 1);
+  if (r.GATING_RATE_INCL) {
+    if (!w.need(2)) return;
+    w.u(r.PILOT_GATING_RATE, "PILOT_GATING_RATE", 2);
+  }
+  if (c.p_rev < kRelC) return;
+
+  if (!w.need(1)) return;
+  w.u(r.USE_EXT_CH_IND, "USE_EXT_CH_IND", 1);
+  if (r.USE_EXT_CH_IND) {
+    if (!w.need(6)) return;
+    w.u(r.EXT_CH_IND, "EXT_CH_IND", 5);
+    w.u(r.PDCH_CONTROL_HOLD, "PDCH_CONTROL_HOLD", 1);
+    if (r.GATING_RATE_INCL) {
+      if (!w.need(1)) return;
+      w.u(r.SWITCHING_PARMS_INCL, "SWITCHING_PARMS_INCL", 1);
+      if (r.SWITCHING_PARMS_INCL) {
+        if (!w.need(8)) return;
+        w.u(r.NUM_SOFT_SWITCHING_FRAMES_CHM, "NUM_SOFT_SWITCHING_FRAMES_CHM", 4);
+        w.u(r.NUM_SOFTER_SWITCHING_FRAMES_CHM, "NUM_SOFTER_SWITCHING_FRAMES_CHM", 4);
+      }
+    }
+  }
+  if (!w.need(1)) return;
+  w.u(r.DIRECT_TO_IDLE_INFO_INCL, "DIRECT_TO_IDLE_INFO_INCL", 1);
+  if (r.DIRECT_TO_IDLE_INFO_INCL) direct_to_idle(w, r);
+}
+
+// ---- Call Assignment Message (39) -------------------------------------------------------
+
+struct FD_CLAM {
+  std::uint8_t RESPONSE_IND;
+  std::uint8_t TAG;
+  std::uint8_t ACCEPT_IND;
+  std::uint8_t REJECT_PKTDATA_IND;
+  std::uint8_t BYPASS_ALERT_ANSWER;
+  std::uint8_t SO_INCL;
+  std::uint16_t SO;
+  std::uint8_t CON_REF_INCL;
+  std::uint8_t CON_REF;
+  std::uint8_t USE_OLD_SERV_CONFIG;
+  std::uint8_t SR_ID;
+};
+
+template <class W>
+void layout(W& w, FD_CLAM& r, const Ctx& c) {
+  if (!w.need(1)) return;
+  w.u(r.RESPONSE_IND, "RESPONSE_IND", 1);
+  if (r.RESPONSE_IND) {
+    // An answer to the mobile station's Enhanced Origination Message, found by its TAG.
+    if (!w.need(5)) return;
+    w.u(r.TAG, "TAG", 4);
+    w.u(r.ACCEPT_IND, "ACCEPT_IND", 1);
+    if (!r.ACCEPT_IND) {
+      if (!w.need(1)) return;
+      w.u(r.REJECT_PKTDATA_IND, "REJECT_PKTDATA_IND", 1);
+    }
+  } else {
+    if (!w.need(1)) return;
+    w.u(r.BYPASS_ALERT_ANSWER, "BYPASS_ALERT_ANSWER", 1);
+  }
+  if (!w.need(1)) return;
+  w.u(r.SO_INCL, "SO_INCL", 1);
+  if (r.SO_INCL) {
+    if (!w.need(16)) return;
+    w.u(r.SO, "SO", 16);
+  }
+  if (!w.need(1)) return;
+  w.u(r.CON_REF_INCL, "CON_REF_INCL", 1);
+  if (r.CON_REF_INCL) {
+    if (!w.need(8)) return;
+    w.u(r.CON_REF, "CON_REF", 8);
+  }
+  if (c.p_rev < kRelC) return;
+  // A rejected call carries no service configuration choice.
+  if (r.RESPONSE_IND && !r.ACCEPT_IND) return;
+  if (!w.need(1)) return;
+  w.u(r.USE_OLD_SERV_CONFIG, "USE_OLD_SERV_CONFIG", 1);
+  if (r.USE_OLD_SERV_CONFIG) {
+    if (!w.need(3)) return;
+    w.u(r.SR_ID, "SR_ID", 3);
+  }
+}
+
+// ---- Security Mode Command Message (43) -------------------------------------------------
+
+struct FD_SMCM_REC {
+  std::uint8_t CON_REF;
+  std::uint8_t UI_ENCRYPT_MODE;
+};
+
+template <class W>
+void layout(W& w, FD_SMCM_REC& r, const Ctx&) {
+  if (!w.need(11)) return;
+  w.u(r.CON_REF, "CON_REF", 8);
+  w.u(r.UI_ENCRYPT_MODE, "UI_ENCRYPT_MODE", 3);
+}
+
+struct FD_SMCM {
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint8_t D_SIG_ENCRYPT_MODE;
+  std::uint8_t NUM_RECS;
+  PoolArray<FD_SMCM_REC> RECs;
+  std::uint8_t ENC_KEY_SIZE;
+  std::uint8_t C_SIG_ENCRYPT_MODE_INCL;
+  std::uint8_t C_SIG_ENCRYPT_MODE;
+  std::uint8_t MSG_INT_INFO_INCL;
+  std::uint8_t CHANGE_KEYS;
+  std::uint8_t USE_UAK;
+};
+
+template <class W>
+void layout(W& w, FD_SMCM& r, const Ctx& c) {
+  if (!w.need(1)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  if (r.USE_TIME) {
+    if (!w.need(6)) return;
+    w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  }
+  if (!w.need(6)) return;
+  w.u(r.D_SIG_ENCRYPT_MODE, "D_SIG_ENCRYPT_MODE", 3);
+  w.u(r.NUM_RECS, "NUM_RECS", 3);
+  if (!w.counted("RECs", "FD_SMCM_RECs", r.RECs, r.NUM_RECS, c)) return;
+  // The key size matters only to the Enhanced CMEA ('001') and Rijndael ('010') modes.
+  if (r.D_SIG_ENCRYPT_MODE == 1 || r.D_SIG_ENCRYPT_MODE == 2) {
+    if (!w.need(3)) return;
+    w.u(r.ENC_KEY_SIZE, "ENC_KEY_SIZE", 3);
+  }
+  if (!w.need(1)) return;
+  w.u(r.C_SIG_ENCRYPT_MODE_INCL, "C_SIG_ENCRYPT_MODE_INCL", 1);
+  if (r.C_SIG_ENCRYPT_MODE_INCL) {
+    if (!w.need(3)) return;
+    w.u(r.C_SIG_ENCRYPT_MODE, "C_SIG_ENCRYPT_MODE", 3);
+  }
+  if (c.p_rev < kRelC) return;
+  if (!w.need(1)) return;
+  w.u(r.MSG_INT_INFO_INCL, "MSG_INT_INFO_INCL", 1);
+  if (r.MSG_INT_INFO_INCL) {
+    if (!w.need(2)) return;
+    w.u(r.CHANGE_KEYS, "CHANGE_KEYS", 1);
+    w.u(r.USE_UAK, "USE_UAK", 1);
+  }
+}
+
+// ---- Base Station Status Response Message (49) ------------------------------------------
+
+// One pilot of a pilot information record. RECORD_LEN counts the octets of the pilot record,
+// itself included; the walk moves on by that many whatever the fields read.
+struct BssPilot {
+  std::uint8_t RECORD_LEN;
+  std::uint16_t PILOT_PN;
+  std::uint16_t BASE_ID;
+  std::uint8_t SID_NID_INCL;
+  std::uint16_t SID;
+  std::uint16_t NID;
+  std::uint8_t BASE_LAT_LONG_INCL;
+  std::uint32_t BASE_LAT;
+  std::uint32_t BASE_LONG;
+};
+// Pilots of a record whose SID_NID_IND is set carry SID_NID_INCL.
+struct BssPilotSidNid : BssPilot {};
+
+template <class W>
+void bss_pilot(W& w, BssPilot& r, const Ctx& c, bool sid_nid) {
+  std::uint64_t start = 0;
+  if constexpr (W::kReading) start = w.pos();
+  if (!w.need(29)) return;
+  w.u(r.RECORD_LEN, "RECORD_LEN", 4);
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.BASE_ID, "BASE_ID", 16);
+  if (sid_nid) {
+    if (!w.need(1)) return;
+    w.u(r.SID_NID_INCL, "SID_NID_INCL", 1);
+    if (r.SID_NID_INCL) {
+      if (!w.need(31)) return;
+      w.u(r.SID, "SID", 15);
+      w.u(r.NID, "NID", 16);
+    }
+  }
+  if (c.p_rev >= kRelC) {
+    if (!w.need(1)) return;
+    w.u(r.BASE_LAT_LONG_INCL, "BASE_LAT_LONG_INCL", 1);
+    if (r.BASE_LAT_LONG_INCL) {
+      if (!w.need(45)) return;
+      w.u(r.BASE_LAT, "BASE_LAT", 22);
+      w.u(r.BASE_LONG, "BASE_LONG", 23);
+    }
+  }
+  // Reserved bits up to the record's declared length (unchecked: the next read checks).
+  if constexpr (W::kReading) {
+    const std::uint64_t end = start + 8u * r.RECORD_LEN;
+    if (w.pos() < end) w.skip(end - w.pos());
+  }
+}
+
+template <class W>
+void layout(W& w, BssPilot& r, const Ctx& c) {
+  bss_pilot(w, r, c, false);
+}
+template <class W>
+void layout(W& w, BssPilotSidNid& r, const Ctx& c) {
+  bss_pilot(w, r, c, true);
+}
+
+// Record type '00000000': pilot information.
+struct BssPilotInfo {
+  std::uint8_t NUM_PILOTS;
+  std::uint8_t SID_NID_IND;
+  PoolArray<BssPilot> PILOTs;
+  PoolArray<BssPilotSidNid> PILOTs_SID_NID;
+};
+
+template <class W>
+void layout(W& w, BssPilotInfo& r, const Ctx& c) {
+  if (!w.need(5)) return;
+  w.u(r.NUM_PILOTS, "NUM_PILOTS", 4);
+  w.u(r.SID_NID_IND, "SID_NID_IND", 1);
+  if (r.SID_NID_IND)
+    w.counted("PILOTs", "FD_BSSRSPM_PILOTs", r.PILOTs_SID_NID, r.NUM_PILOTS, c);
+  else
+    w.counted("PILOTs", "FD_BSSRSPM_PILOTs", r.PILOTs, r.NUM_PILOTS, c);
+}
+
+struct BssRecord {
+  std::uint8_t RECORD_TYPE;
+  std::uint8_t RECORD_LEN;
+  BssPilotInfo PILOT_INFO;
+};
+
+template <class W>
+void layout(W& w, BssRecord& r, const Ctx& c) {
+  if (!w.need(16)) return;
+  w.u(r.RECORD_TYPE, "RECORD_TYPE", 8);
+  w.u(r.RECORD_LEN, "RECORD_LEN", 8);
+  if (!w.need(8u * r.RECORD_LEN)) return;
+  if (r.RECORD_TYPE == 0)
+    w.sized("TypeSpecificFields", "FD_BSSRSPM_PILOT_INFO", r.PILOT_INFO, 8u * r.RECORD_LEN, c);
+  else
+    w.skip(8u * r.RECORD_LEN);   // a record type this revision does not define
+}
+
+struct FD_BSSRSPM {
+  std::uint8_t QUAL_INFO_TYPE;
+  std::uint8_t QUAL_INFO_LEN;
+  std::uint8_t BAND_CLASS;
+  std::uint8_t OP_MODE;
+  std::uint8_t NUM_RECORD;
+  PoolArray<BssRecord> RECORDs;
+};
+
+template <class W>
+void layout(W& w, FD_BSSRSPM& r, const Ctx& c) {
+  if (!w.need(11)) return;
+  w.u(r.QUAL_INFO_TYPE, "QUAL_INFO_TYPE", 8);
+  w.u(r.QUAL_INFO_LEN, "QUAL_INFO_LEN", 3);
+  if (!qual_info(w, r.QUAL_INFO_TYPE, r.QUAL_INFO_LEN, r.BAND_CLASS, r.OP_MODE)) return;
+  if (!w.need(4)) return;
+  w.u(r.NUM_RECORD, "NUM_RECORD", 4);
+  w.counted("RECORDs", "FD_BSSRSPM_RECORDs", r.RECORDs, r.NUM_RECORD, c);
+}
+
+// ---- The table ------------------------------------------------------------------------------
+
+constexpr BodyOps kAucm = body_ops<FD_AUCM>("FD_AUCM");
+constexpr BodyOps kDbm = body_ops<FD_DBM>("FD_DBM");
+constexpr BodyOps kAhdm = body_ops<FD_AHDM>("FD_AHDM");
+constexpr BodyOps kBdtmfm = body_ops<FD_BDTMFM>("FD_BDTMFM");
+constexpr BodyOps kRtpm = body_ops<FD_RTPM>("FD_RTPM");
+constexpr BodyOps kStpm = body_ops<FD_STPM>("FD_STPM");
+constexpr BodyOps kSsdum = body_ops<FD_SSDUM>("FD_SSDUM");
+constexpr BodyOps kMsrm = body_ops<FD_MSRM>("FD_MSRM");
+constexpr BodyOps kStrqm = body_ops<FD_STRQM>("FD_STRQM");
+constexpr BodyOps kSrqm = body_ops<FD_SRQM>("FD_SRQM");
+constexpr BodyOps kSrpm = body_ops<FD_SRPM>("FD_SRPM");
+constexpr BodyOps kSocm = body_ops<FD_SOCM>("FD_SOCM");
+constexpr BodyOps kTasm = body_ops<FD_TASM>("FD_TASM");
+constexpr BodyOps kSrdm = body_ops<FD_SRDM>("FD_SRDM");
+constexpr BodyOps kUzrm = body_ops<FD_UZRM>("FD_UZRM");
+constexpr BodyOps kUzum = body_ops<FD_UZUM>("FD_UZUM");
+constexpr BodyOps kAureqm = body_ops<FD_AUREQM>("FD_AUREQM");
+constexpr BodyOps kErm = body_ops<FD_ERM>("FD_ERM");
+constexpr BodyOps kClam = body_ops<FD_CLAM>("FD_CLAM");
+constexpr BodyOps kSmcm = body_ops<FD_SMCM>("FD_SMCM");
+constexpr BodyOps kBssrspm = body_ops<FD_BSSRSPM>("FD_BSSRSPM");
+
+}  // namespace
+
+const BodyOps* fd_message_body(std::uint8_t msg_type) {
+  switch (msg_type) {
+    case 2: return &kAucm;
+    case 4: return &kDbm;
+    case 6: return &kAhdm;
+    case 9: return &kBdtmfm;
+    case 11: return &kRtpm;
+    case 12: return &kStpm;
+    case 13: return &kSsdum;
+    case 15: return &kMsrm;
+    case 16: return &kStrqm;
+    case 18: return &kSrqm;
+    case 19: return &kSrpm;
+    case 21: return &kSocm;
+    case 22: return &kTasm;
+    case 23: return &kSrdm;
+    case 33: return &kErm;
+    case 37: return &kUzrm;
+    case 38: return &kUzum;
+    case 39: return &kClam;
+    case 43: return &kSmcm;
+    case 49: return &kBssrspm;
+    case 50: return &kAureqm;
+    default: break;
+  }
+  if (const BodyOps* ops = fd_search_body(msg_type)) return ops;
+  return fd_power_body(msg_type);
+}
 
 }  // namespace cs

@@ -1,0 +1,675 @@
+// Forward traffic channel power control and channel resource messages (C.S0005
+// 3.7.3.3.2.x): Power Control Parameters, Supplemental Channel Assignment, Power Control,
+// Power Up Function (and its completion), Resource Allocation, Mobile Assisted Burst
+// Operation Parameters and Rate Change.
+#include <cstddef>
+#include <cstdint>
+
+#include "codec/layout.h"
+#include "fwd_traffic/message_parts.h"
+
+namespace cs {
+namespace {
+
+using namespace fd_parts;
+
+// ---- Power Control Parameters Message (10) ----------------------------------------------
+
+struct FD_PCNPM {
+  std::uint8_t PWR_REP_THRESH;
+  std::uint8_t PWR_REP_FRAMES;
+  std::uint8_t PWR_THRESH_ENABLE;
+  std::uint8_t PWR_PERIOD_ENABLE;
+  std::uint8_t PWR_REP_DELAY;
+};
+
+template <class W>
+void layout(W& w, FD_PCNPM& r, const Ctx&) {
+  if (!w.need(16)) return;
+  w.u(r.PWR_REP_THRESH, "PWR_REP_THRESH", 5);
+  w.u(r.PWR_REP_FRAMES, "PWR_REP_FRAMES", 4);
+  w.u(r.PWR_THRESH_ENABLE, "PWR_THRESH_ENABLE", 1);
+  w.u(r.PWR_PERIOD_ENABLE, "PWR_PERIOD_ENABLE", 1);
+  w.u(r.PWR_REP_DELAY, "PWR_REP_DELAY", 5);
+}
+
+// ---- Supplemental Channel Assignment Message (24) ---------------------------------------
+
+// The pilot records need NUM_SUP from the message.
+struct ScamCtx : Ctx {
+  std::uint8_t num_sup;
+};
+
+struct FD_SCAM_PILOT {
+  std::uint16_t PILOT_PN;
+  std::uint8_t EXPL_CODE_CHAN;
+  PoolArray<std::uint8_t> SUP_CODE_CHAN;
+  std::uint8_t BASE_CODE_CHAN;
+};
+
+template <class W>
+void layout(W& w, FD_SCAM_PILOT& r, const Ctx& c) {
+  const auto& s = static_cast<const ScamCtx&>(c);
+  if (!w.need(10)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.EXPL_CODE_CHAN, "EXPL_CODE_CHAN", 1);
+  if (r.EXPL_CODE_CHAN) {
+    w.scalars("SUP_CODE_CHAN", r.SUP_CODE_CHAN, s.num_sup, 8);
+  } else {
+    if (!w.need(8)) return;
+    w.u(r.BASE_CODE_CHAN, "BASE_CODE_CHAN", 8);
+  }
+}
+
+struct FD_SCAM {
+  std::uint8_t USE_RETRY_DELAY;
+  std::uint8_t RETRY_DELAY;
+  std::uint8_t REV_INCLUDED;
+  std::uint8_t REV_DTX_DURATION;
+  std::uint8_t EXPL_REV_START_TIME;
+  std::uint8_t REV_START_TIME;
+  std::uint8_t USE_REV_DURATION;
+  std::uint8_t REV_DURATION;
+  std::uint8_t USE_REV_HDM_SEQ;
+  std::uint8_t REV_LINKED_HDM_SEQ;
+  std::uint8_t NUM_REV_CODES;
+  std::uint8_t USE_T_ADD_ABORT;
+  std::uint8_t USE_SCRM_SEQ_NUM;
+  std::uint8_t SCRM_SEQ_NUM;
+  std::uint8_t REV_PARMS_INCLUDED;
+  std::uint8_t T_MULCHAN;
+  std::uint8_t BEGIN_PREAMBLE;
+  std::uint8_t RESUME_PREAMBLE;
+  std::uint8_t FOR_INCLUDED;
+  std::uint8_t FOR_SUP_CONFIG;
+  std::uint8_t EXPL_FOR_START_TIME;
+  std::uint8_t FOR_START_TIME;
+  std::uint8_t USE_FOR_DURATION;
+  std::uint8_t FOR_DURATION;
+  std::uint8_t USE_FOR_HDM_SEQ;
+  std::uint8_t FOR_LINKED_HDM_SEQ;
+  std::uint8_t NUM_SUP_PILOTS;
+  std::uint8_t NUM_SUP;
+  PoolArray<FD_SCAM_PILOT> PILOTs;
+};
+
+template <class W>
+void scam_reverse(W& w, FD_SCAM& r) {
+  if (!w.need(5)) return;
+  w.u(r.REV_DTX_DURATION, "REV_DTX_DURATION", 4);
+  w.u(r.EXPL_REV_START_TIME, "EXPL_REV_START_TIME", 1);
+  if (r.EXPL_REV_START_TIME) {
+    if (!w.need(6)) return;
+    w.u(r.REV_START_TIME, "REV_START_TIME", 6);
+  }
+  if (!w.need(1)) return;
+  w.u(r.USE_REV_DURATION, "USE_REV_DURATION", 1);
+  if (r.USE_REV_DURATION) {
+    if (!w.need(8)) return;
+    w.u(r.REV_DURATION, "REV_DURATION", 8);
+  }
+  if (!w.need(1)) return;
+  w.u(r.USE_REV_HDM_SEQ, "USE_REV_HDM_SEQ", 1);
+  if (r.USE_REV_HDM_SEQ) {
+    if (!w.need(2)) return;
+    w.u(r.REV_LINKED_HDM_SEQ, "REV_LINKED_HDM_SEQ", 2);
+  }
+  if (!w.need(5)) return;
+  w.u(r.NUM_REV_CODES, "NUM_REV_CODES", 3);
+  w.u(r.USE_T_ADD_ABORT, "USE_T_ADD_ABORT", 1);
+  w.u(r.USE_SCRM_SEQ_NUM, "USE_SCRM_SEQ_NUM", 1);
+  if (r.USE_SCRM_SEQ_NUM) {
+    if (!w.need(4)) return;
+    w.u(r.SCRM_SEQ_NUM, "SCRM_SEQ_NUM", 4);
+  }
+  if (!w.need(1)) return;
+  w.u(r.REV_PARMS_INCLUDED, "REV_PARMS_INCLUDED", 1);
+  if (r.REV_PARMS_INCLUDED) {
+    if (!w.need(9)) return;
+    w.u(r.T_MULCHAN, "T_MULCHAN", 3);
+    w.u(r.BEGIN_PREAMBLE, "BEGIN_PREAMBLE", 3);
+    w.u(r.RESUME_PREAMBLE, "RESUME_PREAMBLE", 3);
+  }
+}
+
+template <class W>
+void layout(W& w, FD_SCAM& r, const Ctx& c) {
+  if (!w.need(1)) return;
+  w.u(r.USE_RETRY_DELAY, "USE_RETRY_DELAY", 1);
+  if (r.USE_RETRY_DELAY) {
+    if (!w.need(8)) return;
+    w.u(r.RETRY_DELAY, "RETRY_DELAY", 8);
+  }
+  if (!w.need(1)) return;
+  w.u(r.REV_INCLUDED, "REV_INCLUDED", 1);
+  if (r.REV_INCLUDED) scam_reverse(w, r);
+  if (!w.need(1)) return;
+  w.u(r.FOR_INCLUDED, "FOR_INCLUDED", 1);
+  if (!r.FOR_INCLUDED) return;
+  // FOR_SUP_CONFIG: '00' stop, '01' start, '10' stop the listed, '11' start the listed.
+  if (!w.need(2)) return;
+  w.u(r.FOR_SUP_CONFIG, "FOR_SUP_CONFIG", 2);
+  const bool start = r.FOR_SUP_CONFIG == 1 || r.FOR_SUP_CONFIG == 3;
+  const bool listed = r.FOR_SUP_CONFIG == 2 || r.FOR_SUP_CONFIG == 3;
+  if (start) {
+    if (!w.need(1)) return;
+    w.u(r.EXPL_FOR_START_TIME, "EXPL_FOR_START_TIME", 1);
+    if (r.EXPL_FOR_START_TIME) {
+      if (!w.need(6)) return;
+      w.u(r.FOR_START_TIME, "FOR_START_TIME", 6);
+    }
+  }
+  if (!w.need(1)) return;
+  w.u(r.USE_FOR_DURATION, "USE_FOR_DURATION", 1);
+  if (r.USE_FOR_DURATION) {
+    if (!w.need(8)) return;
+    w.u(r.FOR_DURATION, "FOR_DURATION", 8);
+  }
+  if (start) {
+    if (!w.need(1)) return;
+    w.u(r.USE_FOR_HDM_SEQ, "USE_FOR_HDM_SEQ", 1);
+    if (r.USE_FOR_HDM_SEQ) {
+      if (!w.need(2)) return;
+      w.u(r.FOR_LINKED_HDM_SEQ, "FOR_LINKED_HDM_SEQ", 2);
+    }
+  }
+  if (!listed) return;
+  if (!w.need(6)) return;
+  w.u(r.NUM_SUP_PILOTS, "NUM_SUP_PILOTS", 3);
+  w.u(r.NUM_SUP, "NUM_SUP", 3);
+  ScamCtx s;
+  static_cast<Ctx&>(s) = c;
+  s.num_sup = r.NUM_SUP;
+  w.counted("PILOTs", "FD_SCAM_PILOTs", r.PILOTs, r.NUM_SUP_PILOTS, s);
+}
+
+// ---- Power Control Message (25) ---------------------------------------------------------
+
+struct FD_PCNM_SUP {
+  std::uint8_t SCH_ID;
+  std::uint8_t FPC_SCH_FER;
+  std::uint8_t FPC_SCH_MIN_SETPT;
+  std::uint8_t FPC_SCH_MAX_SETPT;
+};
+
+template <class W>
+void layout(W& w, FD_PCNM_SUP& r, const Ctx&) {
+  if (!w.need(22)) return;
+  w.u(r.SCH_ID, "SCH_ID", 1);
+  w.u(r.FPC_SCH_FER, "FPC_SCH_FER", 5);
+  w.u(r.FPC_SCH_MIN_SETPT, "FPC_SCH_MIN_SETPT", 8);
+  w.u(r.FPC_SCH_MAX_SETPT, "FPC_SCH_MAX_SETPT", 8);
+}
+
+// A set of 8-bit attribute gains under one inclusion flag.
+struct GainGroup {
+  std::uint8_t INCL;
+  std::uint8_t GAIN[6];
+};
+
+template <class W, std::size_t N>
+bool gain_group(W& w, GainGroup& g, const char* incl, const char* const (&names)[N]) {
+  static_assert(N <= 6, "a gain group holds at most six gains");
+  if (!w.need(1)) return false;
+  w.u(g.INCL, incl, 1);
+  if (!g.INCL) return true;
+  if (!w.need(8 * N)) return false;
+  for (std::size_t k = 0; k < N; ++k) w.u(g.GAIN[k], names[k], 8);
+  return true;
+}
+
+// A reverse power control adjustment record; `type` is a copy of RPC_ADJ_REC_TYPE.
+struct FD_PCNM_RPC_ADJ {
+  std::uint8_t type;
+  // '0000': channel adjustment gains
+  GainGroup FCH, DCCH, SCH0, SCH1, REV_ACKCH, REV_CQICH;
+  // '0001' basic rate and '0010' high rate attribute adjustment gains
+  std::uint8_t CODE_TYPE;
+  std::uint8_t RL_ATT_ADJ_GAIN_TYPE;
+  GainGroup RC3_RC5_20MS, RC4_RC6_20MS, FIVE_MS, RC3_RC5_40MS, RC4_RC6_40MS, RC3_RC5_80MS, RC4_RC6_80MS;
+  // '0011': R-CQICH attribute adjustment gains
+  std::uint8_t RL_CQICH_ATT_ADJ_GAIN_TYPE;
+  GainGroup CQICH_HIGH, CQICH_LOW;
+};
+
+template <class W>
+void rpc_channel_gains(W& w, FD_PCNM_RPC_ADJ& r, const Ctx& c) {
+  if (!gain_group(w, r.FCH, "FCH_INCL", {"FCH_CHAN_ADJ_GAIN"})) return;
+  if (!gain_group(w, r.DCCH, "DCCH_INCL", {"DCCH_CHAN_ADJ_GAIN"})) return;
+  if (!gain_group(w, r.SCH0, "SCH0_INCL", {"SCH0_CHAN_ADJ_GAIN"})) return;
+  if (!gain_group(w, r.SCH1, "SCH1_INCL", {"SCH1_CHAN_ADJ_GAIN"})) return;
+  if (c.p_rev < kRelC) return;
+  if (!gain_group(w, r.REV_ACKCH, "REV_ACKCH_INCL", {"REV_ACKCH_CHAN_ADJ_GAIN"})) return;
+  gain_group(w, r.REV_CQICH, "REV_CQICH_INCL", {"REV_CQICH_CHAN_ADJ_GAIN"});
+}
+
+template <class W>
+void rpc_basic_rate_gains(W& w, FD_PCNM_RPC_ADJ& r, const Ctx& c) {
+  if (!w.need(1)) return;
+  w.u(r.RL_ATT_ADJ_GAIN_TYPE, "RL_ATT_ADJ_GAIN_TYPE", 1);
+  if (!gain_group(w, r.RC3_RC5_20MS, "RC3_RC5_20MS_INCL",
+                  {"RL_ATT_ADJ_GAIN_1500", "RL_ATT_ADJ_GAIN_2700", "RL_ATT_ADJ_GAIN_4800", "RL_ATT_ADJ_GAIN_9600"}))
+    return;
+  if (!gain_group(w, r.RC4_RC6_20MS, "RC4_RC6_20MS_INCL",
+                  {"RL_ATT_ADJ_GAIN_1800", "RL_ATT_ADJ_GAIN_3600", "RL_ATT_ADJ_GAIN_7200", "RL_ATT_ADJ_GAIN_14400"}))
+    return;
+  if (!gain_group(w, r.FIVE_MS, "FIVE_MS_INCL", {"NORM_ATT_GAIN_9600_5MS"})) return;
+  if (c.p_rev < kRelA) return;
+  if (!gain_group(w, r.RC3_RC5_40MS, "RC3_RC5_40MS_INCL",
+                  {"RL_ATT_ADJ_GAIN_1350_40MS", "RL_ATT_ADJ_GAIN_2400_40MS", "RL_ATT_ADJ_GAIN_4800_40MS",
+                   "RL_ATT_ADJ_GAIN_9600_40MS"}))
+    return;
+  if (!gain_group(w, r.RC4_RC6_40MS, "RC4_RC6_40MS_INCL",
+                  {"RL_ATT_ADJ_GAIN_1800_40MS", "RL_ATT_ADJ_GAIN_3600_40MS", "RL_ATT_ADJ_GAIN_7200_40MS",
+                   "RL_ATT_ADJ_GAIN_14400_40MS"}))
+    return;
+  if (!gain_group(w, r.RC3_RC5_80MS, "RC3_RC5_80MS_INCL",
+                  {"RL_ATT_ADJ_GAIN_1200_80MS", "RL_ATT_ADJ_GAIN_2400_80MS", "RL_ATT_ADJ_GAIN_4800_80MS",
+                   "RL_ATT_ADJ_GAIN_9600_80MS"}))
+    return;
+  gain_group(w, r.RC4_RC6_80MS, "RC4_RC6_80MS_INCL",
+             {"RL_ATT_ADJ_GAIN_1800_80MS", "RL_ATT_ADJ_GAIN_3600_80MS", "RL_ATT_ADJ_GAIN_7200_80MS",
+              "RL_ATT_ADJ_GAIN_14400_80MS"});
+}
+
+template <class W>
+void rpc_high_rate_gains(W& w, FD_PCNM_RPC_ADJ& r, const Ctx& c) {
+  if (!w.need(2)) return;
+  w.u(r.CODE_TYPE, "CODE_TYPE", 1);
+  w.u(r.RL_ATT_ADJ_GAIN_TYPE, "RL_ATT_ADJ_GAIN_TYPE", 1);
+  if (!gain_group(w, r.RC3_RC5_20MS, "RC3_RC5_20MS_INCL",
+                  {"RL_ATT_ADJ_GAIN_19200", "RL_ATT_ADJ_GAIN_38400", "RL_ATT_ADJ_GAIN_76800",
+                   "RL_ATT_ADJ_GAIN_153600", "RL_ATT_ADJ_GAIN_307200", "RL_ATT_ADJ_GAIN_614400"}))
+    return;
+  if (!gain_group(w, r.RC4_RC6_20MS, "RC4_RC6_20MS_INCL",
+                  {"RL_ATT_ADJ_GAIN_28800", "RL_ATT_ADJ_GAIN_57600", "RL_ATT_ADJ_GAIN_115200",
+                   "RL_ATT_ADJ_GAIN_230400", "RL_ATT_ADJ_GAIN_460800", "RL_ATT_ADJ_GAIN_1036800"}))
+    return;
+  if (c.p_rev < kRelA) return;
+  if (!gain_group(w, r.RC3_RC5_40MS, "RC3_RC5_40MS_INCL",
+                  {"RL_ATT_ADJ_GAIN_19200_40MS", "RL_ATT_ADJ_GAIN_38400_40MS", "RL_ATT_ADJ_GAIN_76800_40MS",
+                   "RL_ATT_ADJ_GAIN_153600_40MS", "RL_ATT_ADJ_GAIN_307200_40MS"}))
+    return;
+  if (!gain_group(w, r.RC4_RC6_40MS, "RC4_RC6_40MS_INCL",
+                  {"RL_ATT_ADJ_GAIN_28800_40MS", "RL_ATT_ADJ_GAIN_57600_40MS", "RL_ATT_ADJ_GAIN_115200_40MS",
+                   "RL_ATT_ADJ_GAIN_230400_40MS", "RL_ATT_ADJ_GAIN_518400_40MS"}))
+    return;
+  if (!gain_group(w, r.RC3_RC5_80MS, "RC3_RC5_80MS_INCL",
+                  {"RL_ATT_ADJ_GAIN_19200_80MS", "RL_ATT_ADJ_GAIN_38400_80MS", "RL_ATT_ADJ_GAIN_76800_80MS",
+                   "RL_ATT_ADJ_GAIN_153600_80MS"}))
+    return;
+  gain_group(w, r.RC4_RC6_80MS, "RC4_RC6_80MS_INCL",
+             {"RL_ATT_ADJ_GAIN_28800_80MS", "RL_ATT_ADJ_GAIN_57600_80MS", "RL_ATT_ADJ_GAIN_115200_80MS",
+              "RL_ATT_ADJ_GAIN_259200_80MS"});
+}
+
+template <class W>
+void layout(W& w, FD_PCNM_RPC_ADJ& r, const Ctx& c) {
+  switch (r.type) {
+    case 0: rpc_channel_gains(w, r, c); break;
+    case 1: rpc_basic_rate_gains(w, r, c); break;
+    case 2: rpc_high_rate_gains(w, r, c); break;
+    case 3:
+      if (c.p_rev < kRelC) break;
+      if (!w.need(1)) return;
+      w.u(r.RL_CQICH_ATT_ADJ_GAIN_TYPE, "RL_CQICH_ATT_ADJ_GAIN_TYPE", 1);
+      if (!gain_group(w, r.CQICH_HIGH, "RL_CQICH_ATT_ADJ_GAIN_HIGH_INCL", {"RL_CQICH_ATT_ADJ_GAIN_HIGH"})) return;
+      gain_group(w, r.CQICH_LOW, "RL_CQICH_ATT_ADJ_GAIN_LOW_INCL", {"RL_CQICH_ATT_ADJ_GAIN_LOW"});
+      break;
+    default:
+      break;   // reserved types: the record length carries the walk past them
+  }
+}
+
+struct FD_PCNM_RPC_REC {
+  std::uint8_t RPC_ADJ_REC_TYPE;
+  std::uint8_t RPC_ADJ_REC_LEN;
+  FD_PCNM_RPC_ADJ ADJ;
+};
+
+template <class W>
+void layout(W& w, FD_PCNM_RPC_REC& r, const Ctx& c) {
+  if (!w.need(9)) return;
+  w.u(r.RPC_ADJ_REC_TYPE, "RPC_ADJ_REC_TYPE", 4);
+  w.u(r.RPC_ADJ_REC_LEN, "RPC_ADJ_REC_LEN", 5);
+  // The record's layout depends on the type read just before it.
+  if constexpr (W::kReading) r.ADJ.type = r.RPC_ADJ_REC_TYPE;
+  if (r.RPC_ADJ_REC_LEN == 0) return;
+  if (!w.need(8u * r.RPC_ADJ_REC_LEN)) return;
+  w.sized("TypeSpecificFields", "FD_PCNM_RPC_RECs_TypeSpecificFields", r.ADJ, 8u * r.RPC_ADJ_REC_LEN, c);
+}
+
+struct FD_PCNM {
+  std::uint8_t PWR_CNTL_STEP;
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint8_t FPC_INCL;
+  std::uint8_t FPC_MODE;
+  std::uint8_t FPC_PRI_CHAN;
+  std::uint8_t FPC_OLPC_FCH_INCL;
+  std::uint8_t FPC_FCH_FER;
+  std::uint8_t FPC_FCH_MIN_SETPT;
+  std::uint8_t FPC_FCH_MAX_SETPT;
+  std::uint8_t FPC_OLPC_DCCH_INCL;
+  std::uint8_t FPC_DCCH_FER;
+  std::uint8_t FPC_DCCH_MIN_SETPT;
+  std::uint8_t FPC_DCCH_MAX_SETPT;
+  std::uint8_t FPC_SEC_CHAN;
+  std::uint8_t NUM_SUP;
+  PoolArray<FD_PCNM_SUP> SUPs;
+  std::uint8_t FPC_THRESH_INCL;
+  std::uint8_t FPC_SETPT_THRESH;
+  std::uint8_t FPC_THRESH_SCH_INCL;
+  std::uint8_t FPC_SETPT_THRESH_SCH;
+  std::uint8_t RPC_INCL;
+  std::uint8_t RPC_NUM_REC;
+  PoolArray<FD_PCNM_RPC_REC> RPC_RECs;
+};
+
+template <class W>
+void pcnm_forward(W& w, FD_PCNM& r, const Ctx& c) {
+  if (!w.need(5)) return;
+  w.u(r.FPC_MODE, "FPC_MODE", 3);
+  w.u(r.FPC_PRI_CHAN, "FPC_PRI_CHAN", 1);
+  w.u(r.FPC_OLPC_FCH_INCL, "FPC_OLPC_FCH_INCL", 1);
+  if (r.FPC_OLPC_FCH_INCL) {
+    if (!w.need(21)) return;
+    w.u(r.FPC_FCH_FER, "FPC_FCH_FER", 5);
+    w.u(r.FPC_FCH_MIN_SETPT, "FPC_FCH_MIN_SETPT", 8);
+    w.u(r.FPC_FCH_MAX_SETPT, "FPC_FCH_MAX_SETPT", 8);
+  }
+  if (!w.need(1)) return;
+  w.u(r.FPC_OLPC_DCCH_INCL, "FPC_OLPC_DCCH_INCL", 1);
+  if (r.FPC_OLPC_DCCH_INCL) {
+    if (!w.need(21)) return;
+    w.u(r.FPC_DCCH_FER, "FPC_DCCH_FER", 5);
+    w.u(r.FPC_DCCH_MIN_SETPT, "FPC_DCCH_MIN_SETPT", 8);
+    w.u(r.FPC_DCCH_MAX_SETPT, "FPC_DCCH_MAX_SETPT", 8);
+  }
+  // Only the modes with a secondary power control subchannel ('001', '010') name it.
+  if (r.FPC_MODE == 1 || r.FPC_MODE == 2) {
+    if (!w.need(1)) return;
+    w.u(r.FPC_SEC_CHAN, "FPC_SEC_CHAN", 1);
+  }
+  if (!w.need(2)) return;
+  w.u(r.NUM_SUP, "NUM_SUP", 2);
+  if (!w.counted("SUPs", "FD_PCNM_SUPs", r.SUPs, r.NUM_SUP, c)) return;
+  if (!w.need(1)) return;
+  w.u(r.FPC_THRESH_INCL, "FPC_THRESH_INCL", 1);
+  if (r.FPC_THRESH_INCL) {
+    if (!w.need(8)) return;
+    w.u(r.FPC_SETPT_THRESH, "FPC_SETPT_THRESH", 8);
+  }
+  if (!w.need(1)) return;
+  w.u(r.FPC_THRESH_SCH_INCL, "FPC_THRESH_SCH_INCL", 1);
+  if (r.FPC_THRESH_SCH_INCL) {
+    if (!w.need(8)) return;
+    w.u(r.FPC_SETPT_THRESH_SCH, "FPC_SETPT_THRESH_SCH", 8);
+  }
+}
+
+template <class W>
+void layout(W& w, FD_PCNM& r, const Ctx& c) {
+  if (!w.need(3)) return;
+  w.u(r.PWR_CNTL_STEP, "PWR_CNTL_STEP", 3);
+  if (c.p_rev < kRel0) return;
+  if (!w.need(1)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  if (r.USE_TIME) {
+    if (!w.need(6)) return;
+    w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  }
+  if (!w.need(1)) return;
+  w.u(r.FPC_INCL, "FPC_INCL", 1);
+  if (r.FPC_INCL) {
+    pcnm_forward(w, r, c);
+  }
+  if (!w.need(1)) return;
+  w.u(r.RPC_INCL, "RPC_INCL", 1);
+  if (r.RPC_INCL) {
+    if (!w.need(2)) return;
+    w.u(r.RPC_NUM_REC, "RPC_NUM_REC", 2);
+    w.counted("RPC_RECs", "FD_PCNM_RPC_RECs", r.RPC_RECs, r.RPC_NUM_REC, c);
+  }
+}
+
+// ---- Power Up Function Message (29) -----------------------------------------------------
+
+struct FD_PUFM {
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint8_t ACTION_TIME_FRAME;
+  std::uint8_t PUF_SETUP_SIZE;
+  std::uint8_t PUF_PULSE_SIZE;
+  std::uint16_t PUF_INTERVAL;
+  std::uint8_t PUF_INIT_PWR;
+  std::uint8_t PUF_PWR_STEP;
+  std::uint8_t TOTAL_PUF_PROBES;
+  std::uint8_t MAX_PWR_PUF;
+  std::uint8_t PUF_FREQ_INCL;
+  std::uint8_t PUF_BAND_CLASS;
+  std::uint16_t PUF_FREQ;
+};
+
+template <class W>
+void layout(W& w, FD_PUFM& r, const Ctx&) {
+  if (!w.need(52)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  w.u(r.ACTION_TIME_FRAME, "ACTION_TIME_FRAME", 2);
+  w.u(r.PUF_SETUP_SIZE, "PUF_SETUP_SIZE", 6);
+  w.u(r.PUF_PULSE_SIZE, "PUF_PULSE_SIZE", 7);
+  w.u(r.PUF_INTERVAL, "PUF_INTERVAL", 10);
+  w.u(r.PUF_INIT_PWR, "PUF_INIT_PWR", 6);
+  w.u(r.PUF_PWR_STEP, "PUF_PWR_STEP", 5);
+  w.u(r.TOTAL_PUF_PROBES, "TOTAL_PUF_PROBES", 4);
+  w.u(r.MAX_PWR_PUF, "MAX_PWR_PUF", 4);
+  w.u(r.PUF_FREQ_INCL, "PUF_FREQ_INCL", 1);
+  if (r.PUF_FREQ_INCL) {
+    if (!w.need(16)) return;
+    w.u(r.PUF_BAND_CLASS, "PUF_BAND_CLASS", 5);
+    w.u(r.PUF_FREQ, "PUF_FREQ", 11);
+  }
+}
+
+// ---- Power Up Function Completion Message (30) ------------------------------------------
+
+struct FD_PUFCM {
+  std::uint8_t LOC_IND;
+  std::uint32_t MS_LAT;
+  std::uint32_t MS_LONG;
+  std::uint32_t MS_LOC_TSTAMP;
+};
+
+template <class W>
+void layout(W& w, FD_PUFCM& r, const Ctx&) {
+  if (!w.need(7)) return;
+  w.skip(6);
+  w.u(r.LOC_IND, "LOC_IND", 1);
+  if (r.LOC_IND) {
+    if (!w.need(72)) return;
+    w.skip(3);
+    w.u(r.MS_LAT, "MS_LAT", 22);
+    w.u(r.MS_LONG, "MS_LONG", 23);
+    w.u(r.MS_LOC_TSTAMP, "MS_LOC_TSTAMP", 24);
+  }
+}
+
+// ---- Resource Allocation Message (32) ---------------------------------------------------
+
+struct FD_RAM {
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint8_t FPC_PRI_CHAN;
+};
+
+template <class W>
+void layout(W& w, FD_RAM& r, const Ctx&) {
+  if (!w.need(1)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  if (r.USE_TIME) {
+    if (!w.need(6)) return;
+    w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  }
+  if (!w.need(1)) return;
+  w.u(r.FPC_PRI_CHAN, "FPC_PRI_CHAN", 1);
+}
+
+// ---- Mobile Assisted Burst Operation Parameters Message (36) ----------------------------
+
+struct FD_MABOPM {
+  std::uint8_t ORDER_FLAG;
+  std::uint8_t PS_MIN_DELTA;
+  std::uint8_t ORDER_INTERVAL;
+  std::uint8_t PERIODIC_FLAG;
+  std::uint8_t NUM_PILOTS;
+  std::uint8_t PERIODIC_INTERVAL;
+  std::uint8_t THRESHOLD_FLAG;
+  std::uint8_t PS_FLOOR_HIGH;
+  std::uint8_t PS_FLOOR_LOW;
+  std::uint8_t PS_CEILING_HIGH;
+  std::uint8_t PS_CEILING_LOW;
+  std::uint8_t THRESHOLD_INTERVAL;
+};
+
+template <class W>
+void layout(W& w, FD_MABOPM& r, const Ctx&) {
+  if (!w.need(1)) return;
+  w.u(r.ORDER_FLAG, "ORDER_FLAG", 1);
+  if (r.ORDER_FLAG) {
+    if (!w.need(6)) return;
+    w.u(r.PS_MIN_DELTA, "PS_MIN_DELTA", 3);
+    w.u(r.ORDER_INTERVAL, "ORDER_INTERVAL", 3);
+  }
+  if (!w.need(1)) return;
+  w.u(r.PERIODIC_FLAG, "PERIODIC_FLAG", 1);
+  if (r.PERIODIC_FLAG) {
+    if (!w.need(9)) return;
+    w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
+    w.u(r.PERIODIC_INTERVAL, "PERIODIC_INTERVAL", 6);
+  }
+  if (!w.need(1)) return;
+  w.u(r.THRESHOLD_FLAG, "THRESHOLD_FLAG", 1);
+  if (r.THRESHOLD_FLAG) {
+    if (!w.need(30)) return;
+    w.u(r.PS_FLOOR_HIGH, "PS_FLOOR_HIGH", 6);
+    w.u(r.PS_FLOOR_LOW, "PS_FLOOR_LOW", 6);
+    w.u(r.PS_CEILING_HIGH, "PS_CEILING_HIGH", 6);
+    w.u(r.PS_CEILING_LOW, "PS_CEILING_LOW", 6);
+    w.u(r.THRESHOLD_INTERVAL, "THRESHOLD_INTERVAL", 6);
+  }
+}
+
+// ---- Rate Change Message (51) -----------------------------------------------------------
+
+struct FD_RATCHGM_CQICH_GAIN {
+  std::uint8_t RL_CQICH_ATT_ADJ_GAIN_TYPE;
+  std::uint8_t RL_CQICH_ATT_ADJ_GAIN_HIGH_INCL;
+  std::uint8_t RL_CQICH_ATT_ADJ_GAIN_HIGH;
+  std::uint8_t RL_CQICH_ATT_ADJ_GAIN_LOW_INCL;
+  std::uint8_t RL_CQICH_ATT_ADJ_GAIN_LOW;
+};
+
+template <class W>
+void layout(W& w, FD_RATCHGM_CQICH_GAIN& r, const Ctx&) {
+  if (!w.need(2)) return;
+  w.u(r.RL_CQICH_ATT_ADJ_GAIN_TYPE, "RL_CQICH_ATT_ADJ_GAIN_TYPE", 1);
+  w.u(r.RL_CQICH_ATT_ADJ_GAIN_HIGH_INCL, "RL_CQICH_ATT_ADJ_GAIN_HIGH_INCL", 1);
+  if (r.RL_CQICH_ATT_ADJ_GAIN_HIGH_INCL) {
+    if (!w.need(8)) return;
+    w.u(r.RL_CQICH_ATT_ADJ_GAIN_HIGH, "RL_CQICH_ATT_ADJ_GAIN_HIGH", 8);
+  }
+  if (!w.need(1)) return;
+  w.u(r.RL_CQICH_ATT_ADJ_GAIN_LOW_INCL, "RL_CQICH_ATT_ADJ_GAIN_LOW_INCL", 1);
+  if (r.RL_CQICH_ATT_ADJ_GAIN_LOW_INCL) {
+    if (!w.need(8)) return;
+    w.u(r.RL_CQICH_ATT_ADJ_GAIN_LOW, "RL_CQICH_ATT_ADJ_GAIN_LOW", 8);
+  }
+}
+
+struct FD_RATCHGM {
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint8_t REV_CQICH_RATE_CHANGE_INCL;
+  std::uint8_t FULL_CI_FEEDBACK_IND;
+  std::uint8_t REV_CQICH_REPS;
+  std::uint8_t SWITCHING_PARMS_INCL;
+  std::uint8_t NUM_SOFT_SWITCHING_FRAMES;
+  std::uint8_t NUM_SOFTER_SWITCHING_FRAMES;
+  std::uint8_t CHM_SWITCHING_PARMS_INCL;
+  std::uint8_t NUM_SOFT_SWITCHING_FRAMES_CHM;
+  std::uint8_t NUM_SOFTER_SWITCHING_FRAMES_CHM;
+  std::uint8_t RL_CQICH_ATT_ADJ_GAIN_INCL;
+  std::uint8_t NUM_RECS;
+  PoolArray<FD_RATCHGM_CQICH_GAIN> RECs;
+  std::uint8_t REV_ACKCH_RATE_CHANGE_INCL;
+  std::uint8_t REV_ACKCH_REPS;
+};
+
+template <class W>
+void layout(W& w, FD_RATCHGM& r, const Ctx& c) {
+  if (!w.need(8)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  w.u(r.REV_CQICH_RATE_CHANGE_INCL, "REV_CQICH_RATE_CHANGE_INCL", 1);
+  if (r.REV_CQICH_RATE_CHANGE_INCL) {
+    if (!w.need(4)) return;
+    w.u(r.FULL_CI_FEEDBACK_IND, "FULL_CI_FEEDBACK_IND", 1);
+    w.u(r.REV_CQICH_REPS, "REV_CQICH_REPS", 2);
+    w.u(r.SWITCHING_PARMS_INCL, "SWITCHING_PARMS_INCL", 1);
+    if (r.SWITCHING_PARMS_INCL) {
+      if (!w.need(9)) return;
+      w.u(r.NUM_SOFT_SWITCHING_FRAMES, "NUM_SOFT_SWITCHING_FRAMES", 4);
+      w.u(r.NUM_SOFTER_SWITCHING_FRAMES, "NUM_SOFTER_SWITCHING_FRAMES", 4);
+      w.u(r.CHM_SWITCHING_PARMS_INCL, "CHM_SWITCHING_PARMS_INCL", 1);
+      if (r.CHM_SWITCHING_PARMS_INCL) {
+        if (!w.need(8)) return;
+        w.u(r.NUM_SOFT_SWITCHING_FRAMES_CHM, "NUM_SOFT_SWITCHING_FRAMES_CHM", 4);
+        w.u(r.NUM_SOFTER_SWITCHING_FRAMES_CHM, "NUM_SOFTER_SWITCHING_FRAMES_CHM", 4);
+      }
+    }
+    if (!w.need(1)) return;
+    w.u(r.RL_CQICH_ATT_ADJ_GAIN_INCL, "RL_CQICH_ATT_ADJ_GAIN_INCL", 1);
+    if (r.RL_CQICH_ATT_ADJ_GAIN_INCL) {
+      if (!w.need(1)) return;
+      w.u(r.NUM_RECS, "NUM_RECS", 1);
+      // NUM_RECS is one less than the number of gain records.
+      if (!w.counted("RECs", "FD_RATCHGM_RECs", r.RECs, r.NUM_RECS + 1u, c)) return;
+    }
+  }
+  if (!w.need(1)) return;
+  w.u(r.REV_ACKCH_RATE_CHANGE_INCL, "REV_ACKCH_RATE_CHANGE_INCL", 1);
+  if (r.REV_ACKCH_RATE_CHANGE_INCL) {
+    if (!w.need(2)) return;
+    w.u(r.REV_ACKCH_REPS, "REV_ACKCH_REPS", 2);
+  }
+}
+
+// ---- The table ------------------------------------------------------------------------------
+
+constexpr BodyOps kPcnpm = body_ops<FD_PCNPM>("FD_PCNPM");
+constexpr BodyOps kScam = body_ops<FD_SCAM>("FD_SCAM");
+constexpr BodyOps kPcnm = body_ops<FD_PCNM>("FD_PCNM");
+constexpr BodyOps kPufm = body_ops<FD_PUFM>("FD_PUFM");
+constexpr BodyOps kPufcm = body_ops<FD_PUFCM>("FD_PUFCM");
+constexpr BodyOps kRam = body_ops<FD_RAM>("FD_RAM");
+constexpr BodyOps kMabopm = body_ops<FD_MABOPM>("FD_MABOPM");
+constexpr BodyOps kRatchgm = body_ops<FD_RATCHGM>("FD_RATCHGM");
+
+}  // namespace
+
+const BodyOps* fd_power_body(std::uint8_t msg_type) {
+  switch (msg_type) {
+    case 10: return &kPcnpm;
+    case 24: return &kScam;
+    case 25: return &kPcnm;
+    case 29: return &kPufm;
+    case 30: return &kPufcm;
+    case 32: return &kRam;
+    case 36: return &kMabopm;
+    case 51: return &kRatchgm;
+    default: return nullptr;
+  }
+}
+
+}  // namespace cs

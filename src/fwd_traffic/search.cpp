@@ -1,0 +1,593 @@
+// Forward traffic channel messages about neighbours and searches (C.S0005 3.7.3.3.2.x): the
+// In-Traffic System Parameters, Neighbor List Update, Extended Neighbor List Update and the
+// Candidate Frequency Search Request / Control messages.
+#include <cstddef>
+#include <cstdint>
+
+#include "codec/layout.h"
+#include "fwd_traffic/message_parts.h"
+
+namespace cs {
+namespace {
+
+using namespace fd_parts;
+
+// ---- In-Traffic System Parameters Message (7) ---------------------------------------------
+
+struct FD_ITSPM {
+  std::uint16_t SID;
+  std::uint16_t NID;
+  std::uint8_t SRCH_WIN_A;
+  std::uint8_t SRCH_WIN_N;
+  std::uint8_t SRCH_WIN_R;
+  std::uint8_t T_ADD;
+  std::uint8_t T_DROP;
+  std::uint8_t T_COMP;
+  std::uint8_t T_TDROP;
+  std::uint8_t NGHBR_MAX_AGE;
+  std::uint8_t P_REV;
+  std::uint8_t SOFT_SLOPE;
+  std::uint8_t ADD_INTERCEPT;
+  std::uint8_t DROP_INTERCEPT;
+  std::uint8_t PACKET_ZONE_ID;
+  std::uint8_t EXTENSION;
+  std::uint8_t T_MULCHAN;
+  std::uint8_t BEGIN_PREAMBLE;
+  std::uint8_t RESUME_PREAMBLE;
+  std::uint8_t T_SLOTTED_INCL;
+  std::uint8_t T_SLOTTED;
+  std::uint8_t ENC_SUPPORTED;
+  std::uint8_t SIG_ENCRYPT_SUP;
+  std::uint8_t UI_ENCRYPT_SUP;
+  std::uint8_t CS_SUPPORTED;
+  std::uint8_t CHM_SUPPORTED;
+  std::uint8_t CDMA_OFF_TIME_REP_SUP_IND;
+  std::uint8_t CDMA_OFF_TIME_REP_THRESHOLD_UNIT;
+  std::uint8_t CDMA_OFF_TIME_REP_THRESHOLD;
+  std::uint8_t T_TDROP_RANGE_INCL;
+  std::uint8_t T_TDROP_RANGE;
+  std::uint8_t FOR_PDCH_SUPPORTED;
+  std::uint8_t PDCH_CHM_SUPPORTED;
+  std::uint8_t SDB_SUPPORTED;
+  std::uint8_t MOB_QOS;
+  std::uint8_t MS_INIT_POS_LOC_SUP_IND;
+};
+
+// The fields after P_REV follow the revision the message itself announces: the base station
+// lays the message out by its own P_REV, whatever revision the call is running at.
+template <class W>
+void layout(W& w, FD_ITSPM& r, const Ctx& c) {
+  if (!w.need(67)) return;
+  w.u(r.SID, "SID", 15);
+  w.u(r.NID, "NID", 16);
+  w.u(r.SRCH_WIN_A, "SRCH_WIN_A", 4);
+  w.u(r.SRCH_WIN_N, "SRCH_WIN_N", 4);
+  w.u(r.SRCH_WIN_R, "SRCH_WIN_R", 4);
+  w.u(r.T_ADD, "T_ADD", 6);
+  w.u(r.T_DROP, "T_DROP", 6);
+  w.u(r.T_COMP, "T_COMP", 4);
+  w.u(r.T_TDROP, "T_TDROP", 4);
+  w.u(r.NGHBR_MAX_AGE, "NGHBR_MAX_AGE", 4);
+  if (c.p_rev < kIs95B) return;
+
+  if (!w.need(35)) return;
+  w.u(r.P_REV, "P_REV", 8);
+  w.u(r.SOFT_SLOPE, "SOFT_SLOPE", 6);
+  w.u(r.ADD_INTERCEPT, "ADD_INTERCEPT", 6);
+  w.u(r.DROP_INTERCEPT, "DROP_INTERCEPT", 6);
+  w.u(r.PACKET_ZONE_ID, "PACKET_ZONE_ID", 8);
+  w.u(r.EXTENSION, "EXTENSION", 1);
+  if (r.EXTENSION) {
+    if (!w.need(9)) return;
+    w.u(r.T_MULCHAN, "T_MULCHAN", 3);
+    w.u(r.BEGIN_PREAMBLE, "BEGIN_PREAMBLE", 3);
+    w.u(r.RESUME_PREAMBLE, "RESUME_PREAMBLE", 3);
+  }
+  if (r.P_REV < kRel0) return;
+
+  if (!w.need(1)) return;
+  w.u(r.T_SLOTTED_INCL, "T_SLOTTED_INCL", 1);
+  if (r.T_SLOTTED_INCL) {
+    if (!w.need(8)) return;
+    w.u(r.T_SLOTTED, "T_SLOTTED", 8);
+  }
+  if (r.P_REV < kRelA) return;
+
+  if (!w.need(1)) return;
+  w.u(r.ENC_SUPPORTED, "ENC_SUPPORTED", 1);
+  if (r.ENC_SUPPORTED) {
+    if (!w.need(16)) return;
+    w.u(r.SIG_ENCRYPT_SUP, "SIG_ENCRYPT_SUP", 8);
+    w.u(r.UI_ENCRYPT_SUP, "UI_ENCRYPT_SUP", 8);
+  }
+  if (!w.need(1)) return;
+  w.u(r.CS_SUPPORTED, "CS_SUPPORTED", 1);
+  if (r.P_REV < kRelC) return;
+
+  if (!w.need(2)) return;
+  w.u(r.CHM_SUPPORTED, "CHM_SUPPORTED", 1);
+  w.u(r.CDMA_OFF_TIME_REP_SUP_IND, "CDMA_OFF_TIME_REP_SUP_IND", 1);
+  if (r.CDMA_OFF_TIME_REP_SUP_IND) {
+    if (!w.need(4)) return;
+    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD_UNIT, "CDMA_OFF_TIME_REP_THRESHOLD_UNIT", 1);
+    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD, "CDMA_OFF_TIME_REP_THRESHOLD", 3);
+  }
+  if (!w.need(1)) return;
+  w.u(r.T_TDROP_RANGE_INCL, "T_TDROP_RANGE_INCL", 1);
+  if (r.T_TDROP_RANGE_INCL) {
+    if (!w.need(4)) return;
+    w.u(r.T_TDROP_RANGE, "T_TDROP_RANGE", 4);
+  }
+  if (!w.need(1)) return;
+  w.u(r.FOR_PDCH_SUPPORTED, "FOR_PDCH_SUPPORTED", 1);
+  if (r.FOR_PDCH_SUPPORTED) {
+    if (!w.need(1)) return;
+    w.u(r.PDCH_CHM_SUPPORTED, "PDCH_CHM_SUPPORTED", 1);
+  }
+  if (!w.need(1)) return;
+  w.u(r.SDB_SUPPORTED, "SDB_SUPPORTED", 1);
+  // QoS negotiation only matters where concurrent services are supported.
+  if (r.CS_SUPPORTED) {
+    if (!w.need(1)) return;
+    w.u(r.MOB_QOS, "MOB_QOS", 1);
+  }
+  if (!w.need(1)) return;
+  w.u(r.MS_INIT_POS_LOC_SUP_IND, "MS_INIT_POS_LOC_SUP_IND", 1);
+}
+
+// ---- Neighbor List Update Message (8) ---------------------------------------------------
+
+struct FD_NLUM {
+  std::uint8_t PILOT_INC;
+  PoolArray<std::uint16_t> NGHBR_PN;
+};
+
+template <class W>
+void layout(W& w, FD_NLUM& r, const Ctx&) {
+  if (!w.need(4)) return;
+  w.u(r.PILOT_INC, "PILOT_INC", 4);
+  // The neighbours run to the end of the message; octet padding is shorter than one.
+  std::uint32_t n = r.NGHBR_PN.count;
+  if constexpr (W::kReading) n = fit(w, 9);
+  w.scalars("NGHBR_PN", r.NGHBR_PN, n, 9);
+}
+
+// ---- Additional pilot records (C.S0005 3.7.2.3.2.x pilot record types) ---------------
+
+// The type-specific fields of a neighbour's additional pilot. `type` is a copy of the
+// NGHBR_PILOT_REC_TYPE read before the record, kept for the printer; it is not a field.
+// The record is RECORD_LEN octets whatever the type reads.
+struct AddPilotFields {
+  std::uint8_t type;
+  std::uint8_t TD_POWER_LEVEL;
+  std::uint8_t TD_MODE;
+  std::uint8_t SR3_PRIMARY_PILOT;
+  std::uint8_t SR3_PILOT_POWER1;
+  std::uint8_t SR3_PILOT_POWER2;
+  std::uint8_t QOF;
+  std::uint8_t WALSH_LENGTH;
+  std::uint16_t AUX_PILOT_WALSH;
+  std::uint8_t AUX_TD_POWER_LEVEL;
+  std::uint8_t ADD_INFO_INCL1;
+  std::uint8_t QOF1;
+  std::uint8_t WALSH_LENGTH1;
+  std::uint16_t AUX_PILOT_WALSH1;
+  std::uint8_t ADD_INFO_INCL2;
+  std::uint8_t QOF2;
+  std::uint8_t WALSH_LENGTH2;
+  std::uint16_t AUX_PILOT_WALSH2;
+};
+
+// An auxiliary pilot's Walsh code: QOF, WALSH_LENGTH and a code of 6 + WALSH_LENGTH bits.
+template <class W>
+bool aux_walsh(W& w, std::uint8_t& qof, const char* qof_name, std::uint8_t& len, const char* len_name,
+               std::uint16_t& walsh, const char* walsh_name) {
+  if (!w.need(5)) return false;
+  w.u(qof, qof_name, 2);
+  w.u(len, len_name, 3);
+  if (!w.need(6u + len)) return false;
+  w.u(walsh, walsh_name, 6u + len);
+  return true;
+}
+
+template <class W>
+void layout(W& w, AddPilotFields& r, const Ctx&) {
+  switch (r.type) {
+    case 0:   // 1X common pilot with transmit diversity
+      if (!w.need(4)) return;
+      w.u(r.TD_POWER_LEVEL, "TD_POWER_LEVEL", 2);
+      w.u(r.TD_MODE, "TD_MODE", 2);
+      break;
+    case 1:   // 1X auxiliary pilot
+      aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
+      break;
+    case 2:   // 1X auxiliary pilot with transmit diversity
+      if (!aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_WALSH")) return;
+      if (!w.need(4)) return;
+      w.u(r.AUX_TD_POWER_LEVEL, "AUX_TD_POWER_LEVEL", 2);
+      w.u(r.TD_MODE, "TD_MODE", 2);
+      break;
+    case 3:   // 3X common pilot
+    case 4:   // 3X auxiliary pilot
+      if (!w.need(8)) return;
+      w.u(r.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2);
+      w.u(r.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3);
+      w.u(r.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3);
+      if (r.type == 3) return;
+      if (!aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH")) return;
+      if (!w.need(1)) return;
+      w.u(r.ADD_INFO_INCL1, "ADD_INFO_INCL1", 1);
+      if (r.ADD_INFO_INCL1 &&
+          !aux_walsh(w, r.QOF1, "QOF1", r.WALSH_LENGTH1, "WALSH_LENGTH1", r.AUX_PILOT_WALSH1, "AUX_PILOT_WALSH1"))
+        return;
+      if (!w.need(1)) return;
+      w.u(r.ADD_INFO_INCL2, "ADD_INFO_INCL2", 1);
+      if (r.ADD_INFO_INCL2)
+        aux_walsh(w, r.QOF2, "QOF2", r.WALSH_LENGTH2, "WALSH_LENGTH2", r.AUX_PILOT_WALSH2, "AUX_PILOT_WALSH2");
+      break;
+    default:
+      break;   // reserved types: RECORD_LEN carries the walk past them
+  }
+}
+
+// ADD_PILOT_REC_INCL and, when set, NGHBR_PILOT_REC_TYPE, RECORD_LEN and the record under
+// `header`. Shared by ENLUM and CFSRQM.
+template <class W>
+bool add_pilot_rec(W& w, std::uint8_t& incl, std::uint8_t& type, std::uint8_t& len, AddPilotFields& rec,
+                   const char* header, const Ctx& c) {
+  if (!w.need(1)) return false;
+  w.u(incl, "ADD_PILOT_REC_INCL", 1);
+  if (!incl) return true;
+  if (!w.need(6)) return false;
+  w.u(type, "NGHBR_PILOT_REC_TYPE", 3);
+  w.u(len, "RECORD_LEN", 3);
+  // The record's layout depends on the type read just before it.
+  if constexpr (W::kReading) rec.type = type;
+  if (len == 0) return true;
+  if (!w.need(8u * len)) return false;
+  return w.sized("TypeSpecificFields", header, rec, 8u * len, c);
+}
+
+// NGHBR_SRCH_MODE / CF_NGHBR_SRCH_MODE: '01' priorities, '10' windows, '11' both.
+constexpr bool has_priority(std::uint8_t mode) { return mode == 1 || mode == 3; }
+constexpr bool has_window(std::uint8_t mode) { return mode == 2 || mode == 3; }
+
+// ---- Extended Neighbor List Update Message (26) -----------------------------------------
+
+// The neighbour records depend on message-level flags; the message hands them down in a
+// Ctx of this type (every record below is reached only from the message's layout).
+struct NghbrCtx : Ctx {
+  std::uint8_t srch_mode;
+  std::uint8_t use_timing;
+  std::uint8_t global_timing;
+  std::uint8_t srch_offset;
+  const char* pilot_rec_header;   // header of the additional pilot records' fields
+};
+
+struct FD_ENLUM_NGHBR {
+  std::uint16_t NGHBR_PN;
+  std::uint8_t SEARCH_PRIORITY;
+  std::uint8_t SRCH_WIN_NGHBR;
+  std::uint8_t TIMING_INCL;
+  std::uint8_t NGHBR_TX_OFFSET;
+  std::uint8_t NGHBR_TX_DURATION;
+  std::uint8_t NGHBR_TX_PERIOD;
+};
+
+template <class W>
+void layout(W& w, FD_ENLUM_NGHBR& r, const Ctx& c) {
+  const auto& n = static_cast<const NghbrCtx&>(c);
+  if (!w.need(9)) return;
+  w.u(r.NGHBR_PN, "NGHBR_PN", 9);
+  if (has_priority(n.srch_mode)) {
+    if (!w.need(2)) return;
+    w.u(r.SEARCH_PRIORITY, "SEARCH_PRIORITY", 2);
+  }
+  if (has_window(n.srch_mode)) {
+    if (!w.need(4)) return;
+    w.u(r.SRCH_WIN_NGHBR, "SRCH_WIN_NGHBR", 4);
+  }
+  if (!n.use_timing) return;
+  if (!w.need(1)) return;
+  w.u(r.TIMING_INCL, "TIMING_INCL", 1);
+  if (!r.TIMING_INCL) return;
+  if (!w.need(7)) return;
+  w.u(r.NGHBR_TX_OFFSET, "NGHBR_TX_OFFSET", 7);
+  if (!n.global_timing) {
+    if (!w.need(11)) return;
+    w.u(r.NGHBR_TX_DURATION, "NGHBR_TX_DURATION", 4);
+    w.u(r.NGHBR_TX_PERIOD, "NGHBR_TX_PERIOD", 7);
+  }
+}
+
+struct FD_ENLUM_ADD_NGHBR {
+  std::uint8_t ADD_PILOT_REC_INCL;
+  std::uint8_t NGHBR_PILOT_REC_TYPE;
+  std::uint8_t RECORD_LEN;
+  AddPilotFields TYPE_SPECIFIC_FIELDS;
+  std::uint8_t SRCH_OFFSET_NGHBR;
+};
+
+template <class W>
+void layout(W& w, FD_ENLUM_ADD_NGHBR& r, const Ctx& c) {
+  const auto& n = static_cast<const NghbrCtx&>(c);
+  if (!add_pilot_rec(w, r.ADD_PILOT_REC_INCL, r.NGHBR_PILOT_REC_TYPE, r.RECORD_LEN, r.TYPE_SPECIFIC_FIELDS,
+                     n.pilot_rec_header, c))
+    return;
+  if (n.srch_offset && has_window(n.srch_mode)) {
+    if (!w.need(3)) return;
+    w.u(r.SRCH_OFFSET_NGHBR, "SRCH_OFFSET_NGHBR", 3);
+  }
+}
+
+struct FD_ENLUM {
+  std::uint8_t PILOT_INC;
+  std::uint8_t NGHBR_SRCH_MODE;
+  std::uint8_t SRCH_WIN_N;
+  std::uint8_t USE_TIMING;
+  std::uint8_t GLOBAL_TIMING_INCL;
+  std::uint8_t GLOBAL_TX_DURATION;
+  std::uint8_t GLOBAL_TX_PERIOD;
+  std::uint8_t NUM_NGHBR;
+  PoolArray<FD_ENLUM_NGHBR> NGHBRs;
+  std::uint8_t SRCH_OFFSET_INCL;
+  PoolArray<FD_ENLUM_ADD_NGHBR> ADD_NGHBRs;
+  std::uint8_t RESQ_ENABLED;
+  std::uint8_t RESQ_DELAY_TIME;
+  std::uint8_t RESQ_ALLOWED_TIME;
+  std::uint8_t RESQ_ATTEMPT_TIME;
+  std::uint16_t RESQ_CODE_CHAN;
+  std::uint8_t RESQ_QOF;
+  std::uint8_t RESQ_MIN_PERIOD_INCL;
+  std::uint8_t RESQ_MIN_PERIOD;
+  std::uint8_t RESQ_NUM_TOT_TRANS_INCL;
+  std::uint8_t RESQ_NUM_TOT_TRANS_20MS;
+  std::uint8_t RESQ_NUM_TOT_TRANS_5MS;
+  std::uint8_t RESQ_NUM_PREAMBLE;
+  std::uint8_t RESQ_POWER_DELTA;
+  PoolArray<std::uint8_t> NGHBR_RESQ_CONFIGURED;
+};
+
+template <class W>
+void layout(W& w, FD_ENLUM& r, const Ctx& c) {
+  if (!w.need(11)) return;
+  w.u(r.PILOT_INC, "PILOT_INC", 4);
+  w.u(r.NGHBR_SRCH_MODE, "NGHBR_SRCH_MODE", 2);
+  w.u(r.SRCH_WIN_N, "SRCH_WIN_N", 4);
+  w.u(r.USE_TIMING, "USE_TIMING", 1);
+  if (r.USE_TIMING) {
+    if (!w.need(1)) return;
+    w.u(r.GLOBAL_TIMING_INCL, "GLOBAL_TIMING_INCL", 1);
+    if (r.GLOBAL_TIMING_INCL) {
+      if (!w.need(11)) return;
+      w.u(r.GLOBAL_TX_DURATION, "GLOBAL_TX_DURATION", 4);
+      w.u(r.GLOBAL_TX_PERIOD, "GLOBAL_TX_PERIOD", 7);
+    }
+  }
+  if (!w.need(6)) return;
+  w.u(r.NUM_NGHBR, "NUM_NGHBR", 6);
+  NghbrCtx n;
+  static_cast<Ctx&>(n) = c;
+  n.srch_mode = r.NGHBR_SRCH_MODE;
+  n.use_timing = r.USE_TIMING;
+  n.global_timing = r.USE_TIMING ? r.GLOBAL_TIMING_INCL : 0;
+  n.srch_offset = 0;
+  n.pilot_rec_header = "FD_ENLUM_ADD_NGHBRs_TypeSpecificFields";
+  if (!w.counted("NGHBRs", "FD_ENLUM_NGHBRs", r.NGHBRs, r.NUM_NGHBR, n)) return;
+  if (c.p_rev < kRel0) return;
+
+  if (!w.need(1)) return;
+  w.u(r.SRCH_OFFSET_INCL, "SRCH_OFFSET_INCL", 1);
+  n.srch_offset = r.SRCH_OFFSET_INCL;
+  if (!w.counted("ADD_NGHBRs", "FD_ENLUM_ADD_NGHBRs", r.ADD_NGHBRs, r.NUM_NGHBR, n)) return;
+  if (c.p_rev < kRelB) return;
+
+  if (!w.need(1)) return;
+  w.u(r.RESQ_ENABLED, "RESQ_ENABLED", 1);
+  if (!r.RESQ_ENABLED) return;
+  if (!w.need(32)) return;
+  w.u(r.RESQ_DELAY_TIME, "RESQ_DELAY_TIME", 6);
+  w.u(r.RESQ_ALLOWED_TIME, "RESQ_ALLOWED_TIME", 6);
+  w.u(r.RESQ_ATTEMPT_TIME, "RESQ_ATTEMPT_TIME", 6);
+  w.u(r.RESQ_CODE_CHAN, "RESQ_CODE_CHAN", 11);
+  w.u(r.RESQ_QOF, "RESQ_QOF", 2);
+  w.u(r.RESQ_MIN_PERIOD_INCL, "RESQ_MIN_PERIOD_INCL", 1);
+  if (r.RESQ_MIN_PERIOD_INCL) {
+    if (!w.need(5)) return;
+    w.u(r.RESQ_MIN_PERIOD, "RESQ_MIN_PERIOD", 5);
+  }
+  if (!w.need(1)) return;
+  w.u(r.RESQ_NUM_TOT_TRANS_INCL, "RESQ_NUM_TOT_TRANS_INCL", 1);
+  if (r.RESQ_NUM_TOT_TRANS_INCL) {
+    if (!w.need(8)) return;
+    w.u(r.RESQ_NUM_TOT_TRANS_20MS, "RESQ_NUM_TOT_TRANS_20MS", 4);
+    w.u(r.RESQ_NUM_TOT_TRANS_5MS, "RESQ_NUM_TOT_TRANS_5MS", 4);
+  }
+  if (!w.need(6)) return;
+  w.u(r.RESQ_NUM_PREAMBLE, "RESQ_NUM_PREAMBLE", 3);
+  w.u(r.RESQ_POWER_DELTA, "RESQ_POWER_DELTA", 3);
+  w.scalars("NGHBR_RESQ_CONFIGURED", r.NGHBR_RESQ_CONFIGURED, r.NUM_NGHBR, 1);
+}
+
+// ---- Candidate Frequency Search Request Message (27) ------------------------------------
+
+struct FD_CFSRQM_PILOT {
+  std::uint16_t NGHBR_PN;
+  std::uint8_t SEARCH_SET;
+  std::uint8_t SEARCH_PRIORITY;
+  std::uint8_t SRCH_WIN_NGHBR;
+};
+
+template <class W>
+void layout(W& w, FD_CFSRQM_PILOT& r, const Ctx& c) {
+  const auto& n = static_cast<const NghbrCtx&>(c);
+  if (!w.need(10)) return;
+  w.u(r.NGHBR_PN, "NGHBR_PN", 9);
+  w.u(r.SEARCH_SET, "SEARCH_SET", 1);
+  if (has_priority(n.srch_mode)) {
+    if (!w.need(2)) return;
+    w.u(r.SEARCH_PRIORITY, "SEARCH_PRIORITY", 2);
+  }
+  if (has_window(n.srch_mode)) {
+    if (!w.need(4)) return;
+    w.u(r.SRCH_WIN_NGHBR, "SRCH_WIN_NGHBR", 4);
+  }
+}
+
+// Mode-specific fields, under SEARCH_MODE / MODE_SPECIFIC_LEN. `mode` is a copy of the
+// message's SEARCH_MODE kept for the printer; it is not a field of the record.
+struct FD_CFSRQM_MODE {
+  std::uint8_t mode;
+  std::uint8_t BAND_CLASS;
+  std::uint16_t CDMA_FREQ;
+  std::uint8_t SF_TOTAL_EC_THRESH;
+  std::uint8_t SF_TOTAL_EC_IO_THRESH;
+  std::uint8_t DIFF_RX_PWR_THRESH;
+  std::uint8_t MIN_TOTAL_PILOT_EC_IO;
+  std::uint8_t CF_T_ADD;
+  std::uint8_t TF_WAIT_TIME;
+  std::uint8_t CF_PILOT_INC;
+  std::uint8_t CF_SRCH_WIN_N;
+  std::uint8_t CF_SRCH_WIN_R;
+  std::uint8_t PILOT_UPDATE;
+  std::uint8_t NUM_PILOTS;
+  std::uint8_t CF_NGHBR_SRCH_MODE;
+  PoolArray<FD_CFSRQM_PILOT> PILOTs;
+  std::uint8_t CF_SRCH_OFFSET_INCL;
+  PoolArray<FD_ENLUM_ADD_NGHBR> ADD_PILOTs;
+  std::uint8_t NUM_ANALOG_FREQS;
+  PoolArray<std::uint16_t> ANALOG_FREQ;
+};
+
+template <class W>
+void layout(W& w, FD_CFSRQM_MODE& r, const Ctx& c) {
+  if (r.mode == 1) {   // analog channels
+    if (!w.need(24)) return;
+    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+    w.u(r.SF_TOTAL_EC_THRESH, "SF_TOTAL_EC_THRESH", 5);
+    w.u(r.SF_TOTAL_EC_IO_THRESH, "SF_TOTAL_EC_IO_THRESH", 5);
+    w.skip(6);
+    w.u(r.NUM_ANALOG_FREQS, "NUM_ANALOG_FREQS", 3);
+    w.scalars("ANALOG_FREQ", r.ANALOG_FREQ, r.NUM_ANALOG_FREQS, 11);
+    return;
+  }
+  if (r.mode != 0) return;   // CDMA pilots; other modes are reserved
+  if (!w.need(64)) return;
+  w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+  w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
+  w.u(r.SF_TOTAL_EC_THRESH, "SF_TOTAL_EC_THRESH", 5);
+  w.u(r.SF_TOTAL_EC_IO_THRESH, "SF_TOTAL_EC_IO_THRESH", 5);
+  w.u(r.DIFF_RX_PWR_THRESH, "DIFF_RX_PWR_THRESH", 5);
+  w.u(r.MIN_TOTAL_PILOT_EC_IO, "MIN_TOTAL_PILOT_EC_IO", 5);
+  w.u(r.CF_T_ADD, "CF_T_ADD", 6);
+  w.u(r.TF_WAIT_TIME, "TF_WAIT_TIME", 4);
+  w.u(r.CF_PILOT_INC, "CF_PILOT_INC", 4);
+  w.u(r.CF_SRCH_WIN_N, "CF_SRCH_WIN_N", 4);
+  w.u(r.CF_SRCH_WIN_R, "CF_SRCH_WIN_R", 4);
+  w.skip(5);
+  w.u(r.PILOT_UPDATE, "PILOT_UPDATE", 1);
+  NghbrCtx n;
+  static_cast<Ctx&>(n) = c;
+  n.use_timing = 0;
+  n.global_timing = 0;
+  n.srch_offset = 0;
+  n.srch_mode = 0;
+  n.pilot_rec_header = "FD_CFSRQM_ADD_PILOTs_TypeSpecificFields";
+  if (r.PILOT_UPDATE) {
+    if (!w.need(8)) return;
+    w.u(r.NUM_PILOTS, "NUM_PILOTS", 6);
+    w.u(r.CF_NGHBR_SRCH_MODE, "CF_NGHBR_SRCH_MODE", 2);
+    n.srch_mode = r.CF_NGHBR_SRCH_MODE;
+    if (!w.counted("PILOTs", "FD_CFSRQM_PILOTs", r.PILOTs, r.NUM_PILOTS, n)) return;
+  }
+  if (c.p_rev < kRel0) return;
+  if (!w.need(1)) return;
+  w.u(r.CF_SRCH_OFFSET_INCL, "CF_SRCH_OFFSET_INCL", 1);
+  n.srch_offset = r.CF_SRCH_OFFSET_INCL;
+  if (r.PILOT_UPDATE) w.counted("ADD_PILOTs", "FD_CFSRQM_ADD_PILOTs", r.ADD_PILOTs, r.NUM_PILOTS, n);
+}
+
+struct FD_CFSRQM {
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint8_t CFSRM_SEQ;
+  std::uint8_t SEARCH_TYPE;
+  std::uint8_t SEARCH_PERIOD;
+  std::uint8_t SEARCH_MODE;
+  std::uint8_t MODE_SPECIFIC_LEN;
+  FD_CFSRQM_MODE MODE;
+  std::uint8_t ALIGN_TIMING;
+  std::uint8_t SEARCH_OFFSET;
+};
+
+template <class W>
+void layout(W& w, FD_CFSRQM& r, const Ctx& c) {
+  if (!w.need(31)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  w.skip(4);
+  w.u(r.CFSRM_SEQ, "CFSRM_SEQ", 2);
+  w.u(r.SEARCH_TYPE, "SEARCH_TYPE", 2);
+  w.u(r.SEARCH_PERIOD, "SEARCH_PERIOD", 4);
+  w.u(r.SEARCH_MODE, "SEARCH_MODE", 4);
+  w.u(r.MODE_SPECIFIC_LEN, "MODE_SPECIFIC_LEN", 8);
+  // The mode-specific fields are laid out by the mode read just before them.
+  if constexpr (W::kReading) r.MODE.mode = r.SEARCH_MODE;
+  if (!w.need(8u * r.MODE_SPECIFIC_LEN)) return;
+  if (r.MODE_SPECIFIC_LEN &&
+      !w.sized("MODE_SPECIFIC_FIELDS", "FD_CFSRQM_MODE_SPECIFIC_FIELDS", r.MODE, 8u * r.MODE_SPECIFIC_LEN, c))
+    return;
+  if (c.p_rev < kRel0) return;
+  if (!w.need(1)) return;
+  w.u(r.ALIGN_TIMING, "ALIGN_TIMING", 1);
+  if (r.ALIGN_TIMING) {
+    if (!w.need(6)) return;
+    w.u(r.SEARCH_OFFSET, "SEARCH_OFFSET", 6);
+  }
+}
+
+// ---- Candidate Frequency Search Control Message (28) ------------------------------------
+
+struct FD_CFSCNM {
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint8_t CFSCM_SEQ;
+  std::uint8_t SEARCH_TYPE;
+  std::uint8_t ALIGN_TIMING;
+};
+
+template <class W>
+void layout(W& w, FD_CFSCNM& r, const Ctx& c) {
+  if (!w.need(11)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  w.u(r.CFSCM_SEQ, "CFSCM_SEQ", 2);
+  w.u(r.SEARCH_TYPE, "SEARCH_TYPE", 2);
+  if (c.p_rev >= kRel0) {
+    if (!w.need(1)) return;
+    w.u(r.ALIGN_TIMING, "ALIGN_TIMING", 1);
+  }
+}
+
+// ---- The table ------------------------------------------------------------------------------
+
+constexpr BodyOps kItspm = body_ops<FD_ITSPM>("FD_ITSPM");
+constexpr BodyOps kNlum = body_ops<FD_NLUM>("FD_NLUM");
+constexpr BodyOps kEnlum = body_ops<FD_ENLUM>("FD_ENLUM");
+constexpr BodyOps kCfsrqm = body_ops<FD_CFSRQM>("FD_CFSRQM");
+constexpr BodyOps kCfscnm = body_ops<FD_CFSCNM>("FD_CFSCNM");
+
+}  // namespace
+
+const BodyOps* fd_search_body(std::uint8_t msg_type) {
+  switch (msg_type) {
+    case 7: return &kItspm;
+    case 8: return &kNlum;
+    case 26: return &kEnlum;
+    case 27: return &kCfsrqm;
+    case 28: return &kCfscnm;
+    default: return nullptr;
+  }
+}
+
+}  // namespace cs
