@@ -1,7 +1,1087 @@
+// Overhead parameter messages of the paging / forward common channel (C.S0005 3.7.2.3.2):
+// System Parameters (.1), Access Parameters (.2), Extended System Parameters (.13), ANSI-41
+// System Parameters (.30), ANSI-41 RAND (.32) and Enhanced Access Parameters (.33).
+//
+// Each record is laid out once, in air order; the same layout fills the record from the bits
+// and prints it. Presence conditions are re-tested by the printer on what was decoded.
+#include <cstdint>
+
+#include "codec/layout.h"
 #include "fwd_common/bodies.h"
 
 namespace cs {
+namespace {
 
-const BodyOps* overhead_body(std::uint8_t msg_id) { return overhead_list_body(msg_id); }
+using u8 = std::uint8_t;
+using u16 = std::uint16_t;
+using u32 = std::uint32_t;
+
+// ---------------------------------------------------------------------------------------------
+// System Parameters Message (MSG_ID 1)
+
+struct FC_SPM {
+  u16 PILOT_PN;
+  u8 CONFIG_MSG_SEQ;
+  u16 SID, NID, REG_ZONE;
+  u8 TOTAL_ZONES, ZONE_TIMER, MULT_SIDS, MULT_NIDS;
+  u16 BASE_ID;
+  u8 BASE_CLASS, PAGE_CHAN, MAX_SLOT_CYCLE_INDEX;
+  u8 HOME_REG, FOR_SID_REG, FOR_NID_REG, POWER_UP_REG, POWER_DOWN_REG, PARAMETER_REG;
+  u8 REG_PRD;
+  u32 BASE_LAT, BASE_LONG;
+  u16 REG_DIST;
+  u8 SRCH_WIN_A, SRCH_WIN_N, SRCH_WIN_R, NGHBR_MAX_AGE;
+  u8 PWR_REP_THRESH, PWR_REP_FRAMES, PWR_THRESH_ENABLE, PWR_PERIOD_ENABLE, PWR_REP_DELAY;
+  u8 RESCAN, T_ADD, T_DROP, T_COMP, T_TDROP;
+  u8 EXT_SYS_PARAMETER, EXT_NGHBR_LIST, GEN_NGHBR_LIST, GLOBAL_REDIRECT;
+  u8 PRI_NGHBR_LIST, USER_ZONE_ID, EXT_GLOBAL_REDIRECT, EXT_CHAN_LIST;
+  u8 T_TDROP_RANGE_INCL, T_TDROP_RANGE;
+  u8 NEG_SLOT_CYCLE_INDEX_SUP;
+};
+
+template <class W>
+void layout(W& w, FC_SPM& r, const Ctx& c) {
+  if (!w.need(215)) return;   // the fixed part, up to and including EXT_SYS_PARAMETER
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.SID, "SID", 15);
+  w.u(r.NID, "NID", 16);
+  w.u(r.REG_ZONE, "REG_ZONE", 12);
+  w.u(r.TOTAL_ZONES, "TOTAL_ZONES", 3);
+  w.u(r.ZONE_TIMER, "ZONE_TIMER", 3);
+  w.u(r.MULT_SIDS, "MULT_SIDS", 1);
+  w.u(r.MULT_NIDS, "MULT_NIDS", 1);
+  w.u(r.BASE_ID, "BASE_ID", 16);
+  w.u(r.BASE_CLASS, "BASE_CLASS", 4);
+  w.u(r.PAGE_CHAN, "PAGE_CHAN", 3);
+  w.u(r.MAX_SLOT_CYCLE_INDEX, "MAX_SLOT_CYCLE_INDEX", 3);
+  w.u(r.HOME_REG, "HOME_REG", 1);
+  w.u(r.FOR_SID_REG, "FOR_SID_REG", 1);
+  w.u(r.FOR_NID_REG, "FOR_NID_REG", 1);
+  w.u(r.POWER_UP_REG, "POWER_UP_REG", 1);
+  w.u(r.POWER_DOWN_REG, "POWER_DOWN_REG", 1);
+  w.u(r.PARAMETER_REG, "PARAMETER_REG", 1);
+  w.u(r.REG_PRD, "REG_PRD", 7);
+  w.u(r.BASE_LAT, "BASE_LAT", 22);
+  w.u(r.BASE_LONG, "BASE_LONG", 23);
+  w.u(r.REG_DIST, "REG_DIST", 11);
+  w.u(r.SRCH_WIN_A, "SRCH_WIN_A", 4);
+  w.u(r.SRCH_WIN_N, "SRCH_WIN_N", 4);
+  w.u(r.SRCH_WIN_R, "SRCH_WIN_R", 4);
+  w.u(r.NGHBR_MAX_AGE, "NGHBR_MAX_AGE", 4);
+  w.u(r.PWR_REP_THRESH, "PWR_REP_THRESH", 5);
+  w.u(r.PWR_REP_FRAMES, "PWR_REP_FRAMES", 4);
+  w.u(r.PWR_THRESH_ENABLE, "PWR_THRESH_ENABLE", 1);
+  w.u(r.PWR_PERIOD_ENABLE, "PWR_PERIOD_ENABLE", 1);
+  w.u(r.PWR_REP_DELAY, "PWR_REP_DELAY", 5);
+  w.u(r.RESCAN, "RESCAN", 1);
+  w.u(r.T_ADD, "T_ADD", 6);
+  w.u(r.T_DROP, "T_DROP", 6);
+  w.u(r.T_COMP, "T_COMP", 4);
+  w.u(r.T_TDROP, "T_TDROP", 4);
+  w.u(r.EXT_SYS_PARAMETER, "EXT_SYS_PARAMETER", 1);
+
+  // The next two bit positions are always taken. From P_REV 4 both are flags; before that
+  // the PCS bands already had EXT_NGHBR_LIST in the first, and the rest is reserved.
+  if (!w.need(2)) return;
+  if (c.p_rev >= 4) {
+    w.u(r.EXT_NGHBR_LIST, "EXT_NGHBR_LIST", 1);
+    w.u(r.GEN_NGHBR_LIST, "GEN_NGHBR_LIST", 1);
+  } else if (pcs_band(c.band_class)) {
+    w.u(r.EXT_NGHBR_LIST, "EXT_NGHBR_LIST", 1);
+    w.skip(1);
+  } else {
+    w.skip(2);
+  }
+
+  if (!w.need(1)) return;
+  w.u(r.GLOBAL_REDIRECT, "GLOBAL_REDIRECT", 1);
+
+  if (c.p_rev >= 6) {
+    if (!w.need(4)) return;
+    w.u(r.PRI_NGHBR_LIST, "PRI_NGHBR_LIST", 1);
+    w.u(r.USER_ZONE_ID, "USER_ZONE_ID", 1);
+    w.u(r.EXT_GLOBAL_REDIRECT, "EXT_GLOBAL_REDIRECT", 1);
+    w.u(r.EXT_CHAN_LIST, "EXT_CHAN_LIST", 1);
+  }
+  if (c.p_rev >= 9) {
+    if (!w.need(1)) return;
+    w.u(r.T_TDROP_RANGE_INCL, "T_TDROP_RANGE_INCL", 1);
+    if (r.T_TDROP_RANGE_INCL) {
+      if (!w.need(4)) return;
+      w.u(r.T_TDROP_RANGE, "T_TDROP_RANGE", 4);
+    }
+  }
+  if (c.p_rev >= 11) {
+    if (!w.need(1)) return;
+    w.u(r.NEG_SLOT_CYCLE_INDEX_SUP, "NEG_SLOT_CYCLE_INDEX_SUP", 1);
+  }
+}
+
+// ---------------------------------------------------------------------------------------------
+// Access Parameters Message (MSG_ID 2)
+
+// The access-control records carry their AOC bitmap only when the message's
+// ACCT_AOC_BITMAP_INCL says so; the flag rides along in the context of the records. Only the
+// APM and EAPM layouts walk these records, and they always hand them an AcctCtx.
+struct AcctCtx : Ctx {
+  u8 aoc_bitmap_incl;
+};
+const AcctCtx& acct_ctx(const Ctx& c) { return static_cast<const AcctCtx&>(c); }
+
+struct FC_APM_ACCT_SO_REC {
+  u8 ACCT_AOC_BITMAP1;
+  u16 ACCT_SO;
+};
+
+template <class W>
+void layout(W& w, FC_APM_ACCT_SO_REC& r, const Ctx& c) {
+  if (acct_ctx(c).aoc_bitmap_incl) {
+    if (!w.need(5)) return;
+    w.u(r.ACCT_AOC_BITMAP1, "ACCT_AOC_BITMAP1", 5);
+  }
+  if (!w.need(16)) return;
+  w.u(r.ACCT_SO, "ACCT_SO", 16);
+}
+
+struct FC_APM_ACCT_SO_GRP_REC {
+  u8 ACCT_AOC_BITMAP2;
+  u8 ACCT_SO_GRP;
+};
+
+template <class W>
+void layout(W& w, FC_APM_ACCT_SO_GRP_REC& r, const Ctx& c) {
+  if (acct_ctx(c).aoc_bitmap_incl) {
+    if (!w.need(5)) return;
+    w.u(r.ACCT_AOC_BITMAP2, "ACCT_AOC_BITMAP2", 5);
+  }
+  if (!w.need(5)) return;
+  w.u(r.ACCT_SO_GRP, "ACCT_SO_GRP", 5);
+}
+
+struct FC_APM {
+  u16 PILOT_PN;
+  u8 ACC_MSG_SEQ, ACC_CHAN, NOM_PWR, INIT_PWR, PWR_STEP, NUM_STEP, MAX_CAP_SZ, PAM_SZ;
+  u8 PSIST_0_9, PSIST_10, PSIST_11, PSIST_12, PSIST_13, PSIST_14, PSIST_15, MSG_PSIST, REG_PSIST;
+  u8 PROBE_PN_RAN, ACC_TMO, PROBE_BKOFF, BKOFF, MAX_REQ_SEQ, MAX_RSP_SEQ, AUTH;
+  u32 RAND;
+  u8 NOM_PWR_EXT;
+  u8 PSIST_EMG_INCL, PSIST_EMG;
+  u8 ACCT_INCL, ACCT_INCL_EMG, ACCT_AOC_BITMAP_INCL, ACCT_SO_INCL, NUM_ACCT_SO;
+  PoolArray<FC_APM_ACCT_SO_REC> ACCT_SO_RECs;
+  u8 ACCT_SO_GRP_INCL, NUM_ACCT_SO_GRP;
+  PoolArray<FC_APM_ACCT_SO_GRP_REC> ACCT_SO_GRP_RECs;
+};
+
+// NOM_PWR_EXT came with the PCS bands (J-STD-008) and with TSB-74 on the cellular band; from
+// IS-95-B on every band carries it.
+bool has_nom_pwr_ext(const Ctx& c) {
+  return c.p_rev >= 4 || pcs_band(c.band_class) || (c.band_class == 0 && c.p_rev >= 3);
+}
+
+template <class W>
+void layout(W& w, FC_APM& r, const Ctx& c) {
+  if (!w.need(99)) return;   // PILOT_PN .. AUTH
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.ACC_MSG_SEQ, "ACC_MSG_SEQ", 6);
+  w.u(r.ACC_CHAN, "ACC_CHAN", 5);
+  w.u(r.NOM_PWR, "NOM_PWR", 4);
+  w.u(r.INIT_PWR, "INIT_PWR", 5);
+  w.u(r.PWR_STEP, "PWR_STEP", 3);
+  w.u(r.NUM_STEP, "NUM_STEP", 4);
+  w.u(r.MAX_CAP_SZ, "MAX_CAP_SZ", 3);
+  w.u(r.PAM_SZ, "PAM_SZ", 4);
+  w.u(r.PSIST_0_9, "PSIST_0_9", 6);
+  w.u(r.PSIST_10, "PSIST_10", 3);
+  w.u(r.PSIST_11, "PSIST_11", 3);
+  w.u(r.PSIST_12, "PSIST_12", 3);
+  w.u(r.PSIST_13, "PSIST_13", 3);
+  w.u(r.PSIST_14, "PSIST_14", 3);
+  w.u(r.PSIST_15, "PSIST_15", 3);
+  w.u(r.MSG_PSIST, "MSG_PSIST", 3);
+  w.u(r.REG_PSIST, "REG_PSIST", 3);
+  w.u(r.PROBE_PN_RAN, "PROBE_PN_RAN", 4);
+  w.u(r.ACC_TMO, "ACC_TMO", 4);
+  w.u(r.PROBE_BKOFF, "PROBE_BKOFF", 4);
+  w.u(r.BKOFF, "BKOFF", 4);
+  w.u(r.MAX_REQ_SEQ, "MAX_REQ_SEQ", 4);
+  w.u(r.MAX_RSP_SEQ, "MAX_RSP_SEQ", 4);
+  w.u(r.AUTH, "AUTH", 2);
+  if (r.AUTH == 1) {   // '01': authentication on, RAND follows
+    if (!w.need(32)) return;
+    w.u(r.RAND, "RAND", 32);
+  }
+  if (has_nom_pwr_ext(c)) {
+    if (!w.need(1)) return;
+    w.u(r.NOM_PWR_EXT, "NOM_PWR_EXT", 1);
+  }
+  if (c.p_rev < 7) return;
+
+  if (!w.need(1)) return;
+  w.u(r.PSIST_EMG_INCL, "PSIST_EMG_INCL", 1);
+  if (r.PSIST_EMG_INCL) {
+    if (!w.need(3)) return;
+    w.u(r.PSIST_EMG, "PSIST_EMG", 3);
+  }
+  if (!w.need(1)) return;
+  w.u(r.ACCT_INCL, "ACCT_INCL", 1);
+  if (!r.ACCT_INCL) return;
+
+  if (!w.need(3)) return;
+  w.u(r.ACCT_INCL_EMG, "ACCT_INCL_EMG", 1);
+  w.u(r.ACCT_AOC_BITMAP_INCL, "ACCT_AOC_BITMAP_INCL", 1);
+  w.u(r.ACCT_SO_INCL, "ACCT_SO_INCL", 1);
+  AcctCtx ac;
+  static_cast<Ctx&>(ac) = c;
+  ac.aoc_bitmap_incl = r.ACCT_AOC_BITMAP_INCL;
+  if (r.ACCT_SO_INCL) {
+    if (!w.need(4)) return;
+    w.u(r.NUM_ACCT_SO, "NUM_ACCT_SO", 4);
+    // NUM_ACCT_SO is one less than the number of records.
+    if (!w.counted("ACCT_SO_RECs", "FC_APM_ACCT_SO_RECs", r.ACCT_SO_RECs, r.NUM_ACCT_SO + 1u, ac)) return;
+  }
+  if (!w.need(1)) return;
+  w.u(r.ACCT_SO_GRP_INCL, "ACCT_SO_GRP_INCL", 1);
+  if (r.ACCT_SO_GRP_INCL) {
+    if (!w.need(3)) return;
+    w.u(r.NUM_ACCT_SO_GRP, "NUM_ACCT_SO_GRP", 3);
+    if (!w.counted("ACCT_SO_GRP_RECs", "FC_APM_ACCT_SO_GRP_RECs", r.ACCT_SO_GRP_RECs, r.NUM_ACCT_SO_GRP + 1u, ac))
+      return;
+  }
+}
+
+// ---------------------------------------------------------------------------------------------
+// Extended System Parameters Message (MSG_ID 13)
+
+// MEID_REQD is left out only when EXT_PREF_MSID_TYPE is '11' with PREF_MSID_TYPE '00' or '11'.
+bool has_meid_reqd(u8 pref_msid_type, u8 ext_pref_msid_type) {
+  return !(ext_pref_msid_type == 3 && (pref_msid_type == 0 || pref_msid_type == 3));
+}
+
+// A candidate band class the mobile station is asked about (P_REV 10).
+struct FC_ESPM_CAND_BAND_CLASS {
+  u8 CAND_BAND_CLASS, SUBCLASS_INFO_INCL, SUBCLASS_REC_LEN;
+  PoolArray<u8> BAND_SUBCLASS_IND;
+};
+
+template <class W>
+void layout(W& w, FC_ESPM_CAND_BAND_CLASS& r, const Ctx&) {
+  if (!w.need(6)) return;
+  w.u(r.CAND_BAND_CLASS, "CAND_BAND_CLASS", 5);
+  w.u(r.SUBCLASS_INFO_INCL, "SUBCLASS_INFO_INCL", 1);
+  if (r.SUBCLASS_INFO_INCL) {
+    if (!w.need(5)) return;
+    w.u(r.SUBCLASS_REC_LEN, "SUBCLASS_REC_LEN", 5);
+    // One indicator per subclass, SUBCLASS_REC_LEN + 1 of them.
+    w.scalars("BAND_SUBCLASS_IND", r.BAND_SUBCLASS_IND, r.SUBCLASS_REC_LEN + 1u, 1);
+  }
+}
+
+struct FC_ESPM_PDCCH_WALSH {
+  u8 FOR_PDCCH_WALSH;
+};
+
+template <class W>
+void layout(W& w, FC_ESPM_PDCCH_WALSH& r, const Ctx&) {
+  if (!w.need(6)) return;
+  w.u(r.FOR_PDCCH_WALSH, "FOR_PDCCH_WALSH", 6);
+}
+
+struct FC_ESPM {
+  u16 PILOT_PN;
+  u8 CONFIG_MSG_SEQ, DELETE_FOR_TMSI, USE_TMSI, PREF_MSID_TYPE;
+  u16 MCC;
+  u8 IMSI_11_12, TMSI_ZONE_LEN;
+  Bytes TMSI_ZONE;
+  u8 BCAST_INDEX;
+  // IS-95-B
+  u8 IMSI_T_SUPPORTED, P_REV, MIN_P_REV, SOFT_SLOPE, ADD_INTERCEPT, DROP_INTERCEPT, PACKET_ZONE_ID;
+  u8 MAX_NUM_ALT_SO, RESELECT_INCLUDED, EC_THRESH, EC_I0_THRESH, PILOT_REPORT;
+  u8 NGHBR_SET_ENTRY_INFO, ACC_ENT_HO_ORDER, NGHBR_SET_ACCESS_INFO, ACCESS_HO, ACCESS_HO_MSG_RSP;
+  u8 ACCESS_PROBE_HO, ACC_HO_LIST_UPD, ACC_PROBE_HO_OTHER_MSG, MAX_NUM_PROBE_HO, NGHBR_SET_SIZE;
+  PoolArray<u8> ACCESS_ENTRY_HO, ACCESS_HO_ALLOWED;
+  // IS-2000 release 0
+  u8 BROADCAST_GPS_ASST, QPCH_SUPPORTED, NUM_QPCH, QPCH_RATE, QPCH_POWER_LEVEL_PAGE;
+  u8 QPCH_CCI_SUPPORTED, QPCH_POWER_LEVEL_CONFIG, SDB_SUPPORTED, RLGAIN_TRAFFIC_PILOT;
+  u8 REV_PWR_CNTL_DELAY_INCL, REV_PWR_CNTL_DELAY;
+  // release A
+  u8 AUTO_MSG_SUPPORTED, AUTO_MSG_INTERVAL, MOB_QOS, ENC_SUPPORTED, SIG_ENCRYPT_SUP, UI_ENCRYPT_SUP;
+  u8 USE_SYNC_ID, CS_SUPPORTED, BCCH_SUPPORTED, MS_INIT_POS_LOC_SUP_IND, PILOT_INFO_REQ_SUPPORTED;
+  // release B
+  u8 QPCH_BI_SUPPORTED, QPCH_POWER_LEVEL_BCAST, BAND_CLASS_INFO_REQ, ALT_BAND_CLASS;
+  u8 CDMA_OFF_TIME_REP_SUP_IND, CDMA_OFF_TIME_REP_THRESHOLD_UNIT, CDMA_OFF_TIME_REP_THRESHOLD;
+  // release C
+  u8 CHM_SUPPORTED, RELEASE_TO_IDLE_IND, RECONNECT_MSG_IND, MSG_INTEGRITY_SUP;
+  u8 SIG_INTEGRITY_SUP_INCL, SIG_INTEGRITY_SUP, FOR_PDCH_SUPPORTED, PDCH_CHM_SUPPORTED, PDCH_PARMS_INCL;
+  u8 FOR_PDCH_RLGAIN_INCL, RLGAIN_ACKCH_PILOT, RLGAIN_CQICH_PILOT;
+  u8 NUM_SOFT_SWITCHING_FRAMES, NUM_SOFTER_SWITCHING_FRAMES, NUM_SOFT_SWITCHING_SLOTS, NUM_SOFTER_SWITCHING_SLOTS;
+  u8 PDCH_SOFT_SWITCHING_DELAY, PDCH_SOFTER_SWITCHING_DELAY, WALSH_TABLE_ID, NUM_PDCCH;
+  PoolArray<FC_ESPM_PDCCH_WALSH> PDCCH_WALSHs;
+  u8 IMSI_10_INCL, IMSI_10;
+  // release D
+  u8 MAX_ADD_SERV_INSTANCE, RER_MODE_SUPPORTED, TKZ_MODE_SUPPORTED, TKZ_ID;
+  u8 PZ_HYST_ENABLED, PZ_HYST_INFO_INCL, PZ_HYST_LIST_LEN, PZ_HYST_ACT_TIMER, PZ_HYST_TIMER_MUL, PZ_HYST_TIMER_EXP;
+  u8 EXT_PREF_MSID_TYPE, MEID_REQD, AUTO_FCSO_ALLOWED;
+  u8 REV_PDCH_SUPPORTED, REV_PDCH_PARMS_INCL, REV_PDCH_RLGAIN_INCL;
+  u8 RLGAIN_SPICH_PILOT, RLGAIN_REQCH_PILOT, RLGAIN_PDCCH_PILOT;
+  u8 REV_PDCH_PARMS_1_INCL, REV_PDCH_TABLE_SEL, REV_PDCH_MAX_AUTO_TPR, REV_PDCH_NUM_ARQ_ROUNDS_NORMAL;
+  u8 REV_PDCH_OPER_PARMS_INCL, REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET, REV_PDCH_DEFAULT_PERSISTENCE;
+  u8 REV_PDCH_RESET_PERSISTENCE, REV_PDCH_GRANT_PRECEDENCE, REV_PDCH_MSIB_SUPPORTED;
+  u8 REV_PDCH_SOFT_SWITCHING_RESET_IND;
+  u8 SDB_IN_RCNM_IND, SENDING_BSPM, BSPM_PERIOD_INDEX, CAND_BAND_INFO_REQ, NUM_CAND_BAND_CLASS;
+  PoolArray<FC_ESPM_CAND_BAND_CLASS> CAND_BAND_CLASSs;
+  u8 TX_PWR_LIMIT_INCL, TX_PWR_LIMIT, BYPASS_REG_IND;
+};
+
+template <class W>
+void layout(W& w, FC_ESPM& r, const Ctx& c) {
+  if (!w.need(40)) return;   // PILOT_PN .. TMSI_ZONE_LEN
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.DELETE_FOR_TMSI, "DELETE_FOR_TMSI", 1);
+  w.u(r.USE_TMSI, "USE_TMSI", 1);
+  w.u(r.PREF_MSID_TYPE, "PREF_MSID_TYPE", 2);
+  w.u(r.MCC, "MCC", 10);
+  w.u(r.IMSI_11_12, "IMSI_11_12", 7);
+  w.u(r.TMSI_ZONE_LEN, "TMSI_ZONE_LEN", 4);
+  if (r.TMSI_ZONE_LEN) {   // a zone of no octets has no field to show
+    if (!w.need(8u * r.TMSI_ZONE_LEN)) return;
+    w.bits(r.TMSI_ZONE, "TMSI_ZONE", 8u * r.TMSI_ZONE_LEN);
+  }
+  if (!w.need(3)) return;
+  w.u(r.BCAST_INDEX, "BCAST_INDEX", 3);
+  // IS-95-A and J-STD-008 end here.
+  if (c.p_rev < 4) return;
+
+  if (!w.need(47)) return;   // IMSI_T_SUPPORTED .. RESELECT_INCLUDED
+  w.u(r.IMSI_T_SUPPORTED, "IMSI_T_SUPPORTED", 1);
+  w.u(r.P_REV, "P_REV", 8);
+  w.u(r.MIN_P_REV, "MIN_P_REV", 8);
+  w.u(r.SOFT_SLOPE, "SOFT_SLOPE", 6);
+  w.u(r.ADD_INTERCEPT, "ADD_INTERCEPT", 6);
+  w.u(r.DROP_INTERCEPT, "DROP_INTERCEPT", 6);
+  w.u(r.PACKET_ZONE_ID, "PACKET_ZONE_ID", 8);
+  w.u(r.MAX_NUM_ALT_SO, "MAX_NUM_ALT_SO", 3);
+  w.u(r.RESELECT_INCLUDED, "RESELECT_INCLUDED", 1);
+  if (r.RESELECT_INCLUDED) {
+    if (!w.need(10)) return;
+    w.u(r.EC_THRESH, "EC_THRESH", 5);
+    w.u(r.EC_I0_THRESH, "EC_I0_THRESH", 5);
+  }
+  if (!w.need(2)) return;
+  w.u(r.PILOT_REPORT, "PILOT_REPORT", 1);
+  w.u(r.NGHBR_SET_ENTRY_INFO, "NGHBR_SET_ENTRY_INFO", 1);
+  if (r.NGHBR_SET_ENTRY_INFO) {
+    if (!w.need(1)) return;
+    w.u(r.ACC_ENT_HO_ORDER, "ACC_ENT_HO_ORDER", 1);
+  }
+  if (!w.need(1)) return;
+  w.u(r.NGHBR_SET_ACCESS_INFO, "NGHBR_SET_ACCESS_INFO", 1);
+  if (r.NGHBR_SET_ACCESS_INFO) {
+    if (!w.need(1)) return;
+    w.u(r.ACCESS_HO, "ACCESS_HO", 1);
+    if (r.ACCESS_HO) {
+      if (!w.need(1)) return;
+      w.u(r.ACCESS_HO_MSG_RSP, "ACCESS_HO_MSG_RSP", 1);
+    }
+    if (!w.need(1)) return;
+    w.u(r.ACCESS_PROBE_HO, "ACCESS_PROBE_HO", 1);
+    if (r.ACCESS_PROBE_HO) {
+      if (!w.need(5)) return;
+      w.u(r.ACC_HO_LIST_UPD, "ACC_HO_LIST_UPD", 1);
+      w.u(r.ACC_PROBE_HO_OTHER_MSG, "ACC_PROBE_HO_OTHER_MSG", 1);
+      w.u(r.MAX_NUM_PROBE_HO, "MAX_NUM_PROBE_HO", 3);
+    }
+  }
+  if (r.NGHBR_SET_ENTRY_INFO || r.NGHBR_SET_ACCESS_INFO) {
+    if (!w.need(6)) return;
+    w.u(r.NGHBR_SET_SIZE, "NGHBR_SET_SIZE", 6);
+    if (r.NGHBR_SET_ENTRY_INFO && !w.scalars("ACCESS_ENTRY_HO", r.ACCESS_ENTRY_HO, r.NGHBR_SET_SIZE, 1)) return;
+    if (r.NGHBR_SET_ACCESS_INFO && !w.scalars("ACCESS_HO_ALLOWED", r.ACCESS_HO_ALLOWED, r.NGHBR_SET_SIZE, 1))
+      return;
+  }
+
+  // From here the groups follow the revision the message itself announces in P_REV.
+  if (r.P_REV < 6) return;
+  if (!w.need(2)) return;
+  w.u(r.BROADCAST_GPS_ASST, "BROADCAST_GPS_ASST", 1);
+  w.u(r.QPCH_SUPPORTED, "QPCH_SUPPORTED", 1);
+  if (r.QPCH_SUPPORTED) {
+    if (!w.need(7)) return;
+    w.u(r.NUM_QPCH, "NUM_QPCH", 2);
+    w.u(r.QPCH_RATE, "QPCH_RATE", 1);
+    w.u(r.QPCH_POWER_LEVEL_PAGE, "QPCH_POWER_LEVEL_PAGE", 3);
+    w.u(r.QPCH_CCI_SUPPORTED, "QPCH_CCI_SUPPORTED", 1);
+    if (r.QPCH_CCI_SUPPORTED) {
+      if (!w.need(3)) return;
+      w.u(r.QPCH_POWER_LEVEL_CONFIG, "QPCH_POWER_LEVEL_CONFIG", 3);
+    }
+  }
+  if (!w.need(8)) return;
+  w.u(r.SDB_SUPPORTED, "SDB_SUPPORTED", 1);
+  w.u(r.RLGAIN_TRAFFIC_PILOT, "RLGAIN_TRAFFIC_PILOT", 6);
+  w.u(r.REV_PWR_CNTL_DELAY_INCL, "REV_PWR_CNTL_DELAY_INCL", 1);
+  if (r.REV_PWR_CNTL_DELAY_INCL) {
+    if (!w.need(2)) return;
+    w.u(r.REV_PWR_CNTL_DELAY, "REV_PWR_CNTL_DELAY", 2);
+  }
+
+  if (r.P_REV < 7) return;
+  if (!w.need(1)) return;
+  w.u(r.AUTO_MSG_SUPPORTED, "AUTO_MSG_SUPPORTED", 1);
+  if (r.AUTO_MSG_SUPPORTED) {
+    if (!w.need(3)) return;
+    w.u(r.AUTO_MSG_INTERVAL, "AUTO_MSG_INTERVAL", 3);
+  }
+  if (!w.need(2)) return;
+  w.u(r.MOB_QOS, "MOB_QOS", 1);
+  w.u(r.ENC_SUPPORTED, "ENC_SUPPORTED", 1);
+  if (r.ENC_SUPPORTED) {
+    if (!w.need(16)) return;
+    w.u(r.SIG_ENCRYPT_SUP, "SIG_ENCRYPT_SUP", 8);
+    w.u(r.UI_ENCRYPT_SUP, "UI_ENCRYPT_SUP", 8);
+  }
+  if (!w.need(5)) return;
+  w.u(r.USE_SYNC_ID, "USE_SYNC_ID", 1);
+  w.u(r.CS_SUPPORTED, "CS_SUPPORTED", 1);
+  w.u(r.BCCH_SUPPORTED, "BCCH_SUPPORTED", 1);
+  w.u(r.MS_INIT_POS_LOC_SUP_IND, "MS_INIT_POS_LOC_SUP_IND", 1);
+  w.u(r.PILOT_INFO_REQ_SUPPORTED, "PILOT_INFO_REQ_SUPPORTED", 1);
+
+  if (r.P_REV < 8) return;
+  // The broadcast-indicator fields of the quick paging channel come here, after the release
+  // A fields, not next to the other QPCH fields.
+  if (r.QPCH_SUPPORTED) {
+    if (!w.need(1)) return;
+    w.u(r.QPCH_BI_SUPPORTED, "QPCH_BI_SUPPORTED", 1);
+    if (r.QPCH_BI_SUPPORTED) {
+      if (!w.need(3)) return;
+      w.u(r.QPCH_POWER_LEVEL_BCAST, "QPCH_POWER_LEVEL_BCAST", 3);
+    }
+  }
+  if (!w.need(1)) return;
+  w.u(r.BAND_CLASS_INFO_REQ, "BAND_CLASS_INFO_REQ", 1);
+  if (r.BAND_CLASS_INFO_REQ) {
+    if (!w.need(5)) return;
+    w.u(r.ALT_BAND_CLASS, "ALT_BAND_CLASS", 5);
+  }
+  if (!w.need(1)) return;
+  w.u(r.CDMA_OFF_TIME_REP_SUP_IND, "CDMA_OFF_TIME_REP_SUP_IND", 1);
+  if (r.CDMA_OFF_TIME_REP_SUP_IND) {
+    if (!w.need(4)) return;
+    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD_UNIT, "CDMA_OFF_TIME_REP_THRESHOLD_UNIT", 1);
+    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD, "CDMA_OFF_TIME_REP_THRESHOLD", 3);
+  }
+
+  if (r.P_REV < 9) return;
+  if (!w.need(4)) return;
+  w.u(r.CHM_SUPPORTED, "CHM_SUPPORTED", 1);
+  w.u(r.RELEASE_TO_IDLE_IND, "RELEASE_TO_IDLE_IND", 1);
+  w.u(r.RECONNECT_MSG_IND, "RECONNECT_MSG_IND", 1);
+  w.u(r.MSG_INTEGRITY_SUP, "MSG_INTEGRITY_SUP", 1);
+  if (r.MSG_INTEGRITY_SUP) {
+    if (!w.need(1)) return;
+    w.u(r.SIG_INTEGRITY_SUP_INCL, "SIG_INTEGRITY_SUP_INCL", 1);
+    if (r.SIG_INTEGRITY_SUP_INCL) {
+      if (!w.need(8)) return;
+      w.u(r.SIG_INTEGRITY_SUP, "SIG_INTEGRITY_SUP", 8);
+    }
+  }
+  if (!w.need(1)) return;
+  w.u(r.FOR_PDCH_SUPPORTED, "FOR_PDCH_SUPPORTED", 1);
+  if (r.FOR_PDCH_SUPPORTED) {
+    if (!w.need(2)) return;
+    w.u(r.PDCH_CHM_SUPPORTED, "PDCH_CHM_SUPPORTED", 1);
+    w.u(r.PDCH_PARMS_INCL, "PDCH_PARMS_INCL", 1);
+    if (r.PDCH_PARMS_INCL) {
+      if (!w.need(1)) return;
+      w.u(r.FOR_PDCH_RLGAIN_INCL, "FOR_PDCH_RLGAIN_INCL", 1);
+      if (r.FOR_PDCH_RLGAIN_INCL) {
+        if (!w.need(12)) return;
+        w.u(r.RLGAIN_ACKCH_PILOT, "RLGAIN_ACKCH_PILOT", 6);
+        w.u(r.RLGAIN_CQICH_PILOT, "RLGAIN_CQICH_PILOT", 6);
+      }
+      if (!w.need(34)) return;
+      w.u(r.NUM_SOFT_SWITCHING_FRAMES, "NUM_SOFT_SWITCHING_FRAMES", 4);
+      w.u(r.NUM_SOFTER_SWITCHING_FRAMES, "NUM_SOFTER_SWITCHING_FRAMES", 4);
+      w.u(r.NUM_SOFT_SWITCHING_SLOTS, "NUM_SOFT_SWITCHING_SLOTS", 2);
+      w.u(r.NUM_SOFTER_SWITCHING_SLOTS, "NUM_SOFTER_SWITCHING_SLOTS", 2);
+      w.u(r.PDCH_SOFT_SWITCHING_DELAY, "PDCH_SOFT_SWITCHING_DELAY", 8);
+      w.u(r.PDCH_SOFTER_SWITCHING_DELAY, "PDCH_SOFTER_SWITCHING_DELAY", 8);
+      w.u(r.WALSH_TABLE_ID, "WALSH_TABLE_ID", 3);
+      w.u(r.NUM_PDCCH, "NUM_PDCCH", 3);
+      // NUM_PDCCH is one less than the number of F-PDCCH Walsh codes.
+      if (!w.counted("PDCCH_WALSHs", "FC_ESPM_PDCCH_WALSHs", r.PDCCH_WALSHs, r.NUM_PDCCH + 1u, c)) return;
+    }
+  }
+  if (!w.need(1)) return;
+  w.u(r.IMSI_10_INCL, "IMSI_10_INCL", 1);
+  if (r.IMSI_10_INCL) {
+    if (!w.need(4)) return;
+    w.u(r.IMSI_10, "IMSI_10", 4);
+  }
+
+  if (r.P_REV < 10) return;
+  if (r.CS_SUPPORTED) {
+    if (!w.need(3)) return;
+    w.u(r.MAX_ADD_SERV_INSTANCE, "MAX_ADD_SERV_INSTANCE", 3);
+  }
+  if (!w.need(2)) return;
+  w.u(r.RER_MODE_SUPPORTED, "RER_MODE_SUPPORTED", 1);
+  w.u(r.TKZ_MODE_SUPPORTED, "TKZ_MODE_SUPPORTED", 1);
+  if (r.TKZ_MODE_SUPPORTED) {
+    if (!w.need(8)) return;
+    w.u(r.TKZ_ID, "TKZ_ID", 8);
+  }
+  // Packet-zone hysteresis only means something in a packet zone.
+  if (r.PACKET_ZONE_ID != 0) {
+    if (!w.need(1)) return;
+    w.u(r.PZ_HYST_ENABLED, "PZ_HYST_ENABLED", 1);
+    if (r.PZ_HYST_ENABLED) {
+      if (!w.need(1)) return;
+      w.u(r.PZ_HYST_INFO_INCL, "PZ_HYST_INFO_INCL", 1);
+      if (r.PZ_HYST_INFO_INCL) {
+        if (!w.need(20)) return;
+        w.u(r.PZ_HYST_LIST_LEN, "PZ_HYST_LIST_LEN", 4);
+        w.u(r.PZ_HYST_ACT_TIMER, "PZ_HYST_ACT_TIMER", 8);
+        w.u(r.PZ_HYST_TIMER_MUL, "PZ_HYST_TIMER_MUL", 3);
+        w.u(r.PZ_HYST_TIMER_EXP, "PZ_HYST_TIMER_EXP", 5);
+      }
+    }
+  }
+  if (!w.need(2)) return;
+  w.u(r.EXT_PREF_MSID_TYPE, "EXT_PREF_MSID_TYPE", 2);
+  if (has_meid_reqd(r.PREF_MSID_TYPE, r.EXT_PREF_MSID_TYPE)) {
+    if (!w.need(1)) return;
+    w.u(r.MEID_REQD, "MEID_REQD", 1);
+  }
+  if (!w.need(1)) return;
+  w.u(r.AUTO_FCSO_ALLOWED, "AUTO_FCSO_ALLOWED", 1);
+  if (r.FOR_PDCH_SUPPORTED) {
+    if (!w.need(1)) return;
+    w.u(r.REV_PDCH_SUPPORTED, "REV_PDCH_SUPPORTED", 1);
+    if (r.REV_PDCH_SUPPORTED) {
+      if (!w.need(1)) return;
+      w.u(r.REV_PDCH_PARMS_INCL, "REV_PDCH_PARMS_INCL", 1);
+      if (r.REV_PDCH_PARMS_INCL) {
+        if (!w.need(1)) return;
+        w.u(r.REV_PDCH_RLGAIN_INCL, "REV_PDCH_RLGAIN_INCL", 1);
+        if (r.REV_PDCH_RLGAIN_INCL) {
+          if (!w.need(18)) return;
+          w.u(r.RLGAIN_SPICH_PILOT, "RLGAIN_SPICH_PILOT", 6);
+          w.u(r.RLGAIN_REQCH_PILOT, "RLGAIN_REQCH_PILOT", 6);
+          w.u(r.RLGAIN_PDCCH_PILOT, "RLGAIN_PDCCH_PILOT", 6);
+        }
+        if (!w.need(1)) return;
+        w.u(r.REV_PDCH_PARMS_1_INCL, "REV_PDCH_PARMS_1_INCL", 1);
+        if (r.REV_PDCH_PARMS_1_INCL) {
+          if (!w.need(11)) return;
+          w.u(r.REV_PDCH_TABLE_SEL, "REV_PDCH_TABLE_SEL", 1);
+          w.u(r.REV_PDCH_MAX_AUTO_TPR, "REV_PDCH_MAX_AUTO_TPR", 8);
+          w.u(r.REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, "REV_PDCH_NUM_ARQ_ROUNDS_NORMAL", 2);
+        }
+        if (!w.need(1)) return;
+        w.u(r.REV_PDCH_OPER_PARMS_INCL, "REV_PDCH_OPER_PARMS_INCL", 1);
+        if (r.REV_PDCH_OPER_PARMS_INCL) {
+          if (!w.need(9)) return;
+          w.u(r.REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET, "REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET", 4);
+          w.u(r.REV_PDCH_DEFAULT_PERSISTENCE, "REV_PDCH_DEFAULT_PERSISTENCE", 1);
+          w.u(r.REV_PDCH_RESET_PERSISTENCE, "REV_PDCH_RESET_PERSISTENCE", 1);
+          w.u(r.REV_PDCH_GRANT_PRECEDENCE, "REV_PDCH_GRANT_PRECEDENCE", 1);
+          w.u(r.REV_PDCH_MSIB_SUPPORTED, "REV_PDCH_MSIB_SUPPORTED", 1);
+          w.u(r.REV_PDCH_SOFT_SWITCHING_RESET_IND, "REV_PDCH_SOFT_SWITCHING_RESET_IND", 1);
+        }
+      }
+    }
+  }
+  if (r.RECONNECT_MSG_IND && r.SDB_SUPPORTED) {
+    if (!w.need(1)) return;
+    w.u(r.SDB_IN_RCNM_IND, "SDB_IN_RCNM_IND", 1);
+  }
+  if (!w.need(1)) return;
+  w.u(r.SENDING_BSPM, "SENDING_BSPM", 1);
+  if (r.SENDING_BSPM) {
+    if (!w.need(4)) return;
+    w.u(r.BSPM_PERIOD_INDEX, "BSPM_PERIOD_INDEX", 4);
+  }
+  if (!w.need(1)) return;
+  w.u(r.CAND_BAND_INFO_REQ, "CAND_BAND_INFO_REQ", 1);
+  if (r.CAND_BAND_INFO_REQ) {
+    if (!w.need(3)) return;
+    w.u(r.NUM_CAND_BAND_CLASS, "NUM_CAND_BAND_CLASS", 3);
+    if (!w.counted("CAND_BAND_CLASSs", "FC_ESPM_CAND_BAND_CLASSs", r.CAND_BAND_CLASSs, r.NUM_CAND_BAND_CLASS + 1u,
+                   c))
+      return;
+  }
+  if (!w.need(1)) return;
+  w.u(r.TX_PWR_LIMIT_INCL, "TX_PWR_LIMIT_INCL", 1);
+  if (r.TX_PWR_LIMIT_INCL) {
+    if (!w.need(6)) return;
+    w.u(r.TX_PWR_LIMIT, "TX_PWR_LIMIT", 6);
+  }
+  if (!w.need(2)) return;
+  w.u(r.BYPASS_REG_IND, "BYPASS_REG_IND", 2);
+}
+
+// ---------------------------------------------------------------------------------------------
+// ANSI-41 System Parameters Message (MSG_ID 29), from P_REV 7 on the F-BCCH. The message has no
+// revision field of its own: its later groups follow the caller's P_REV.
+
+struct FC_A41SPM {
+  u16 PILOT_PN;
+  u8 CONFIG_MSG_SEQ;
+  u16 SID, NID;
+  u8 PACKET_ZONE_ID;
+  u16 REG_ZONE;
+  u8 TOTAL_ZONES, ZONE_TIMER, MULT_SIDS, MULT_NIDS;
+  u8 HOME_REG, FOR_SID_REG, FOR_NID_REG, POWER_UP_REG, POWER_DOWN_REG, PARAMETER_REG, REG_PRD;
+  u8 DIST_REG_INCL;
+  u16 REG_DIST;
+  u8 DELETE_FOR_TMSI, USE_TMSI, PREF_MSID_TYPE, TMSI_ZONE_LEN;
+  Bytes TMSI_ZONE;
+  u8 IMSI_T_SUPPORTED, MAX_NUM_ALT_SO, AUTO_MSG_SUPPORTED, AUTO_MSG_INTERVAL, OTHER_INFO_INCL;
+  u16 BASE_ID, MCC;
+  u8 IMSI_11_12, BROADCAST_GPS_ASST, SIG_ENCRYPT_SUP;
+  u8 CS_SUPPORTED, MS_INIT_POS_LOC_SUP_IND;
+  // release C
+  u8 MSG_INTEGRITY_SUP, SIG_INTEGRITY_SUP_INCL, SIG_INTEGRITY_SUP, IMSI_10_INCL, IMSI_10;
+  // release D
+  u8 MAX_ADD_SERV_INSTANCE, TKZ_MODE_SUPPORTED, TKZ_ID, PZ_HYST_ENABLED, PZ_HYST_INFO_INCL;
+  u8 PZ_HYST_LIST_LEN, PZ_HYST_ACT_TIMER, PZ_HYST_TIMER_MUL, PZ_HYST_TIMER_EXP;
+  u8 EXT_PREF_MSID_TYPE, MEID_REQD;
+};
+
+template <class W>
+void layout(W& w, FC_A41SPM& r, const Ctx& c) {
+  if (!w.need(88)) return;   // PILOT_PN .. DIST_REG_INCL
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.SID, "SID", 15);
+  w.u(r.NID, "NID", 16);
+  w.u(r.PACKET_ZONE_ID, "PACKET_ZONE_ID", 8);
+  w.u(r.REG_ZONE, "REG_ZONE", 12);
+  w.u(r.TOTAL_ZONES, "TOTAL_ZONES", 3);
+  w.u(r.ZONE_TIMER, "ZONE_TIMER", 3);
+  w.u(r.MULT_SIDS, "MULT_SIDS", 1);
+  w.u(r.MULT_NIDS, "MULT_NIDS", 1);
+  w.u(r.HOME_REG, "HOME_REG", 1);
+  w.u(r.FOR_SID_REG, "FOR_SID_REG", 1);
+  w.u(r.FOR_NID_REG, "FOR_NID_REG", 1);
+  w.u(r.POWER_UP_REG, "POWER_UP_REG", 1);
+  w.u(r.POWER_DOWN_REG, "POWER_DOWN_REG", 1);
+  w.u(r.PARAMETER_REG, "PARAMETER_REG", 1);
+  w.u(r.REG_PRD, "REG_PRD", 7);
+  w.u(r.DIST_REG_INCL, "DIST_REG_INCL", 1);
+  if (r.DIST_REG_INCL) {
+    if (!w.need(11)) return;
+    w.u(r.REG_DIST, "REG_DIST", 11);
+  }
+  if (!w.need(8)) return;
+  w.u(r.DELETE_FOR_TMSI, "DELETE_FOR_TMSI", 1);
+  w.u(r.USE_TMSI, "USE_TMSI", 1);
+  w.u(r.PREF_MSID_TYPE, "PREF_MSID_TYPE", 2);
+  w.u(r.TMSI_ZONE_LEN, "TMSI_ZONE_LEN", 4);
+  if (r.TMSI_ZONE_LEN) {
+    if (!w.need(8u * r.TMSI_ZONE_LEN)) return;
+    w.bits(r.TMSI_ZONE, "TMSI_ZONE", 8u * r.TMSI_ZONE_LEN);
+  }
+  if (!w.need(5)) return;
+  w.u(r.IMSI_T_SUPPORTED, "IMSI_T_SUPPORTED", 1);
+  w.u(r.MAX_NUM_ALT_SO, "MAX_NUM_ALT_SO", 3);
+  w.u(r.AUTO_MSG_SUPPORTED, "AUTO_MSG_SUPPORTED", 1);
+  if (r.AUTO_MSG_SUPPORTED) {
+    if (!w.need(3)) return;
+    w.u(r.AUTO_MSG_INTERVAL, "AUTO_MSG_INTERVAL", 3);
+  }
+  if (!w.need(1)) return;
+  w.u(r.OTHER_INFO_INCL, "OTHER_INFO_INCL", 1);
+  if (r.OTHER_INFO_INCL) {
+    if (!w.need(42)) return;
+    w.u(r.BASE_ID, "BASE_ID", 16);
+    w.u(r.MCC, "MCC", 10);
+    w.u(r.IMSI_11_12, "IMSI_11_12", 7);
+    w.u(r.BROADCAST_GPS_ASST, "BROADCAST_GPS_ASST", 1);
+    w.u(r.SIG_ENCRYPT_SUP, "SIG_ENCRYPT_SUP", 8);
+  }
+  if (!w.need(2)) return;
+  w.u(r.CS_SUPPORTED, "CS_SUPPORTED", 1);
+  w.u(r.MS_INIT_POS_LOC_SUP_IND, "MS_INIT_POS_LOC_SUP_IND", 1);
+
+  if (c.p_rev < 9) return;
+  if (!w.need(1)) return;
+  w.u(r.MSG_INTEGRITY_SUP, "MSG_INTEGRITY_SUP", 1);
+  if (r.MSG_INTEGRITY_SUP) {
+    if (!w.need(1)) return;
+    w.u(r.SIG_INTEGRITY_SUP_INCL, "SIG_INTEGRITY_SUP_INCL", 1);
+    if (r.SIG_INTEGRITY_SUP_INCL) {
+      if (!w.need(8)) return;
+      w.u(r.SIG_INTEGRITY_SUP, "SIG_INTEGRITY_SUP", 8);
+    }
+  }
+  if (!w.need(1)) return;
+  w.u(r.IMSI_10_INCL, "IMSI_10_INCL", 1);
+  if (r.IMSI_10_INCL) {
+    if (!w.need(4)) return;
+    w.u(r.IMSI_10, "IMSI_10", 4);
+  }
+
+  if (c.p_rev < 10) return;
+  if (r.CS_SUPPORTED) {
+    if (!w.need(3)) return;
+    w.u(r.MAX_ADD_SERV_INSTANCE, "MAX_ADD_SERV_INSTANCE", 3);
+  }
+  if (!w.need(1)) return;
+  w.u(r.TKZ_MODE_SUPPORTED, "TKZ_MODE_SUPPORTED", 1);
+  if (r.TKZ_MODE_SUPPORTED) {
+    if (!w.need(8)) return;
+    w.u(r.TKZ_ID, "TKZ_ID", 8);
+  }
+  // Packet-zone hysteresis only means something in a packet zone.
+  if (r.PACKET_ZONE_ID != 0) {
+    if (!w.need(1)) return;
+    w.u(r.PZ_HYST_ENABLED, "PZ_HYST_ENABLED", 1);
+    if (r.PZ_HYST_ENABLED) {
+      if (!w.need(1)) return;
+      w.u(r.PZ_HYST_INFO_INCL, "PZ_HYST_INFO_INCL", 1);
+      if (r.PZ_HYST_INFO_INCL) {
+        if (!w.need(20)) return;
+        w.u(r.PZ_HYST_LIST_LEN, "PZ_HYST_LIST_LEN", 4);
+        w.u(r.PZ_HYST_ACT_TIMER, "PZ_HYST_ACT_TIMER", 8);
+        w.u(r.PZ_HYST_TIMER_MUL, "PZ_HYST_TIMER_MUL", 3);
+        w.u(r.PZ_HYST_TIMER_EXP, "PZ_HYST_TIMER_EXP", 5);
+      }
+    }
+  }
+
+  if (!w.need(2)) return;
+  w.u(r.EXT_PREF_MSID_TYPE, "EXT_PREF_MSID_TYPE", 2);
+  if (has_meid_reqd(r.PREF_MSID_TYPE, r.EXT_PREF_MSID_TYPE)) {
+    if (!w.need(1)) return;
+    w.u(r.MEID_REQD, "MEID_REQD", 1);
+  }
+}
+
+// ---------------------------------------------------------------------------------------------
+// ANSI-41 RAND Message (MSG_ID 31)
+
+struct FC_A41RANDM {
+  u16 PILOT_PN;
+  u8 ACC_MSG_SEQ;
+  u32 RAND;
+};
+
+template <class W>
+void layout(W& w, FC_A41RANDM& r, const Ctx&) {
+  if (!w.need(47)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.ACC_MSG_SEQ, "ACC_MSG_SEQ", 6);
+  w.u(r.RAND, "RAND", 32);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Enhanced Access Parameters Message (MSG_ID 32)
+
+// Persistence and LAC records count their own length field in PSIST_PARMS_LEN / LAC_PARMS_LEN;
+// the basic- and reservation-access records do not. Lengths too short for their own field
+// leave an empty record, which then reads as too short.
+std::uint64_t octets_after_len(unsigned octets, unsigned len_bits) {
+  return 8u * octets > len_bits ? 8u * octets - len_bits : 0;
+}
+
+struct FC_EAPM_PSIST_PARMS_REC {
+  u8 PSIST_0_9_EACH, PSIST_10_EACH, PSIST_11_EACH, PSIST_12_EACH, PSIST_13_EACH, PSIST_14_EACH, PSIST_15_EACH;
+  u8 PSIST_EMG, MSG_PSIST_EACH, REG_PSIST_EACH;
+};
+
+template <class W>
+void layout(W& w, FC_EAPM_PSIST_PARMS_REC& r, const Ctx&) {
+  if (!w.need(33)) return;
+  w.u(r.PSIST_0_9_EACH, "PSIST_0_9_EACH", 6);
+  w.u(r.PSIST_10_EACH, "PSIST_10_EACH", 3);
+  w.u(r.PSIST_11_EACH, "PSIST_11_EACH", 3);
+  w.u(r.PSIST_12_EACH, "PSIST_12_EACH", 3);
+  w.u(r.PSIST_13_EACH, "PSIST_13_EACH", 3);
+  w.u(r.PSIST_14_EACH, "PSIST_14_EACH", 3);
+  w.u(r.PSIST_15_EACH, "PSIST_15_EACH", 3);
+  w.u(r.PSIST_EMG, "PSIST_EMG", 3);
+  w.u(r.MSG_PSIST_EACH, "MSG_PSIST_EACH", 3);
+  w.u(r.REG_PSIST_EACH, "REG_PSIST_EACH", 3);
+}
+
+struct FC_EAPM_LAC_PARMS_REC {
+  u8 ACC_TMO, MAX_REQ_SEQ, MAX_RSP_SEQ;
+};
+
+template <class W>
+void layout(W& w, FC_EAPM_LAC_PARMS_REC& r, const Ctx&) {
+  if (!w.need(18)) return;
+  w.u(r.ACC_TMO, "ACC_TMO", 6);
+  w.skip(4);   // reserved
+  w.u(r.MAX_REQ_SEQ, "MAX_REQ_SEQ", 4);
+  w.u(r.MAX_RSP_SEQ, "MAX_RSP_SEQ", 4);
+}
+
+struct FC_EAPM_ACCESS_MODE {
+  u8 ACCESS_MODE;
+  u16 ACCESS_MODE_MIN_DURATION, ACCESS_MODE_MAX_DURATION;
+};
+
+template <class W>
+void layout(W& w, FC_EAPM_ACCESS_MODE& r, const Ctx&) {
+  if (!w.need(23)) return;
+  w.u(r.ACCESS_MODE, "ACCESS_MODE", 3);
+  w.u(r.ACCESS_MODE_MIN_DURATION, "ACCESS_MODE_MIN_DURATION", 10);
+  w.u(r.ACCESS_MODE_MAX_DURATION, "ACCESS_MODE_MAX_DURATION", 10);
+}
+
+struct FC_EAPM_MODE_PARM_REC {
+  u8 EACH_PARM_REC_LEN, APPLICABLE_MODES, EACH_NOM_PWR, EACH_INIT_PWR, EACH_PWR_STEP, EACH_NUM_STEP;
+  u8 EACH_PREAMBLE_ENABLED, EACH_PREAMBLE_NUM_FRAC, EACH_PREAMBLE_FRAC_DURATION, EACH_PREAMBLE_OFF_DURATION;
+  u8 EACH_PREAMBLE_ADD_DURATION, EACH_ACCESS_THRESH, EACH_PROBE_BKOFF, EACH_BKOFF;
+  u8 EACH_SLOT, EACH_SLOT_OFFSET1, EACH_SLOT_OFFSET2;
+};
+
+template <class W>
+void layout(W& w, FC_EAPM_MODE_PARM_REC& r, const Ctx&) {
+  [[maybe_unused]] std::uint64_t at = 0;
+  if constexpr (W::kReading) at = w.pos();   // EACH_PARM_REC_LEN counts from its own first bit
+  if (!w.need(30)) return;   // EACH_PARM_REC_LEN .. EACH_PREAMBLE_ENABLED
+  w.u(r.EACH_PARM_REC_LEN, "EACH_PARM_REC_LEN", 4);
+  w.u(r.APPLICABLE_MODES, "APPLICABLE_MODES", 8);
+  w.u(r.EACH_NOM_PWR, "EACH_NOM_PWR", 5);
+  w.u(r.EACH_INIT_PWR, "EACH_INIT_PWR", 5);
+  w.u(r.EACH_PWR_STEP, "EACH_PWR_STEP", 3);
+  w.u(r.EACH_NUM_STEP, "EACH_NUM_STEP", 4);
+  w.u(r.EACH_PREAMBLE_ENABLED, "EACH_PREAMBLE_ENABLED", 1);
+  if (r.EACH_PREAMBLE_ENABLED) {
+    if (!w.need(16)) return;
+    w.u(r.EACH_PREAMBLE_NUM_FRAC, "EACH_PREAMBLE_NUM_FRAC", 4);
+    w.u(r.EACH_PREAMBLE_FRAC_DURATION, "EACH_PREAMBLE_FRAC_DURATION", 4);
+    w.u(r.EACH_PREAMBLE_OFF_DURATION, "EACH_PREAMBLE_OFF_DURATION", 4);
+    w.u(r.EACH_PREAMBLE_ADD_DURATION, "EACH_PREAMBLE_ADD_DURATION", 4);
+  }
+  if (!w.need(32)) return;
+  w.u(r.EACH_ACCESS_THRESH, "EACH_ACCESS_THRESH", 6);
+  w.u(r.EACH_PROBE_BKOFF, "EACH_PROBE_BKOFF", 4);
+  w.u(r.EACH_BKOFF, "EACH_BKOFF", 4);
+  w.u(r.EACH_SLOT, "EACH_SLOT", 6);
+  w.u(r.EACH_SLOT_OFFSET1, "EACH_SLOT_OFFSET1", 6);
+  w.u(r.EACH_SLOT_OFFSET2, "EACH_SLOT_OFFSET2", 6);
+  if constexpr (W::kReading) {
+    // Reading only: the record may declare octets beyond the fields known here (padding or
+    // later additions); they are stepped over, never shown.
+    const std::uint64_t used = w.pos() - at, declared = 8u * r.EACH_PARM_REC_LEN;
+    if (declared > used) {
+      if (!w.need(declared - used)) return;
+      w.skip(declared - used);
+    }
+  }
+}
+
+struct FC_EAPM_BA_PARMS_REC {
+  u8 NUM_EACH_BA, EACH_BA_RATES_SUPPORTED;
+};
+
+template <class W>
+void layout(W& w, FC_EAPM_BA_PARMS_REC& r, const Ctx&) {
+  if (!w.need(13)) return;
+  w.u(r.NUM_EACH_BA, "NUM_EACH_BA", 5);
+  w.u(r.EACH_BA_RATES_SUPPORTED, "EACH_BA_RATES_SUPPORTED", 8);
+}
+
+struct FC_EAPM_RA_PARMS_REC {
+  u8 NUM_EACH_RA, NUM_CACH, CACH_CODE_RATE;
+  PoolArray<u8> CACH_CODE_CHAN;
+  u8 NUM_RCCCH, RCCCH_RATES_SUPPORTED, RCCCH_PREAMBLE_ENABLED;
+  u8 RCCCH_PREAMBLE_NUM_FRAC, RCCCH_PREAMBLE_FRAC_DURATION, RCCCH_PREAMBLE_OFF_DURATION, RCCCH_PREAMBLE_ADD_DURATION;
+  u8 RCCCH_SLOT, RCCCH_SLOT_OFFSET1, RCCCH_SLOT_OFFSET2, RCCCH_NOM_PWR, RCCCH_INIT_PWR;
+  u8 RA_PC_DELAY, EACAM_CACH_DELAY, RCCCH_HO_SUPPORTED, RCCCH_HO_THRESH, EACAM_PCCAM_DELAY;
+  u8 NUM_CPCCH, CPCCH_RATE;
+  PoolArray<u8> CPCCH_CODE_CHAN;
+  u8 NUM_PCSCH_RA;
+};
+
+template <class W>
+void layout(W& w, FC_EAPM_RA_PARMS_REC& r, const Ctx&) {
+  if (!w.need(9)) return;
+  w.u(r.NUM_EACH_RA, "NUM_EACH_RA", 5);
+  w.u(r.NUM_CACH, "NUM_CACH", 3);
+  w.u(r.CACH_CODE_RATE, "CACH_CODE_RATE", 1);
+  // NUM_CACH and NUM_CPCCH are one less than the number of code channels.
+  if (!w.scalars("CACH_CODE_CHAN", r.CACH_CODE_CHAN, r.NUM_CACH + 1u, 8)) return;
+  if (!w.need(14)) return;
+  w.u(r.NUM_RCCCH, "NUM_RCCCH", 5);
+  w.u(r.RCCCH_RATES_SUPPORTED, "RCCCH_RATES_SUPPORTED", 8);
+  w.u(r.RCCCH_PREAMBLE_ENABLED, "RCCCH_PREAMBLE_ENABLED", 1);
+  if (r.RCCCH_PREAMBLE_ENABLED) {
+    if (!w.need(16)) return;
+    w.u(r.RCCCH_PREAMBLE_NUM_FRAC, "RCCCH_PREAMBLE_NUM_FRAC", 4);
+    w.u(r.RCCCH_PREAMBLE_FRAC_DURATION, "RCCCH_PREAMBLE_FRAC_DURATION", 4);
+    w.u(r.RCCCH_PREAMBLE_OFF_DURATION, "RCCCH_PREAMBLE_OFF_DURATION", 4);
+    w.u(r.RCCCH_PREAMBLE_ADD_DURATION, "RCCCH_PREAMBLE_ADD_DURATION", 4);
+  }
+  if (!w.need(38)) return;
+  w.u(r.RCCCH_SLOT, "RCCCH_SLOT", 6);
+  w.u(r.RCCCH_SLOT_OFFSET1, "RCCCH_SLOT_OFFSET1", 6);
+  w.u(r.RCCCH_SLOT_OFFSET2, "RCCCH_SLOT_OFFSET2", 6);
+  w.u(r.RCCCH_NOM_PWR, "RCCCH_NOM_PWR", 5);
+  w.u(r.RCCCH_INIT_PWR, "RCCCH_INIT_PWR", 5);
+  w.u(r.RA_PC_DELAY, "RA_PC_DELAY", 5);
+  w.u(r.EACAM_CACH_DELAY, "EACAM_CACH_DELAY", 4);
+  w.u(r.RCCCH_HO_SUPPORTED, "RCCCH_HO_SUPPORTED", 1);
+  if (r.RCCCH_HO_SUPPORTED) {
+    if (!w.need(4)) return;
+    w.u(r.RCCCH_HO_THRESH, "RCCCH_HO_THRESH", 4);
+  }
+  if (!w.need(9)) return;
+  w.u(r.EACAM_PCCAM_DELAY, "EACAM_PCCAM_DELAY", 5);
+  w.u(r.NUM_CPCCH, "NUM_CPCCH", 2);
+  w.u(r.CPCCH_RATE, "CPCCH_RATE", 2);
+  if (!w.scalars("CPCCH_CODE_CHAN", r.CPCCH_CODE_CHAN, r.NUM_CPCCH + 1u, 8)) return;
+  if (!w.need(7)) return;
+  w.u(r.NUM_PCSCH_RA, "NUM_PCSCH_RA", 7);
+}
+
+struct FC_EAPM_ACCT_SO_REC {
+  u8 ACCT_AOC_BITMAP1;
+  u16 ACCT_SO;
+};
+
+template <class W>
+void layout(W& w, FC_EAPM_ACCT_SO_REC& r, const Ctx& c) {
+  if (acct_ctx(c).aoc_bitmap_incl) {
+    if (!w.need(5)) return;
+    w.u(r.ACCT_AOC_BITMAP1, "ACCT_AOC_BITMAP1", 5);
+  }
+  if (!w.need(16)) return;
+  w.u(r.ACCT_SO, "ACCT_SO", 16);
+}
+
+struct FC_EAPM_ACCT_SO_GRP_REC {
+  u8 ACCT_AOC_BITMAP2, ACCT_SO_GRP;
+};
+
+template <class W>
+void layout(W& w, FC_EAPM_ACCT_SO_GRP_REC& r, const Ctx& c) {
+  if (acct_ctx(c).aoc_bitmap_incl) {
+    if (!w.need(5)) return;
+    w.u(r.ACCT_AOC_BITMAP2, "ACCT_AOC_BITMAP2", 5);
+  }
+  if (!w.need(5)) return;
+  w.u(r.ACCT_SO_GRP, "ACCT_SO_GRP", 5);
+}
+
+struct FC_EAPM {
+  u16 PILOT_PN;
+  u8 ACC_MSG_SEQ, PSIST_PARMS_INCL, PSIST_PARMS_LEN;
+  FC_EAPM_PSIST_PARMS_REC PSIST_PARMS_REC;
+  u8 LAC_PARMS_LEN;
+  FC_EAPM_LAC_PARMS_REC LAC_PARMS_REC;
+  u8 NUM_MODE_SELECTION_ENTRIES;
+  PoolArray<FC_EAPM_ACCESS_MODE> ACCESS_MODEs;
+  u8 RLGAIN_COMMON_PILOT, IC_THRESH, IC_MAX, NUM_MODE_PARM_REC;
+  PoolArray<FC_EAPM_MODE_PARM_REC> MODE_PARM_RECs;
+  u8 BA_PARMS_LEN;
+  FC_EAPM_BA_PARMS_REC BA_PARMS_REC;
+  u8 RA_PARMS_LEN;
+  FC_EAPM_RA_PARMS_REC RA_PARMS_REC;
+  u8 ACCT_INCL, ACCT_INCL_EMG, ACCT_AOC_BITMAP_INCL, ACCT_SO_INCL, NUM_ACCT_SO;
+  PoolArray<FC_EAPM_ACCT_SO_REC> ACCT_SO_RECs;
+  u8 ACCT_SO_GRP_INCL, NUM_ACCT_SO_GRP;
+  PoolArray<FC_EAPM_ACCT_SO_GRP_REC> ACCT_SO_GRP_RECs;
+};
+
+template <class W>
+void layout(W& w, FC_EAPM& r, const Ctx& c) {
+  if (!w.need(16)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.ACC_MSG_SEQ, "ACC_MSG_SEQ", 6);
+  w.u(r.PSIST_PARMS_INCL, "PSIST_PARMS_INCL", 1);
+  if (r.PSIST_PARMS_INCL) {
+    if (!w.need(5)) return;
+    w.u(r.PSIST_PARMS_LEN, "PSIST_PARMS_LEN", 5);
+    if (!w.sized("PSIST_PARMS_REC", "FC_EAPM_PSIST_PARMS_REC", r.PSIST_PARMS_REC,
+                 octets_after_len(r.PSIST_PARMS_LEN, 5), c))
+      return;
+  }
+  if (!w.need(4)) return;
+  w.u(r.LAC_PARMS_LEN, "LAC_PARMS_LEN", 4);
+  if (!w.sized("LAC_PARMS_REC", "FC_EAPM_LAC_PARMS_REC", r.LAC_PARMS_REC, octets_after_len(r.LAC_PARMS_LEN, 4),
+               c))
+    return;
+  if (!w.need(3)) return;
+  w.u(r.NUM_MODE_SELECTION_ENTRIES, "NUM_MODE_SELECTION_ENTRIES", 3);
+  // Counts of the form NUM_... are one less than the number of entries that follow.
+  if (!w.counted("ACCESS_MODEs", "FC_EAPM_ACCESS_MODEs", r.ACCESS_MODEs, r.NUM_MODE_SELECTION_ENTRIES + 1u, c))
+    return;
+  if (!w.need(17)) return;
+  w.u(r.RLGAIN_COMMON_PILOT, "RLGAIN_COMMON_PILOT", 6);
+  w.u(r.IC_THRESH, "IC_THRESH", 4);
+  w.u(r.IC_MAX, "IC_MAX", 4);
+  w.u(r.NUM_MODE_PARM_REC, "NUM_MODE_PARM_REC", 3);
+  if (!w.counted("MODE_PARM_RECs", "FC_EAPM_MODE_PARM_RECs", r.MODE_PARM_RECs, r.NUM_MODE_PARM_REC + 1u, c)) return;
+  if (!w.need(3)) return;
+  w.u(r.BA_PARMS_LEN, "BA_PARMS_LEN", 3);
+  if (r.BA_PARMS_LEN) {
+    if (!w.sized("BA_PARMS_REC", "FC_EAPM_BA_PARMS_REC", r.BA_PARMS_REC, 8u * r.BA_PARMS_LEN, c)) return;
+  }
+  if (!w.need(5)) return;
+  w.u(r.RA_PARMS_LEN, "RA_PARMS_LEN", 5);
+  if (r.RA_PARMS_LEN) {
+    if (!w.sized("RA_PARMS_REC", "FC_EAPM_RA_PARMS_REC", r.RA_PARMS_REC, 8u * r.RA_PARMS_LEN, c)) return;
+  }
+
+  if (!w.need(1)) return;
+  w.u(r.ACCT_INCL, "ACCT_INCL", 1);
+  if (!r.ACCT_INCL) return;
+  if (!w.need(3)) return;
+  w.u(r.ACCT_INCL_EMG, "ACCT_INCL_EMG", 1);
+  w.u(r.ACCT_AOC_BITMAP_INCL, "ACCT_AOC_BITMAP_INCL", 1);
+  w.u(r.ACCT_SO_INCL, "ACCT_SO_INCL", 1);
+  AcctCtx ac;
+  static_cast<Ctx&>(ac) = c;
+  ac.aoc_bitmap_incl = r.ACCT_AOC_BITMAP_INCL;
+  if (r.ACCT_SO_INCL) {
+    if (!w.need(4)) return;
+    w.u(r.NUM_ACCT_SO, "NUM_ACCT_SO", 4);
+    if (!w.counted("ACCT_SO_REC", "FC_EAPM_ACCT_SO_REC", r.ACCT_SO_RECs, r.NUM_ACCT_SO + 1u, ac)) return;
+  }
+  if (!w.need(1)) return;
+  w.u(r.ACCT_SO_GRP_INCL, "ACCT_SO_GRP_INCL", 1);
+  if (r.ACCT_SO_GRP_INCL) {
+    if (!w.need(3)) return;
+    w.u(r.NUM_ACCT_SO_GRP, "NUM_ACCT_SO_GRP", 3);
+    if (!w.counted("ACCT_SO_GRP_REC", "FC_EAPM_ACCT_SO_GRP_REC", r.ACCT_SO_GRP_RECs, r.NUM_ACCT_SO_GRP + 1u, ac))
+      return;
+  }
+}
+
+constexpr BodyOps kSpm = body_ops<FC_SPM>("FC_SPM");
+constexpr BodyOps kApm = body_ops<FC_APM>("FC_APM");
+constexpr BodyOps kEspm = body_ops<FC_ESPM>("FC_ESPM");
+constexpr BodyOps kA41spm = body_ops<FC_A41SPM>("FC_A41SPM");
+constexpr BodyOps kA41randm = body_ops<FC_A41RANDM>("FC_A41RANDM");
+constexpr BodyOps kEapm = body_ops<FC_EAPM>("FC_EAPM");
+
+}  // namespace
+
+const BodyOps* overhead_body(std::uint8_t msg_id) {
+  switch (msg_id) {
+    case 1:
+      return &kSpm;
+    case 2:
+      return &kApm;
+    case 13:
+      return &kEspm;
+    case 29:
+      return &kA41spm;
+    case 31:
+      return &kA41randm;
+    case 32:
+      return &kEapm;
+    default:
+      return overhead_list_body(msg_id);
+  }
+}
 
 }  // namespace cs
