@@ -314,8 +314,8 @@ struct AddPilotCtx : Ctx {
   u8 pilot_rec_type;
 };
 template <class W>
-void layout(W& w, AddPilotRec& r, const Ctx& c) {
-  switch (static_cast<const AddPilotCtx&>(c).pilot_rec_type) {
+void layout(W& w, AddPilotRec& r, const AddPilotCtx& c) {
+  switch (c.pilot_rec_type) {
     case 0:
       if (!w.need(2)) return;
       w.u(r.OTD_POWER_LEVEL, "OTD_POWER_LEVEL", 2);
@@ -347,8 +347,8 @@ struct ChIndCtx : Ctx {
   u8 ch_ind;
 };
 template <class W>
-void layout(W& w, Am4PilotRec& r, const Ctx& c) {
-  const unsigned ch_ind = static_cast<const ChIndCtx&>(c).ch_ind;
+void layout(W& w, Am4PilotRec& r, const ChIndCtx& c) {
+  const unsigned ch_ind = c.ch_ind;
   if (!w.need(10)) return;
   w.u(r.PILOT_PN, "PILOT_PN", 9);
   w.u(r.ADD_PILOT_REC_INCL, "ADD_PILOT_REC_INCL", 1);
@@ -387,8 +387,8 @@ struct Am4Ctx : Ctx {
   u8 ch_ind, num_pilots;
 };
 template <class W>
-void layout(W& w, Am4ChRecord& r, const Ctx& c) {
-  const auto& mc = static_cast<const Am4Ctx&>(c);
+void layout(W& w, Am4ChRecord& r, const Am4Ctx& c) {
+  const auto& mc = c;
   switch (mc.ch_ind) {
     case 1:
       if (!w.need(29)) return;

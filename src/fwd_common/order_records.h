@@ -146,8 +146,8 @@ struct F_BCMC_ORDER_BCMC_PROGRAMS_FLOW_DISCRIMINATOR_RECORDs {
   u8 BCMC_FLOW_DISCRIMINATOR, SAME_AS_PREVIOUS_BCMC_FLOW, CLEAR_RETRY_DELAY, BCMC_REASON, BCMC_RETRY_DELAY;
 };
 template <class W>
-void layout(W& w, F_BCMC_ORDER_BCMC_PROGRAMS_FLOW_DISCRIMINATOR_RECORDs& r, const Ctx& c) {
-  const unsigned len = static_cast<const BcmcCtx&>(c).flow_len;
+void layout(W& w, F_BCMC_ORDER_BCMC_PROGRAMS_FLOW_DISCRIMINATOR_RECORDs& r, const BcmcCtx& c) {
+  const unsigned len = c.flow_len;
   if (!w.need(len + 1)) return;
   if (len != 0) w.u(r.BCMC_FLOW_DISCRIMINATOR, "BCMC_FLOW_DISCRIMINATOR", len);
   w.u(r.SAME_AS_PREVIOUS_BCMC_FLOW, "SAME_AS_PREVIOUS_BCMC_FLOW", 1);

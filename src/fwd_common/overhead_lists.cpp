@@ -165,8 +165,8 @@ void layout(W& w, ECCLM_TD_SEL& r, const Ctx&) {
 
 // Only the ECCLM layout below hands these records an EcclmCtx.
 template <class W>
-void layout(W& w, ECCLM_ADD_FREQ& r, const Ctx& c) {
-  const auto& e = static_cast<const EcclmCtx&>(c);
+void layout(W& w, ECCLM_ADD_FREQ& r, const EcclmCtx& c) {
+  const auto& e = c;
   if (!w.need(11)) return;
   w.u(r.ADD_CDMA_FREQ, "ADD_CDMA_FREQ", 11);
   if (e.RC_QPCH_SEL_INCL) {
@@ -188,8 +188,8 @@ void layout(W& w, ECCLM_ADD_FREQ& r, const Ctx& c) {
 }
 
 template <class W>
-void layout(W& w, ECCLM_ADD_BAND& r, const Ctx& c) {
-  const auto& e = static_cast<const EcclmCtx&>(c);
+void layout(W& w, ECCLM_ADD_BAND& r, const EcclmCtx& c) {
+  const auto& e = c;
   if (!w.need(6)) return;
   w.u(r.ADD_CDMA_BAND, "ADD_CDMA_BAND", 5);
   w.u(r.ADD_SUBCLASS_INFO_INCL, "ADD_SUBCLASS_INFO_INCL", 1);
@@ -265,12 +265,10 @@ ListCtx list_ctx(const Ctx& c) {
   return lc;
 }
 
-const ListCtx& flags(const Ctx& c) { return static_cast<const ListCtx&>(c); }
-
 // A length-prefixed record. Its fields are kept when the declared length runs past the message,
 // which is then a short message.
-template <class W, class R>
-bool prefixed(W& w, const char* label, const char* header, R& rec, std::uint64_t declared, const Ctx& c) {
+template <class W, class R, class C>
+bool prefixed(W& w, const char* label, const char* header, R& rec, std::uint64_t declared, const C& c) {
   const std::uint64_t room = w.left();
   if (!w.sized(label, header, rec, declared, c)) return false;
   if constexpr (W::kReading) {
@@ -419,8 +417,8 @@ struct FC_GNLM {
 };
 
 template <class W>
-void layout(W& w, GNLM_NGHBR& r, const Ctx& c) {
-  const ListCtx& g = flags(c);
+void layout(W& w, GNLM_NGHBR& r, const ListCtx& c) {
+  const ListCtx& g = c;
   if (g.NGHBR_CONFIG_PN_INCL) {
     if (!w.need(12)) return;
     w.u(r.NGHBR_CONFIG, "NGHBR_CONFIG", 3);
@@ -466,7 +464,7 @@ void layout(W& w, GNLM_ANALOG_NGHBR& r, const Ctx&) {
 }
 
 template <class W>
-void layout(W& w, GNLM_NGHBR_PILOT_REC& r, const Ctx& c) {
+void layout(W& w, GNLM_NGHBR_PILOT_REC& r, const ListCtx& c) {
   if (!w.need(1)) return;
   w.u(r.ADD_PILOT_REC_INCL, "ADD_PILOT_REC_INCL", 1);
   if (r.ADD_PILOT_REC_INCL) {
@@ -475,7 +473,7 @@ void layout(W& w, GNLM_NGHBR_PILOT_REC& r, const Ctx& c) {
     w.u(r.RECORD_LEN, "RECORD_LEN", 3);
     pilot_record(w, r.rec, r.NGHBR_PILOT_REC_TYPE, r.RECORD_LEN);
   }
-  if (flags(c).SRCH_OFFSET_INCL) {
+  if (c.SRCH_OFFSET_INCL) {
     if (!w.need(3)) return;
     w.u(r.SRCH_OFFSET_NGHBR, "SRCH_OFFSET_NGHBR", 3);
   }
@@ -764,7 +762,7 @@ struct FC_PNLM {
 };
 
 template <class W>
-void layout(W& w, PNLM_PRI_NGHBR& r, const Ctx& c) {
+void layout(W& w, PNLM_PRI_NGHBR& r, const ListCtx& c) {
   if (!w.need(41)) return;
   w.u(r.SID, "SID", 15);
   w.u(r.NID, "NID", 16);
@@ -776,7 +774,7 @@ void layout(W& w, PNLM_PRI_NGHBR& r, const Ctx& c) {
     w.u(r.RECORD_LEN, "RECORD_LEN", 3);
     pilot_record(w, r.rec, r.NGHBR_PILOT_REC_TYPE, r.RECORD_LEN);
   }
-  if (!flags(c).COMMON_INCL) {
+  if (!c.COMMON_INCL) {
     if (!w.need(16)) return;
     w.u(r.BAND_CLASS, "BAND_CLASS", 5);
     w.u(r.NGHBR_FREQ, "NGHBR_FREQ", 11);
@@ -888,8 +886,8 @@ struct FC_UNLM {
 #define UNLM_FIELDS "FC_UNLM_RADIO_INTERFACES_RadioInterfaceTypeSpecificFields"
 
 template <class W>
-void layout(W& w, UNLM_NGHBR& r, const Ctx& c) {
-  const ListCtx& g = flags(c);
+void layout(W& w, UNLM_NGHBR& r, const ListCtx& c) {
+  const ListCtx& g = c;
   if (!w.need(12)) return;
   w.u(r.NGHBR_CONFIG, "NGHBR_CONFIG", 3);
   w.u(r.NGHBR_PN, "NGHBR_PN", 9);
@@ -1034,8 +1032,8 @@ void layout(W& w, UNLM_HRPD_NGHBR_PILOT_REC& r, const Ctx& c) {
 }
 
 template <class W>
-void layout(W& w, UNLM_TYPE_SPECIFIC& r, const Ctx& c) {
-  switch (flags(c).RADIO_INTERFACE_TYPE) {
+void layout(W& w, UNLM_TYPE_SPECIFIC& r, const ListCtx& c) {
+  switch (c.RADIO_INTERFACE_TYPE) {
     case 0:
       w.sub("RADIO_INTERFACE_TYPE_0000", UNLM_FIELDS "_RADIO_INTERFACE_TYPE_0000", r.RADIO_INTERFACE_TYPE_0000, c);
       break;

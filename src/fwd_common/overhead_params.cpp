@@ -127,7 +127,6 @@ void layout(W& w, FC_SPM& r, const Ctx& c) {
 struct AcctCtx : Ctx {
   u8 aoc_bitmap_incl;
 };
-const AcctCtx& acct_ctx(const Ctx& c) { return static_cast<const AcctCtx&>(c); }
 
 struct FC_APM_ACCT_SO_REC {
   u8 ACCT_AOC_BITMAP1;
@@ -135,8 +134,8 @@ struct FC_APM_ACCT_SO_REC {
 };
 
 template <class W>
-void layout(W& w, FC_APM_ACCT_SO_REC& r, const Ctx& c) {
-  if (acct_ctx(c).aoc_bitmap_incl) {
+void layout(W& w, FC_APM_ACCT_SO_REC& r, const AcctCtx& c) {
+  if (c.aoc_bitmap_incl) {
     if (!w.need(5)) return;
     w.u(r.ACCT_AOC_BITMAP1, "ACCT_AOC_BITMAP1", 5);
   }
@@ -150,8 +149,8 @@ struct FC_APM_ACCT_SO_GRP_REC {
 };
 
 template <class W>
-void layout(W& w, FC_APM_ACCT_SO_GRP_REC& r, const Ctx& c) {
-  if (acct_ctx(c).aoc_bitmap_incl) {
+void layout(W& w, FC_APM_ACCT_SO_GRP_REC& r, const AcctCtx& c) {
+  if (c.aoc_bitmap_incl) {
     if (!w.need(5)) return;
     w.u(r.ACCT_AOC_BITMAP2, "ACCT_AOC_BITMAP2", 5);
   }
@@ -948,8 +947,8 @@ struct FC_EAPM_ACCT_SO_REC {
 };
 
 template <class W>
-void layout(W& w, FC_EAPM_ACCT_SO_REC& r, const Ctx& c) {
-  if (acct_ctx(c).aoc_bitmap_incl) {
+void layout(W& w, FC_EAPM_ACCT_SO_REC& r, const AcctCtx& c) {
+  if (c.aoc_bitmap_incl) {
     if (!w.need(5)) return;
     w.u(r.ACCT_AOC_BITMAP1, "ACCT_AOC_BITMAP1", 5);
   }
@@ -962,8 +961,8 @@ struct FC_EAPM_ACCT_SO_GRP_REC {
 };
 
 template <class W>
-void layout(W& w, FC_EAPM_ACCT_SO_GRP_REC& r, const Ctx& c) {
-  if (acct_ctx(c).aoc_bitmap_incl) {
+void layout(W& w, FC_EAPM_ACCT_SO_GRP_REC& r, const AcctCtx& c) {
+  if (c.aoc_bitmap_incl) {
     if (!w.need(5)) return;
     w.u(r.ACCT_AOC_BITMAP2, "ACCT_AOC_BITMAP2", 5);
   }

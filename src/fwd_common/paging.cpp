@@ -262,19 +262,15 @@ void layout(W& w, FC_PCH_PDU& r, const Ctx& c) {
   maci(w, r.MACI, r.PD, r.sec);
 }
 
-// The link-layer fields of an assignment record depend on the PDU's PD, which reaches the
-// record in the context's encryption slot (the PD is what selects the security fields on
-// this channel); the message body gets the context without it.
+// The link-layer fields of an assignment record depend on the PDU's PD, which selects the
+// integrity and encryption fields on this channel.
 template <class W>
 void assign_record(W& w, FC_PCH_ASSIGN_RECORD& r, const Ctx& c, const char* label, const BodyOps* ops) {
-  const std::uint8_t pd = c.encryption;
-  Ctx body_ctx = c;
-  body_ctx.encryption = 0;
   layout(w, r.arq, c);
   addressing(w, r.addr, c.p_rev >= 11, c);
-  security(w, r.sec, pd);
-  w.body(label, ops, r.sdu, body_ctx);
-  maci(w, r.MACI, pd, r.sec);
+  security(w, r.sec, c.pd);
+  w.body(label, ops, r.sdu, c);
+  maci(w, r.MACI, c.pd, r.sec);
 }
 
 template <class W>
@@ -290,7 +286,7 @@ void layout(W& w, FC_PCH_ECAM_PDU_ExtChanAssignRecord& r, const Ctx& c) {
 namespace {
 Ctx with_pd(const Ctx& c, std::uint8_t pd) {
   Ctx r = c;
-  r.encryption = pd;
+  r.pd = pd;
   return r;
 }
 }  // namespace

@@ -48,8 +48,8 @@ struct FD_SCAM_PILOT {
 };
 
 template <class W>
-void layout(W& w, FD_SCAM_PILOT& r, const Ctx& c) {
-  const auto& s = static_cast<const ScamCtx&>(c);
+void layout(W& w, FD_SCAM_PILOT& r, const ScamCtx& c) {
+  const auto& s = c;
   if (!w.need(10)) return;
   w.u(r.PILOT_PN, "PILOT_PN", 9);
   w.u(r.EXPL_CODE_CHAN, "EXPL_CODE_CHAN", 1);

@@ -275,8 +275,8 @@ struct FD_ENLUM_NGHBR {
 };
 
 template <class W>
-void layout(W& w, FD_ENLUM_NGHBR& r, const Ctx& c) {
-  const auto& n = static_cast<const NghbrCtx&>(c);
+void layout(W& w, FD_ENLUM_NGHBR& r, const NghbrCtx& c) {
+  const auto& n = c;
   if (!w.need(9)) return;
   w.u(r.NGHBR_PN, "NGHBR_PN", 9);
   if (has_priority(n.srch_mode)) {
@@ -309,8 +309,8 @@ struct FD_ENLUM_ADD_NGHBR {
 };
 
 template <class W>
-void layout(W& w, FD_ENLUM_ADD_NGHBR& r, const Ctx& c) {
-  const auto& n = static_cast<const NghbrCtx&>(c);
+void layout(W& w, FD_ENLUM_ADD_NGHBR& r, const NghbrCtx& c) {
+  const auto& n = c;
   if (!add_pilot_rec(w, r.ADD_PILOT_REC_INCL, r.NGHBR_PILOT_REC_TYPE, r.RECORD_LEN, r.TYPE_SPECIFIC_FIELDS,
                      n.pilot_rec_header, c))
     return;
@@ -419,8 +419,8 @@ struct FD_CFSRQM_PILOT {
 };
 
 template <class W>
-void layout(W& w, FD_CFSRQM_PILOT& r, const Ctx& c) {
-  const auto& n = static_cast<const NghbrCtx&>(c);
+void layout(W& w, FD_CFSRQM_PILOT& r, const NghbrCtx& c) {
+  const auto& n = c;
   if (!w.need(10)) return;
   w.u(r.NGHBR_PN, "NGHBR_PN", 9);
   w.u(r.SEARCH_SET, "SEARCH_SET", 1);
