@@ -13,8 +13,8 @@ namespace cs::test {
 // Builds a message MSB first: fields in air order, then octet padding and the CRC.
 class Bits {
  public:
-  Bits& put(std::uint64_t value, unsigned width) {
-    for (unsigned i = width; i-- > 0;) push((value >> i) & 1);
+  Bits& put(std::uint64_t value, unsigned width) {   // widths over 64 lead with zeros
+    for (unsigned i = width; i-- > 0;) push(i < 64 && ((value >> i) & 1));
     return *this;
   }
   Bits& put_hex(std::string_view hex) {   // whole octets, e.g. a 42-bit field padded by hand
