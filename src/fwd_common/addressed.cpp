@@ -3,58 +3,12 @@
 #include <cstdint>
 
 #include "codec/layout.h"
+#include "fwd_common/forward_shared.h"
 #include "fwd_common/bodies.h"
 #include "records/info_records.h"
 
 namespace cs {
 namespace {
-
-// Data Burst Message (3.7.2.3.2.9). The characters are shown as sent; the burst contents are
-// interpreted elsewhere.
-struct FC_DBM {
-  std::uint8_t MSG_NUMBER;
-  std::uint8_t BURST_TYPE;
-  std::uint8_t NUM_MSGS;
-  std::uint8_t NUM_FIELDS;
-  PoolArray<std::uint8_t> CHARi;
-};
-
-template <class W>
-void layout(W& w, FC_DBM& r, const Ctx&) {
-  if (!w.need(30)) return;
-  w.u(r.MSG_NUMBER, "MSG_NUMBER", 8);
-  w.u(r.BURST_TYPE, "BURST_TYPE", 6);
-  w.u(r.NUM_MSGS, "NUM_MSGS", 8);
-  w.u(r.NUM_FIELDS, "NUM_FIELDS", 8);
-  w.scalars("CHARi", r.CHARi, r.NUM_FIELDS, 8);
-}
-
-// Authentication Challenge Message (3.7.2.3.2.10). GEN_CMEAKEY came with Release C.
-struct FC_AUCM {
-  std::uint32_t RANDU;
-  std::uint8_t GEN_CMEAKEY;
-};
-
-template <class W>
-void layout(W& w, FC_AUCM& r, const Ctx& c) {
-  if (!w.need(24)) return;
-  w.u(r.RANDU, "RANDU", 24);
-  if (c.p_rev >= 9) {
-    if (!w.need(1)) return;
-    w.u(r.GEN_CMEAKEY, "GEN_CMEAKEY", 1);
-  }
-}
-
-// SSD Update Message (3.7.2.3.2.11).
-struct FC_SSDUM {
-  Bytes RANDSSD;
-};
-
-template <class W>
-void layout(W& w, FC_SSDUM& r, const Ctx&) {
-  if (!w.need(56)) return;
-  w.bits(r.RANDSSD, "RANDSSD", 56);
-}
 
 // Feature Notification Message (3.7.2.3.2.12): RELEASE, then information records to the end.
 struct FC_FNM {
@@ -270,9 +224,9 @@ void layout(W& w, FC_AUREQM& r, const Ctx&) {
   w.bits(r.AUTN, "AUTN", 128);
 }
 
-constexpr BodyOps kDbm = body_ops<FC_DBM>("FC_DBM");
-constexpr BodyOps kAucm = body_ops<FC_AUCM>("FC_AUCM");
-constexpr BodyOps kSsdum = body_ops<FC_SSDUM>("FC_SSDUM");
+constexpr BodyOps kDbm = body_ops<fwd::DataBurst>("FC_DBM");
+constexpr BodyOps kAucm = body_ops<fwd::AuthChallenge>("FC_AUCM");
+constexpr BodyOps kSsdum = body_ops<fwd::SsdUpdate>("FC_SSDUM");
 constexpr BodyOps kFnm = body_ops<FC_FNM>("FC_FNM");
 constexpr BodyOps kStrqm = body_ops<FC_STRQM>("FC_STRQM");
 constexpr BodyOps kSrdm = body_ops<FC_SRDM>("FC_SRDM");

@@ -9,6 +9,7 @@
 #include <cstdint>
 
 #include "codec/layout.h"
+#include "fwd_common/forward_shared.h"
 #include "fwd_traffic/bodies.h"
 #include "fwd_traffic/message_parts.h"
 #include "fwd_traffic/service_config.h"
@@ -20,40 +21,7 @@ using namespace fd_parts;
 
 // ---- Authentication Challenge Message (2) -----------------------------------------------
 
-struct FD_AUCM {
-  std::uint32_t RANDU;
-  std::uint8_t GEN_CMEAKEY;
-};
-
-template <class W>
-void layout(W& w, FD_AUCM& r, const Ctx& c) {
-  if (!w.need(24)) return;
-  w.u(r.RANDU, "RANDU", 24);
-  if (c.p_rev >= kRelD) {
-    if (!w.need(1)) return;
-    w.u(r.GEN_CMEAKEY, "GEN_CMEAKEY", 1);
-  }
-}
-
 // ---- Data Burst Message (4) -------------------------------------------------------------
-
-struct FD_DBM {
-  std::uint8_t MSG_NUMBER;
-  std::uint8_t BURST_TYPE;
-  std::uint8_t NUM_MSGS;
-  std::uint8_t NUM_FIELDS;
-  PoolArray<std::uint8_t> CHARi;
-};
-
-template <class W>
-void layout(W& w, FD_DBM& r, const Ctx&) {
-  if (!w.need(30)) return;
-  w.u(r.MSG_NUMBER, "MSG_NUMBER", 8);
-  w.u(r.BURST_TYPE, "BURST_TYPE", 6);
-  w.u(r.NUM_MSGS, "NUM_MSGS", 8);
-  w.u(r.NUM_FIELDS, "NUM_FIELDS", 8);
-  w.scalars("CHARi", r.CHARi, r.NUM_FIELDS, 8);
-}
 
 // ---- Analog Handoff Direction Message (6) -----------------------------------------------
 
@@ -171,16 +139,6 @@ void layout(W& w, FD_STPM& r, const Ctx& c) {
 }
 
 // ---- SSD Update Message (13) ------------------------------------------------------------
-
-struct FD_SSDUM {
-  Bytes RANDSSD;
-};
-
-template <class W>
-void layout(W& w, FD_SSDUM& r, const Ctx&) {
-  if (!w.need(56)) return;
-  w.bits(r.RANDSSD, "RANDSSD", 56);
-}
 
 // ---- Mobile Station Registered Message (15) ---------------------------------------------
 
@@ -804,13 +762,13 @@ void layout(W& w, FD_BSSRSPM& r, const Ctx& c) {
 
 // ---- The table ------------------------------------------------------------------------------
 
-constexpr BodyOps kAucm = body_ops<FD_AUCM>("FD_AUCM");
-constexpr BodyOps kDbm = body_ops<FD_DBM>("FD_DBM");
+constexpr BodyOps kAucm = body_ops<fwd::AuthChallenge>("FD_AUCM");
+constexpr BodyOps kDbm = body_ops<fwd::DataBurst>("FD_DBM");
 constexpr BodyOps kAhdm = body_ops<FD_AHDM>("FD_AHDM");
 constexpr BodyOps kBdtmfm = body_ops<FD_BDTMFM>("FD_BDTMFM");
 constexpr BodyOps kRtpm = body_ops<FD_RTPM>("FD_RTPM");
 constexpr BodyOps kStpm = body_ops<FD_STPM>("FD_STPM");
-constexpr BodyOps kSsdum = body_ops<FD_SSDUM>("FD_SSDUM");
+constexpr BodyOps kSsdum = body_ops<fwd::SsdUpdate>("FD_SSDUM");
 constexpr BodyOps kMsrm = body_ops<FD_MSRM>("FD_MSRM");
 constexpr BodyOps kStrqm = body_ops<FD_STRQM>("FD_STRQM");
 constexpr BodyOps kSrqm = body_ops<FD_SRQM>("FD_SRQM");
