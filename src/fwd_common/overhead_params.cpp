@@ -257,6 +257,73 @@ bool has_meid_reqd(u8 pref_msid_type, u8 ext_pref_msid_type) {
   return !(ext_pref_msid_type == 3 && (pref_msid_type == 0 || pref_msid_type == 3));
 }
 
+// Groups the extended and the ANSI-41 system parameters messages carry alike. Each returns
+// false when the message ends inside it.
+template <class W, class R>
+bool sig_integrity(W& w, R& r) {
+  if (r.MSG_INTEGRITY_SUP) {
+    if (!w.need(1)) return false;
+    w.u(r.SIG_INTEGRITY_SUP_INCL, "SIG_INTEGRITY_SUP_INCL", 1);
+    if (r.SIG_INTEGRITY_SUP_INCL) {
+      if (!w.need(8)) return false;
+      w.u(r.SIG_INTEGRITY_SUP, "SIG_INTEGRITY_SUP", 8);
+    }
+  }
+  return true;
+}
+
+template <class W, class R>
+bool imsi_10(W& w, R& r) {
+  if (!w.need(1)) return false;
+  w.u(r.IMSI_10_INCL, "IMSI_10_INCL", 1);
+  if (r.IMSI_10_INCL) {
+    if (!w.need(4)) return false;
+    w.u(r.IMSI_10, "IMSI_10", 4);
+  }
+  return true;
+}
+
+template <class W, class R>
+bool tkz_id(W& w, R& r) {
+  if (r.TKZ_MODE_SUPPORTED) {
+    if (!w.need(8)) return false;
+    w.u(r.TKZ_ID, "TKZ_ID", 8);
+  }
+  return true;
+}
+
+template <class W, class R>
+bool pz_hysteresis(W& w, R& r) {
+  // Packet-zone hysteresis only means something in a packet zone.
+  if (r.PACKET_ZONE_ID != 0) {
+    if (!w.need(1)) return false;
+    w.u(r.PZ_HYST_ENABLED, "PZ_HYST_ENABLED", 1);
+    if (r.PZ_HYST_ENABLED) {
+      if (!w.need(1)) return false;
+      w.u(r.PZ_HYST_INFO_INCL, "PZ_HYST_INFO_INCL", 1);
+      if (r.PZ_HYST_INFO_INCL) {
+        if (!w.need(20)) return false;
+        w.u(r.PZ_HYST_LIST_LEN, "PZ_HYST_LIST_LEN", 4);
+        w.u(r.PZ_HYST_ACT_TIMER, "PZ_HYST_ACT_TIMER", 8);
+        w.u(r.PZ_HYST_TIMER_MUL, "PZ_HYST_TIMER_MUL", 3);
+        w.u(r.PZ_HYST_TIMER_EXP, "PZ_HYST_TIMER_EXP", 5);
+      }
+    }
+  }
+  return true;
+}
+
+template <class W, class R>
+bool ext_pref_msid(W& w, R& r) {
+  if (!w.need(2)) return false;
+  w.u(r.EXT_PREF_MSID_TYPE, "EXT_PREF_MSID_TYPE", 2);
+  if (has_meid_reqd(r.PREF_MSID_TYPE, r.EXT_PREF_MSID_TYPE)) {
+    if (!w.need(1)) return false;
+    w.u(r.MEID_REQD, "MEID_REQD", 1);
+  }
+  return true;
+}
+
 // A candidate band class the mobile station is asked about (P_REV 10).
 struct FC_ESPM_CAND_BAND_CLASS {
   u8 CAND_BAND_CLASS, SUBCLASS_INFO_INCL, SUBCLASS_REC_LEN;
@@ -478,14 +545,7 @@ void layout(W& w, FC_ESPM& r, const Ctx& c) {
   w.u(r.RELEASE_TO_IDLE_IND, "RELEASE_TO_IDLE_IND", 1);
   w.u(r.RECONNECT_MSG_IND, "RECONNECT_MSG_IND", 1);
   w.u(r.MSG_INTEGRITY_SUP, "MSG_INTEGRITY_SUP", 1);
-  if (r.MSG_INTEGRITY_SUP) {
-    if (!w.need(1)) return;
-    w.u(r.SIG_INTEGRITY_SUP_INCL, "SIG_INTEGRITY_SUP_INCL", 1);
-    if (r.SIG_INTEGRITY_SUP_INCL) {
-      if (!w.need(8)) return;
-      w.u(r.SIG_INTEGRITY_SUP, "SIG_INTEGRITY_SUP", 8);
-    }
-  }
+  if (!sig_integrity(w, r)) return;
   if (!w.need(1)) return;
   w.u(r.FOR_PDCH_SUPPORTED, "FOR_PDCH_SUPPORTED", 1);
   if (r.FOR_PDCH_SUPPORTED) {
@@ -513,12 +573,7 @@ void layout(W& w, FC_ESPM& r, const Ctx& c) {
       if (!w.counted("PDCCH_WALSHs", "FC_ESPM_PDCCH_WALSHs", r.PDCCH_WALSHs, r.NUM_PDCCH + 1u, c)) return;
     }
   }
-  if (!w.need(1)) return;
-  w.u(r.IMSI_10_INCL, "IMSI_10_INCL", 1);
-  if (r.IMSI_10_INCL) {
-    if (!w.need(4)) return;
-    w.u(r.IMSI_10, "IMSI_10", 4);
-  }
+  if (!imsi_10(w, r)) return;
 
   if (r.P_REV < 10) return;
   if (r.CS_SUPPORTED) {
@@ -528,32 +583,9 @@ void layout(W& w, FC_ESPM& r, const Ctx& c) {
   if (!w.need(2)) return;
   w.u(r.RER_MODE_SUPPORTED, "RER_MODE_SUPPORTED", 1);
   w.u(r.TKZ_MODE_SUPPORTED, "TKZ_MODE_SUPPORTED", 1);
-  if (r.TKZ_MODE_SUPPORTED) {
-    if (!w.need(8)) return;
-    w.u(r.TKZ_ID, "TKZ_ID", 8);
-  }
-  // Packet-zone hysteresis only means something in a packet zone.
-  if (r.PACKET_ZONE_ID != 0) {
-    if (!w.need(1)) return;
-    w.u(r.PZ_HYST_ENABLED, "PZ_HYST_ENABLED", 1);
-    if (r.PZ_HYST_ENABLED) {
-      if (!w.need(1)) return;
-      w.u(r.PZ_HYST_INFO_INCL, "PZ_HYST_INFO_INCL", 1);
-      if (r.PZ_HYST_INFO_INCL) {
-        if (!w.need(20)) return;
-        w.u(r.PZ_HYST_LIST_LEN, "PZ_HYST_LIST_LEN", 4);
-        w.u(r.PZ_HYST_ACT_TIMER, "PZ_HYST_ACT_TIMER", 8);
-        w.u(r.PZ_HYST_TIMER_MUL, "PZ_HYST_TIMER_MUL", 3);
-        w.u(r.PZ_HYST_TIMER_EXP, "PZ_HYST_TIMER_EXP", 5);
-      }
-    }
-  }
-  if (!w.need(2)) return;
-  w.u(r.EXT_PREF_MSID_TYPE, "EXT_PREF_MSID_TYPE", 2);
-  if (has_meid_reqd(r.PREF_MSID_TYPE, r.EXT_PREF_MSID_TYPE)) {
-    if (!w.need(1)) return;
-    w.u(r.MEID_REQD, "MEID_REQD", 1);
-  }
+  if (!tkz_id(w, r)) return;
+  if (!pz_hysteresis(w, r)) return;
+  if (!ext_pref_msid(w, r)) return;
   if (!w.need(1)) return;
   w.u(r.AUTO_FCSO_ALLOWED, "AUTO_FCSO_ALLOWED", 1);
   if (r.FOR_PDCH_SUPPORTED) {
@@ -709,20 +741,8 @@ void layout(W& w, FC_A41SPM& r, const Ctx& c) {
   if (c.p_rev < 9) return;
   if (!w.need(1)) return;
   w.u(r.MSG_INTEGRITY_SUP, "MSG_INTEGRITY_SUP", 1);
-  if (r.MSG_INTEGRITY_SUP) {
-    if (!w.need(1)) return;
-    w.u(r.SIG_INTEGRITY_SUP_INCL, "SIG_INTEGRITY_SUP_INCL", 1);
-    if (r.SIG_INTEGRITY_SUP_INCL) {
-      if (!w.need(8)) return;
-      w.u(r.SIG_INTEGRITY_SUP, "SIG_INTEGRITY_SUP", 8);
-    }
-  }
-  if (!w.need(1)) return;
-  w.u(r.IMSI_10_INCL, "IMSI_10_INCL", 1);
-  if (r.IMSI_10_INCL) {
-    if (!w.need(4)) return;
-    w.u(r.IMSI_10, "IMSI_10", 4);
-  }
+  if (!sig_integrity(w, r)) return;
+  if (!imsi_10(w, r)) return;
 
   if (c.p_rev < 10) return;
   if (r.CS_SUPPORTED) {
@@ -731,33 +751,10 @@ void layout(W& w, FC_A41SPM& r, const Ctx& c) {
   }
   if (!w.need(1)) return;
   w.u(r.TKZ_MODE_SUPPORTED, "TKZ_MODE_SUPPORTED", 1);
-  if (r.TKZ_MODE_SUPPORTED) {
-    if (!w.need(8)) return;
-    w.u(r.TKZ_ID, "TKZ_ID", 8);
-  }
-  // Packet-zone hysteresis only means something in a packet zone.
-  if (r.PACKET_ZONE_ID != 0) {
-    if (!w.need(1)) return;
-    w.u(r.PZ_HYST_ENABLED, "PZ_HYST_ENABLED", 1);
-    if (r.PZ_HYST_ENABLED) {
-      if (!w.need(1)) return;
-      w.u(r.PZ_HYST_INFO_INCL, "PZ_HYST_INFO_INCL", 1);
-      if (r.PZ_HYST_INFO_INCL) {
-        if (!w.need(20)) return;
-        w.u(r.PZ_HYST_LIST_LEN, "PZ_HYST_LIST_LEN", 4);
-        w.u(r.PZ_HYST_ACT_TIMER, "PZ_HYST_ACT_TIMER", 8);
-        w.u(r.PZ_HYST_TIMER_MUL, "PZ_HYST_TIMER_MUL", 3);
-        w.u(r.PZ_HYST_TIMER_EXP, "PZ_HYST_TIMER_EXP", 5);
-      }
-    }
-  }
+  if (!tkz_id(w, r)) return;
+  if (!pz_hysteresis(w, r)) return;
 
-  if (!w.need(2)) return;
-  w.u(r.EXT_PREF_MSID_TYPE, "EXT_PREF_MSID_TYPE", 2);
-  if (has_meid_reqd(r.PREF_MSID_TYPE, r.EXT_PREF_MSID_TYPE)) {
-    if (!w.need(1)) return;
-    w.u(r.MEID_REQD, "MEID_REQD", 1);
-  }
+  if (!ext_pref_msid(w, r)) return;
 }
 
 // ---------------------------------------------------------------------------------------------
