@@ -128,13 +128,13 @@ struct AcctCtx : Ctx {
   u8 aoc_bitmap_incl;
 };
 
-struct FC_APM_ACCT_SO_REC {
+struct AcctSoRec {
   u8 ACCT_AOC_BITMAP1;
   u16 ACCT_SO;
 };
 
 template <class W>
-void layout(W& w, FC_APM_ACCT_SO_REC& r, const AcctCtx& c) {
+void layout(W& w, AcctSoRec& r, const AcctCtx& c) {
   if (c.aoc_bitmap_incl) {
     if (!w.need(5)) return;
     w.u(r.ACCT_AOC_BITMAP1, "ACCT_AOC_BITMAP1", 5);
@@ -143,19 +143,49 @@ void layout(W& w, FC_APM_ACCT_SO_REC& r, const AcctCtx& c) {
   w.u(r.ACCT_SO, "ACCT_SO", 16);
 }
 
-struct FC_APM_ACCT_SO_GRP_REC {
+struct AcctSoGrpRec {
   u8 ACCT_AOC_BITMAP2;
   u8 ACCT_SO_GRP;
 };
 
 template <class W>
-void layout(W& w, FC_APM_ACCT_SO_GRP_REC& r, const AcctCtx& c) {
+void layout(W& w, AcctSoGrpRec& r, const AcctCtx& c) {
   if (c.aoc_bitmap_incl) {
     if (!w.need(5)) return;
     w.u(r.ACCT_AOC_BITMAP2, "ACCT_AOC_BITMAP2", 5);
   }
   if (!w.need(5)) return;
   w.u(r.ACCT_SO_GRP, "ACCT_SO_GRP", 5);
+}
+
+// The access control by service option group that closes the access parameters messages, after
+// ACCT_INCL; the two messages differ only in the names of their lists.
+struct AcctNames {
+  const char *so_label, *so_header, *grp_label, *grp_header;
+};
+
+template <class W, class R>
+void acct(W& w, R& r, const Ctx& c, const AcctNames& n) {
+  if (!w.need(3)) return;
+  w.u(r.ACCT_INCL_EMG, "ACCT_INCL_EMG", 1);
+  w.u(r.ACCT_AOC_BITMAP_INCL, "ACCT_AOC_BITMAP_INCL", 1);
+  w.u(r.ACCT_SO_INCL, "ACCT_SO_INCL", 1);
+  AcctCtx ac;
+  static_cast<Ctx&>(ac) = c;
+  ac.aoc_bitmap_incl = r.ACCT_AOC_BITMAP_INCL;
+  if (r.ACCT_SO_INCL) {
+    if (!w.need(4)) return;
+    w.u(r.NUM_ACCT_SO, "NUM_ACCT_SO", 4);
+    // NUM_ACCT_SO is one less than the number of records.
+    if (!w.counted(n.so_label, n.so_header, r.ACCT_SO_RECs, r.NUM_ACCT_SO + 1u, ac)) return;
+  }
+  if (!w.need(1)) return;
+  w.u(r.ACCT_SO_GRP_INCL, "ACCT_SO_GRP_INCL", 1);
+  if (r.ACCT_SO_GRP_INCL) {
+    if (!w.need(3)) return;
+    w.u(r.NUM_ACCT_SO_GRP, "NUM_ACCT_SO_GRP", 3);
+    w.counted(n.grp_label, n.grp_header, r.ACCT_SO_GRP_RECs, r.NUM_ACCT_SO_GRP + 1u, ac);
+  }
 }
 
 struct FC_APM {
@@ -167,9 +197,9 @@ struct FC_APM {
   u8 NOM_PWR_EXT;
   u8 PSIST_EMG_INCL, PSIST_EMG;
   u8 ACCT_INCL, ACCT_INCL_EMG, ACCT_AOC_BITMAP_INCL, ACCT_SO_INCL, NUM_ACCT_SO;
-  PoolArray<FC_APM_ACCT_SO_REC> ACCT_SO_RECs;
+  PoolArray<AcctSoRec> ACCT_SO_RECs;
   u8 ACCT_SO_GRP_INCL, NUM_ACCT_SO_GRP;
-  PoolArray<FC_APM_ACCT_SO_GRP_REC> ACCT_SO_GRP_RECs;
+  PoolArray<AcctSoGrpRec> ACCT_SO_GRP_RECs;
 };
 
 // NOM_PWR_EXT came with the PCS bands (J-STD-008) and with TSB-74 on the cellular band; from
@@ -226,27 +256,7 @@ void layout(W& w, FC_APM& r, const Ctx& c) {
   w.u(r.ACCT_INCL, "ACCT_INCL", 1);
   if (!r.ACCT_INCL) return;
 
-  if (!w.need(3)) return;
-  w.u(r.ACCT_INCL_EMG, "ACCT_INCL_EMG", 1);
-  w.u(r.ACCT_AOC_BITMAP_INCL, "ACCT_AOC_BITMAP_INCL", 1);
-  w.u(r.ACCT_SO_INCL, "ACCT_SO_INCL", 1);
-  AcctCtx ac;
-  static_cast<Ctx&>(ac) = c;
-  ac.aoc_bitmap_incl = r.ACCT_AOC_BITMAP_INCL;
-  if (r.ACCT_SO_INCL) {
-    if (!w.need(4)) return;
-    w.u(r.NUM_ACCT_SO, "NUM_ACCT_SO", 4);
-    // NUM_ACCT_SO is one less than the number of records.
-    if (!w.counted("ACCT_SO_RECs", "FC_APM_ACCT_SO_RECs", r.ACCT_SO_RECs, r.NUM_ACCT_SO + 1u, ac)) return;
-  }
-  if (!w.need(1)) return;
-  w.u(r.ACCT_SO_GRP_INCL, "ACCT_SO_GRP_INCL", 1);
-  if (r.ACCT_SO_GRP_INCL) {
-    if (!w.need(3)) return;
-    w.u(r.NUM_ACCT_SO_GRP, "NUM_ACCT_SO_GRP", 3);
-    if (!w.counted("ACCT_SO_GRP_RECs", "FC_APM_ACCT_SO_GRP_RECs", r.ACCT_SO_GRP_RECs, r.NUM_ACCT_SO_GRP + 1u, ac))
-      return;
-  }
+  acct(w, r, c, {"ACCT_SO_RECs", "FC_APM_ACCT_SO_RECs", "ACCT_SO_GRP_RECs", "FC_APM_ACCT_SO_GRP_RECs"});
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -938,35 +948,6 @@ void layout(W& w, FC_EAPM_RA_PARMS_REC& r, const Ctx&) {
   w.u(r.NUM_PCSCH_RA, "NUM_PCSCH_RA", 7);
 }
 
-struct FC_EAPM_ACCT_SO_REC {
-  u8 ACCT_AOC_BITMAP1;
-  u16 ACCT_SO;
-};
-
-template <class W>
-void layout(W& w, FC_EAPM_ACCT_SO_REC& r, const AcctCtx& c) {
-  if (c.aoc_bitmap_incl) {
-    if (!w.need(5)) return;
-    w.u(r.ACCT_AOC_BITMAP1, "ACCT_AOC_BITMAP1", 5);
-  }
-  if (!w.need(16)) return;
-  w.u(r.ACCT_SO, "ACCT_SO", 16);
-}
-
-struct FC_EAPM_ACCT_SO_GRP_REC {
-  u8 ACCT_AOC_BITMAP2, ACCT_SO_GRP;
-};
-
-template <class W>
-void layout(W& w, FC_EAPM_ACCT_SO_GRP_REC& r, const AcctCtx& c) {
-  if (c.aoc_bitmap_incl) {
-    if (!w.need(5)) return;
-    w.u(r.ACCT_AOC_BITMAP2, "ACCT_AOC_BITMAP2", 5);
-  }
-  if (!w.need(5)) return;
-  w.u(r.ACCT_SO_GRP, "ACCT_SO_GRP", 5);
-}
-
 struct FC_EAPM {
   u16 PILOT_PN;
   u8 ACC_MSG_SEQ, PSIST_PARMS_INCL, PSIST_PARMS_LEN;
@@ -982,9 +963,9 @@ struct FC_EAPM {
   u8 RA_PARMS_LEN;
   FC_EAPM_RA_PARMS_REC RA_PARMS_REC;
   u8 ACCT_INCL, ACCT_INCL_EMG, ACCT_AOC_BITMAP_INCL, ACCT_SO_INCL, NUM_ACCT_SO;
-  PoolArray<FC_EAPM_ACCT_SO_REC> ACCT_SO_RECs;
+  PoolArray<AcctSoRec> ACCT_SO_RECs;
   u8 ACCT_SO_GRP_INCL, NUM_ACCT_SO_GRP;
-  PoolArray<FC_EAPM_ACCT_SO_GRP_REC> ACCT_SO_GRP_RECs;
+  PoolArray<AcctSoGrpRec> ACCT_SO_GRP_RECs;
 };
 
 template <class W>
@@ -1030,26 +1011,7 @@ void layout(W& w, FC_EAPM& r, const Ctx& c) {
   if (!w.need(1)) return;
   w.u(r.ACCT_INCL, "ACCT_INCL", 1);
   if (!r.ACCT_INCL) return;
-  if (!w.need(3)) return;
-  w.u(r.ACCT_INCL_EMG, "ACCT_INCL_EMG", 1);
-  w.u(r.ACCT_AOC_BITMAP_INCL, "ACCT_AOC_BITMAP_INCL", 1);
-  w.u(r.ACCT_SO_INCL, "ACCT_SO_INCL", 1);
-  AcctCtx ac;
-  static_cast<Ctx&>(ac) = c;
-  ac.aoc_bitmap_incl = r.ACCT_AOC_BITMAP_INCL;
-  if (r.ACCT_SO_INCL) {
-    if (!w.need(4)) return;
-    w.u(r.NUM_ACCT_SO, "NUM_ACCT_SO", 4);
-    if (!w.counted("ACCT_SO_REC", "FC_EAPM_ACCT_SO_REC", r.ACCT_SO_RECs, r.NUM_ACCT_SO + 1u, ac)) return;
-  }
-  if (!w.need(1)) return;
-  w.u(r.ACCT_SO_GRP_INCL, "ACCT_SO_GRP_INCL", 1);
-  if (r.ACCT_SO_GRP_INCL) {
-    if (!w.need(3)) return;
-    w.u(r.NUM_ACCT_SO_GRP, "NUM_ACCT_SO_GRP", 3);
-    if (!w.counted("ACCT_SO_GRP_REC", "FC_EAPM_ACCT_SO_GRP_REC", r.ACCT_SO_GRP_RECs, r.NUM_ACCT_SO_GRP + 1u, ac))
-      return;
-  }
+  acct(w, r, c, {"ACCT_SO_REC", "FC_EAPM_ACCT_SO_REC", "ACCT_SO_GRP_REC", "FC_EAPM_ACCT_SO_GRP_REC"});
 }
 
 constexpr BodyOps kSpm = body_ops<FC_SPM>("FC_SPM");
