@@ -55,4 +55,37 @@ void layout(W& w, SsdUpdate& r, const Ctx&) {
   w.bits(r.RANDSSD, "RANDSSD", 56);
 }
 
+// Call rescue parameters of the neighbour list messages, from RESQ_DELAY_TIME through the
+// per-neighbour NGHBR_RESQ_CONFIGURED flags (read when RESQ_ENABLED is 1). The traffic
+// channel's neighbour list update carries no RESQ_NUM_PREAMBLE_RC1_RC2.
+template <bool kRc1Rc2Preamble, class W, class R>
+bool call_rescue(W& w, R& r) {
+  if (!w.need(32)) return false;
+  w.u(r.RESQ_DELAY_TIME, "RESQ_DELAY_TIME", 6);
+  w.u(r.RESQ_ALLOWED_TIME, "RESQ_ALLOWED_TIME", 6);
+  w.u(r.RESQ_ATTEMPT_TIME, "RESQ_ATTEMPT_TIME", 6);
+  w.u(r.RESQ_CODE_CHAN, "RESQ_CODE_CHAN", 11);
+  w.u(r.RESQ_QOF, "RESQ_QOF", 2);
+  w.u(r.RESQ_MIN_PERIOD_INCL, "RESQ_MIN_PERIOD_INCL", 1);
+  if (r.RESQ_MIN_PERIOD_INCL) {
+    if (!w.need(5)) return false;
+    w.u(r.RESQ_MIN_PERIOD, "RESQ_MIN_PERIOD", 5);
+  }
+  if (!w.need(1)) return false;
+  w.u(r.RESQ_NUM_TOT_TRANS_INCL, "RESQ_NUM_TOT_TRANS_INCL", 1);
+  if (r.RESQ_NUM_TOT_TRANS_INCL) {
+    if (!w.need(8)) return false;
+    w.u(r.RESQ_NUM_TOT_TRANS_20MS, "RESQ_NUM_TOT_TRANS_20MS", 4);
+    w.u(r.RESQ_NUM_TOT_TRANS_5MS, "RESQ_NUM_TOT_TRANS_5MS", 4);
+  }
+  if constexpr (kRc1Rc2Preamble) {
+    if (!w.need(3)) return false;
+    w.u(r.RESQ_NUM_PREAMBLE_RC1_RC2, "RESQ_NUM_PREAMBLE_RC1_RC2", 3);
+  }
+  if (!w.need(6)) return false;
+  w.u(r.RESQ_NUM_PREAMBLE, "RESQ_NUM_PREAMBLE", 3);
+  w.u(r.RESQ_POWER_DELTA, "RESQ_POWER_DELTA", 3);
+  return w.scalars("NGHBR_RESQ_CONFIGURED", r.NGHBR_RESQ_CONFIGURED, r.NUM_NGHBR, 1);
+}
+
 }  // namespace cs::fwd

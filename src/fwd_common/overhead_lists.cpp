@@ -9,6 +9,7 @@
 
 #include "codec/walk.h"
 #include "fwd_common/bodies.h"
+#include "fwd_common/forward_shared.h"
 
 namespace cs {
 namespace {
@@ -552,29 +553,7 @@ void layout(W& w, FC_GNLM& r, const Ctx& c) {
   if (!w.need(1)) return;
   w.u(r.RESQ_ENABLED, "RESQ_ENABLED", 1);
   if (r.RESQ_ENABLED) {
-    if (!w.need(32)) return;
-    w.u(r.RESQ_DELAY_TIME, "RESQ_DELAY_TIME", 6);
-    w.u(r.RESQ_ALLOWED_TIME, "RESQ_ALLOWED_TIME", 6);
-    w.u(r.RESQ_ATTEMPT_TIME, "RESQ_ATTEMPT_TIME", 6);
-    w.u(r.RESQ_CODE_CHAN, "RESQ_CODE_CHAN", 11);
-    w.u(r.RESQ_QOF, "RESQ_QOF", 2);
-    w.u(r.RESQ_MIN_PERIOD_INCL, "RESQ_MIN_PERIOD_INCL", 1);
-    if (r.RESQ_MIN_PERIOD_INCL) {
-      if (!w.need(5)) return;
-      w.u(r.RESQ_MIN_PERIOD, "RESQ_MIN_PERIOD", 5);
-    }
-    if (!w.need(1)) return;
-    w.u(r.RESQ_NUM_TOT_TRANS_INCL, "RESQ_NUM_TOT_TRANS_INCL", 1);
-    if (r.RESQ_NUM_TOT_TRANS_INCL) {
-      if (!w.need(8)) return;
-      w.u(r.RESQ_NUM_TOT_TRANS_20MS, "RESQ_NUM_TOT_TRANS_20MS", 4);
-      w.u(r.RESQ_NUM_TOT_TRANS_5MS, "RESQ_NUM_TOT_TRANS_5MS", 4);
-    }
-    if (!w.need(9)) return;
-    w.u(r.RESQ_NUM_PREAMBLE_RC1_RC2, "RESQ_NUM_PREAMBLE_RC1_RC2", 3);
-    w.u(r.RESQ_NUM_PREAMBLE, "RESQ_NUM_PREAMBLE", 3);
-    w.u(r.RESQ_POWER_DELTA, "RESQ_POWER_DELTA", 3);
-    if (!w.scalars("NGHBR_RESQ_CONFIGURED", r.NGHBR_RESQ_CONFIGURED, r.NUM_NGHBR, 1)) return;
+    if (!fwd::call_rescue<true>(w, r)) return;
   }
   if (!w.scalars("NGHBR_PDCH_SUPPORTED", r.NGHBR_PDCH_SUPPORTED, r.NUM_NGHBR, 1)) return;
   if (c.p_rev < 11) return;
@@ -988,29 +967,7 @@ void layout(W& w, UNLM_MC_FIELDS& r, const Ctx& c) {
   if (!w.need(1)) return;
   w.u(r.RESQ_ENABLED, "RESQ_ENABLED", 1);
   if (r.RESQ_ENABLED) {
-    if (!w.need(32)) return;
-    w.u(r.RESQ_DELAY_TIME, "RESQ_DELAY_TIME", 6);
-    w.u(r.RESQ_ALLOWED_TIME, "RESQ_ALLOWED_TIME", 6);
-    w.u(r.RESQ_ATTEMPT_TIME, "RESQ_ATTEMPT_TIME", 6);
-    w.u(r.RESQ_CODE_CHAN, "RESQ_CODE_CHAN", 11);
-    w.u(r.RESQ_QOF, "RESQ_QOF", 2);
-    w.u(r.RESQ_MIN_PERIOD_INCL, "RESQ_MIN_PERIOD_INCL", 1);
-    if (r.RESQ_MIN_PERIOD_INCL) {
-      if (!w.need(5)) return;
-      w.u(r.RESQ_MIN_PERIOD, "RESQ_MIN_PERIOD", 5);
-    }
-    if (!w.need(1)) return;
-    w.u(r.RESQ_NUM_TOT_TRANS_INCL, "RESQ_NUM_TOT_TRANS_INCL", 1);
-    if (r.RESQ_NUM_TOT_TRANS_INCL) {
-      if (!w.need(8)) return;
-      w.u(r.RESQ_NUM_TOT_TRANS_20MS, "RESQ_NUM_TOT_TRANS_20MS", 4);
-      w.u(r.RESQ_NUM_TOT_TRANS_5MS, "RESQ_NUM_TOT_TRANS_5MS", 4);
-    }
-    if (!w.need(9)) return;
-    w.u(r.RESQ_NUM_PREAMBLE_RC1_RC2, "RESQ_NUM_PREAMBLE_RC1_RC2", 3);
-    w.u(r.RESQ_NUM_PREAMBLE, "RESQ_NUM_PREAMBLE", 3);
-    w.u(r.RESQ_POWER_DELTA, "RESQ_POWER_DELTA", 3);
-    if (!w.scalars("NGHBR_RESQ_CONFIGURED", r.NGHBR_RESQ_CONFIGURED, r.NUM_NGHBR, 1)) return;
+    if (!fwd::call_rescue<true>(w, r)) return;
   }
   w.scalars("NGHBR_PDCH_SUPPORTED", r.NGHBR_PDCH_SUPPORTED, r.NUM_NGHBR, 1);
 }
