@@ -296,20 +296,5 @@ TEST(Assign, ExtendedIs2000TrafficAssignment) {
   }
 }
 
-TEST(Assign, ArbitraryBytesGiveAResult) {
-  std::mt19937 rng(11);
-  for (int round = 0; round < 3000; ++round) {
-    std::vector<std::uint8_t> buf(1 + rng() % 60);
-    for (auto& o : buf) o = static_cast<std::uint8_t>(rng());
-    const std::uint64_t avail = rng() % (buf.size() * 8 + 1);
-    const auto p_rev = static_cast<std::uint8_t>(rng() % 13);
-    for (const BodyOps* ops : {cam_body(), ecam_body()}) {
-      const auto r = run_body(ops, buf, 0, avail, test::ctx(p_rev));
-      EXPECT_TRUE(r.rc == Rc::ok || r.rc == Rc::short_msg || r.rc == Rc::count) << ops->header;
-      EXPECT_EQ(r.text.rfind(std::string(ops->header) + "\n{\n", 0), 0u);
-    }
-  }
-}
-
 }  // namespace
 }  // namespace cs

@@ -312,33 +312,5 @@ TEST(InfoRecords, FlashWithInformationThroughTheTrafficChannel) {
                            "            CHARi[1] = 105", "         }", "      }", "   }", "}"}));
 }
 
-// Any bytes with any bit count: a result and a text, no read outside the buffer (the debug
-// walker asserts every read lies inside a checked group).
-TEST(InfoRecords, ArbitraryInputNeverReadsOutsideItsBuffer) {
-  std::mt19937 rng(2024);
-  for (std::uint8_t type : {kAWIM, kFWIM, kEAWIM, kEFWIM}) {
-    const BodyOps* ops = fd_inforec_body(type);
-    ASSERT_NE(ops, nullptr);
-    for (int iter = 0; iter < 3000; ++iter) {
-      std::vector<std::uint8_t> bytes(rng() % 48);
-      for (auto& o : bytes) o = static_cast<std::uint8_t>(rng());
-      // Bias towards record types with decoders so the record layouts get exercised.
-      for (std::size_t i = 0; i + 1 < bytes.size(); i += 2 + rng() % 6) bytes[i] = static_cast<std::uint8_t>(rng() % 24);
-      const std::uint64_t avail = bytes.empty() ? 0 : rng() % (bytes.size() * 8 + 1);
-      Arena arena;
-      Ctx c;
-      c.p_rev = static_cast<std::uint8_t>(rng() % 12);
-      c.encryption = static_cast<std::uint8_t>(rng() % 4);
-      void* rec = arena.raw(ops->size, alignof(std::max_align_t));
-      std::uint64_t consumed = 0;
-      const Rc rc = ops->decode(rec, c, arena, bytes.data(), bytes.size(), 0, avail, &consumed);
-      EXPECT_TRUE(rc == Rc::ok || rc == Rc::short_msg);
-      Text t;
-      ops->print(rec, c, ops->header, 0, t);
-      EXPECT_EQ(t.str().rfind("}\n"), t.size() - 2);
-    }
-  }
-}
-
 }  // namespace
 }  // namespace cs

@@ -206,20 +206,5 @@ TEST(Orders, TrafficOrderHasActionTimeAndTrafficRecords) {
             std::string::npos);
 }
 
-TEST(Orders, ArbitraryBytesGiveAResult) {
-  std::mt19937 rng(7);
-  for (int round = 0; round < 3000; ++round) {
-    std::vector<std::uint8_t> buf(1 + rng() % 14);
-    for (auto& o : buf) o = static_cast<std::uint8_t>(rng());
-    const std::uint64_t start = rng() % 8;
-    const std::uint64_t avail = rng() % (buf.size() * 8 - start + 1);
-    for (const BodyOps* ops : {fc_order_body(), fd_order_body()}) {
-      const auto r = run_body(ops, buf, start, avail, test::ctx(static_cast<std::uint8_t>(rng() % 13)));
-      EXPECT_TRUE(r.rc == Rc::ok || r.rc == Rc::short_msg) << ops->header;
-      EXPECT_EQ(r.text.rfind(std::string(ops->header) + "\n{\n", 0), 0u);
-    }
-  }
-}
-
 }  // namespace
 }  // namespace cs

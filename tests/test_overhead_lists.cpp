@@ -510,28 +510,5 @@ TEST(OverheadLists, PagingChannelCarriesEachBody) {
   }
 }
 
-// Arbitrary octets through every body and revision: a result code, text, and never a read or a
-// reported length outside the bits given (the walker asserts the reads in debug builds).
-TEST(OverheadLists, ArbitraryOctetsGiveAResult) {
-  std::uint32_t seed = 12345;
-  auto next = [&seed] {
-    seed = seed * 1103515245u + 12345u;
-    return static_cast<std::uint8_t>(seed >> 16);
-  };
-  for (std::uint8_t id : {3, 4, 14, 18, 22, 23, 24, 26, 27, 33}) {
-    for (int round = 0; round < 300; ++round) {
-      std::vector<std::uint8_t> buf(1 + next() % 40);
-      for (auto& o : buf) o = static_cast<std::uint8_t>(round % 3 == 0 ? 0xff : next());
-      const std::uint64_t bits = buf.size() * 8 - next() % 8;
-      const std::uint8_t p_rev = static_cast<std::uint8_t>(3 + round % 9);
-      Body b = run(id, p_rev, 1, buf, 0, bits);
-      EXPECT_TRUE(b.rc == Rc::ok || b.rc == Rc::count || b.rc == Rc::short_msg) << int(id);
-      EXPECT_LE(b.consumed, bits) << int(id);
-      EXPECT_EQ(b.text.rfind(overhead_list_body(id)->header, 0), 0u);
-    }
-  }
-  for (std::uint8_t id : {0, 1, 2, 5, 13, 25, 28, 32, 45}) EXPECT_EQ(overhead_list_body(id), nullptr) << int(id);
-}
-
 }  // namespace
 }  // namespace cs

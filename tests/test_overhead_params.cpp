@@ -647,24 +647,5 @@ TEST(OverheadParams, OtherIdentifiersGoToTheListMessages) {
 // ---------------------------------------------------------------------------------------------
 // Any bytes give a result code and text, for every revision and body.
 
-TEST(OverheadParams, ArbitraryBytesNeverReadOutsideTheBuffer) {
-  std::mt19937 rng(12345);
-  for (std::uint8_t id : {1, 2, 13, 29, 31, 32}) {
-    for (int round = 0; round < 300; ++round) {
-      std::vector<std::uint8_t> buf(rng() % 48);
-      for (auto& o : buf) o = static_cast<std::uint8_t>(rng());
-      const std::uint8_t p_rev = static_cast<std::uint8_t>(rng() % 13);
-      // Claim more bits than the buffer holds: the reader must still stay inside it.
-      const std::uint64_t avail = buf.size() * 8 + (round % 3 == 0 ? 64 : 0);
-      auto r = run(id, p_rev, static_cast<std::uint8_t>(rng() % 6), buf, 0, avail);
-      EXPECT_TRUE(r.rc == Rc::ok || r.rc == Rc::short_msg) << int(id) << " round " << round;
-      if (r.rc == Rc::ok) {
-        EXPECT_LE(r.used, avail);
-      }
-      EXPECT_EQ(r.text.rfind("}\n"), r.text.size() - 2);
-    }
-  }
-}
-
 }  // namespace
 }  // namespace cs

@@ -67,8 +67,9 @@ class ReadWalk {
   void show(const T&, const char* name) {
     if (rc_ == Rc::ok && g_read_trace) g_read_trace->emplace_back(name);
   }
+  // Bits passed over; never past the end of the message (a declared length may overstate it).
   void skip(std::uint64_t bits) {
-    if (rc_ == Rc::ok) pos_ += bits;
+    if (rc_ == Rc::ok) pos_ = std::max(pos_, std::min(pos_ + bits, end_));
   }
   void align(unsigned mod, unsigned bias) {
     if (rc_ == Rc::ok) pos_ += (mod + bias % mod - (pos_ - start_) % mod) % mod;
