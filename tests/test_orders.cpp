@@ -86,8 +86,7 @@ TEST(Orders, CommonChannelGoldenTexts) {
            "   SR_ID_BITMAP_BIT4 = 0", "   SR_ID_BITMAP_BIT5 = 0", "   SR_ID_BITMAP_BIT6 = 1",
            "   SERVICE_STATUS[0] = 5", "   SERVICE_STATUS[1] = 0", "   SERVICE_STATUS[2] = 7", "}"})},
       {"fast call setup, ORDQ 0, P_REV 11 with both report modes", 11,
-       Bits()
-           .put(36, 6).put(7, 3).put(0, 8)
+       Bits().put(36, 6).put(7, 3).put(0, 8)
            .put(1, 1).put(2, 2).put(9, 4).put(5, 4).put(1, 1)    // RSC fields, REQ_RSCI, IGNORE_QPCH
            .put(1, 1).put(1, 1).put(3, 3).put(2, 3).put(1, 2).put(4, 3)    // RER
            .put(1, 1).put(1, 1).put(6, 3).put(10, 4).put(3, 4).put(99, 8)  // TKZ

@@ -68,8 +68,7 @@ TEST(Sync, GoldenTextsForTheRevisionGroups) {
        expected(7, {"   CDMA_FREQ = 283", "   EXT_CDMA_FREQ = 283", "   SR1_BCCH_NON_TD_INCL = 0", "   SR1_TD_INCL = 0",
                     "   SR3_INCL = 0", "   DS_INCL = 0"})},
       {"P_REV 9 every group", 9, 5,
-       Bits()
-           .put(384, 11)                                              // EXT_CDMA_FREQ (no CDMA_FREQ on band 5)
+       Bits().put(384, 11)                                              // EXT_CDMA_FREQ (no CDMA_FREQ on band 5)
            .put(1, 1).put(1, 1).put(75, 11).put(2, 2).put(1, 1).put(33, 6)  // SR1 non-TD
            .put(1, 1).put(200, 11).put(1, 2).put(0, 1).put(17, 6).put(3, 2).put(2, 2)  // SR1 TD
            .put(1, 1).put(1, 1).put(1100, 11).put(3, 2).put(99, 7).put(1, 2).put(5, 3).put(6, 3)  // SR3
