@@ -1,7 +1,1476 @@
+// The handoff direction family of the forward traffic channel (C.S0005 3.7.3.3.2.x):
+// Handoff Direction (5), Extended Handoff Direction (17), General Handoff Direction (31) and
+// Universal Handoff Direction (34), with the Service Connect (20) and Extended Supplemental
+// Channel Assignment (35) messages, which are mostly service configuration.
+//
+// Every record is the message body after the PDU header; its one layout is walked to decode
+// and to print. Revision-dependent fields test Ctx::p_rev (P_REV_IN_USE), except where the
+// message carries its own P_REV.
+#include <cstdint>
+
+#include "codec/layout.h"
 #include "fwd_traffic/bodies.h"
+#include "fwd_traffic/service_config.h"
 
 namespace cs {
+namespace {
 
-const BodyOps* fd_handoff_body(std::uint8_t) { return nullptr; }
+// ---- Pilot lists that run to the end of the message --------------------------------------
+
+// Capacity of a pilot list whose count is not sent: one slot per 18-bit record that fits,
+// plus one. The count is kept in 8 bits on purpose (a list of 255 fitting records wraps to 0
+// slots, one of 300 to 45) and never exceeds 108, so one allocation serves any message.
+std::uint32_t pilot_capacity(std::uint64_t bits_left) {
+  std::uint8_t n = static_cast<std::uint8_t>(bits_left / 18);
+  n = static_cast<std::uint8_t>(n + 1);
+  return n > 108 ? 108u : n;
+}
+
+// The 18-bit pilot record of the Handoff Direction and Extended Handoff Direction messages.
+struct HoPilot {
+  std::uint16_t PILOT_PN;
+  std::uint8_t PWR_COMB_IND;
+  std::uint8_t CODE_CHAN;
+};
+
+template <class W>
+void layout(W& w, HoPilot& r, const Ctx&) {
+  if (!w.need(18)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
+  w.u(r.CODE_CHAN, "CODE_CHAN", 8);
+}
+
+// ---- Handoff Direction Message (5) --------------------------------------------------------
+
+struct FD_HDM {
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint8_t HDM_SEQ;
+  std::uint8_t SRCH_WIN_A;
+  std::uint8_t T_ADD;
+  std::uint8_t T_DROP;
+  std::uint8_t T_COMP;
+  std::uint8_t T_TDROP;
+  std::uint8_t FRAME_OFFSET;
+  std::uint8_t PRIVATE_LCM;
+  std::uint8_t RESET_L2;
+  std::uint8_t ENCRYPT_MODE;
+  std::uint8_t FREQ_INCL;
+  std::uint16_t CDMA_FREQ;
+  PoolArray<HoPilot> PILOTs;
+};
+
+template <class W>
+void layout(W& w, FD_HDM& r, const Ctx& c) {
+  if (!w.need(42)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  w.u(r.HDM_SEQ, "HDM_SEQ", 2);
+  w.u(r.SRCH_WIN_A, "SRCH_WIN_A", 4);
+  w.u(r.T_ADD, "T_ADD", 6);
+  w.u(r.T_DROP, "T_DROP", 6);
+  w.u(r.T_COMP, "T_COMP", 4);
+  w.u(r.T_TDROP, "T_TDROP", 4);
+  w.u(r.FRAME_OFFSET, "FRAME_OFFSET", 4);
+  w.u(r.PRIVATE_LCM, "PRIVATE_LCM", 1);
+  w.u(r.RESET_L2, "RESET_L2", 1);
+  w.u(r.ENCRYPT_MODE, "ENCRYPT_MODE", 2);
+  w.u(r.FREQ_INCL, "FREQ_INCL", 1);
+  if (r.FREQ_INCL) {
+    if (!w.need(11)) return;
+    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
+  }
+  w.list_to_end("PILOTs", "FD_HDM_PILOTs", r.PILOTs, pilot_capacity, c);
+}
+
+// ---- Extended Handoff Direction Message (17) ----------------------------------------------
+
+struct EhdmAdditional {
+  std::uint8_t P_REV;
+};
+
+template <class W>
+void layout(W& w, EhdmAdditional& r, const Ctx&) {
+  if (!w.need(8)) return;
+  w.u(r.P_REV, "P_REV", 8);
+}
+
+struct FD_EHDM {
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint8_t HDM_SEQ;
+  std::uint8_t SEARCH_INCLUDED;
+  std::uint8_t SRCH_WIN_A;
+  std::uint8_t T_ADD;
+  std::uint8_t T_DROP;
+  std::uint8_t T_COMP;
+  std::uint8_t T_TDROP;
+  std::uint8_t HARD_INCLUDED;
+  std::uint8_t FRAME_OFFSET;
+  std::uint8_t PRIVATE_LCM;
+  std::uint8_t RESET_L2;
+  std::uint8_t RESET_FPC;
+  std::uint8_t SERV_NEG_TYPE;
+  std::uint8_t ENCRYPT_MODE;
+  std::uint8_t NOM_PWR_EXT;
+  std::uint8_t NOM_PWR;
+  std::uint8_t NUM_PREAMBLE;
+  std::uint8_t BAND_CLASS;
+  std::uint16_t CDMA_FREQ;
+  std::uint8_t ADD_LENGTH;
+  EhdmAdditional AdditionalFields;
+  PoolArray<HoPilot> ACTIVE_SET_PILOT;
+};
+
+template <class W>
+void layout(W& w, FD_EHDM& r, const Ctx& c) {
+  if (!w.need(10)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  w.u(r.HDM_SEQ, "HDM_SEQ", 2);
+  w.u(r.SEARCH_INCLUDED, "SEARCH_INCLUDED", 1);
+  if (r.SEARCH_INCLUDED) {
+    if (!w.need(24)) return;
+    w.u(r.SRCH_WIN_A, "SRCH_WIN_A", 4);
+    w.u(r.T_ADD, "T_ADD", 6);
+    w.u(r.T_DROP, "T_DROP", 6);
+    w.u(r.T_COMP, "T_COMP", 4);
+    w.u(r.T_TDROP, "T_TDROP", 4);
+  }
+  if (!w.need(1)) return;
+  w.u(r.HARD_INCLUDED, "HARD_INCLUDED", 1);
+  if (r.HARD_INCLUDED) {
+    if (!w.need(6)) return;
+    w.u(r.FRAME_OFFSET, "FRAME_OFFSET", 4);
+    w.u(r.PRIVATE_LCM, "PRIVATE_LCM", 1);
+    w.u(r.RESET_L2, "RESET_L2", 1);
+    if (c.p_rev >= 3) {
+      if (!w.need(2)) return;
+      w.u(r.RESET_FPC, "RESET_FPC", 1);
+      w.u(r.SERV_NEG_TYPE, "SERV_NEG_TYPE", 1);
+    } else if (pcs_band(c.band_class)) {
+      // Before P_REV 3 only the PCS bands carry the two bits; the second (SERV_NEG_TYPE) is
+      // consumed but neither kept nor shown. The asymmetry is intended.
+      if (!w.need(2)) return;
+      w.u(r.RESET_FPC, "RESET_FPC", 1);
+      w.skip(1);
+    }
+    if (!w.need(26)) return;
+    w.u(r.ENCRYPT_MODE, "ENCRYPT_MODE", 2);
+    w.u(r.NOM_PWR_EXT, "NOM_PWR_EXT", 1);
+    w.u(r.NOM_PWR, "NOM_PWR", 4);
+    w.u(r.NUM_PREAMBLE, "NUM_PREAMBLE", 3);
+    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
+  }
+  if (!w.need(3)) return;
+  w.u(r.ADD_LENGTH, "ADD_LENGTH", 3);
+  if (r.ADD_LENGTH) {
+    // Only P_REV is known; the walk moves on by all ADD_LENGTH octets.
+    if (!w.sized("AdditionalFields", "FD_EHDM_AdditionalFields", r.AdditionalFields, 8u * r.ADD_LENGTH, c)) return;
+  }
+  w.list_to_end("ACTIVE_SET_PILOT", "FD_EHDM_ACTIVE_SET_PILOT", r.ACTIVE_SET_PILOT, pilot_capacity, c);
+}
+
+// ---- Helpers shared by the later members ---------------------------------------------------
+
+// Where the decode stands (0 while printing, which never skips).
+template <class W>
+std::uint64_t here(W& w) {
+  if constexpr (W::kReading) return w.pos();
+  else return 0;
+}
+
+// Length-prefixed parts: while decoding, moves on to the declared end when the fields this
+// revision knows stop short of it (unchecked: the next field's check catches a declared end
+// past the message).
+template <class W>
+void skip_to(W& w, std::uint64_t start, std::uint64_t declared_bits) {
+  if constexpr (W::kReading) {
+    const std::uint64_t end = start + declared_bits;
+    if (w.pos() < end) w.skip(end - w.pos());
+  }
+}
+
+// The search group of the General and Universal Handoff Direction messages.
+template <class W, class R>
+bool search_group(W& w, R& r) {
+  if (!w.need(50)) return false;
+  w.u(r.SRCH_WIN_A, "SRCH_WIN_A", 4);
+  w.u(r.SRCH_WIN_N, "SRCH_WIN_N", 4);
+  w.u(r.SRCH_WIN_R, "SRCH_WIN_R", 4);
+  w.u(r.T_ADD, "T_ADD", 6);
+  w.u(r.T_DROP, "T_DROP", 6);
+  w.u(r.T_COMP, "T_COMP", 4);
+  w.u(r.T_TDROP, "T_TDROP", 4);
+  w.u(r.SOFT_SLOPE, "SOFT_SLOPE", 6);
+  w.u(r.ADD_INTERCEPT, "ADD_INTERCEPT", 6);
+  w.u(r.DROP_INTERCEPT, "DROP_INTERCEPT", 6);
+  return true;
+}
+
+// RETURN_IF_HANDOFF_FAIL .. the service configuration record, the tail of the extra
+// parameters of both messages.
+template <class W, class R>
+bool return_and_scr(W& w, R& r, const Ctx& c) {
+  if (!w.need(1)) return false;
+  w.u(r.RETURN_IF_HANDOFF_FAIL, "RETURN_IF_HANDOFF_FAIL", 1);
+  if (r.RETURN_IF_HANDOFF_FAIL) {
+    if (!w.need(1)) return false;
+    w.u(r.COMPLETE_SEARCH, "COMPLETE_SEARCH", 1);
+  }
+  if (!w.need(2)) return false;
+  w.u(r.PERIODIC_SEARCH, "PERIODIC_SEARCH", 1);
+  w.u(r.SCR_INCLUDED, "SCR_INCLUDED", 1);
+  if (r.SCR_INCLUDED) {
+    if (!w.need(3)) return false;
+    w.u(r.SERV_CON_SEQ, "SERV_CON_SEQ", 3);
+    if (!scr_record(w, r.RECORD_TYPE, r.RECORD_LEN, r.SCR, c)) return false;
+  }
+  return true;
+}
+
+// REV_FCH_GATING_MODE with the power control delay it enables.
+template <class W, class R>
+bool gating(W& w, R& r) {
+  if (!w.need(1)) return false;
+  w.u(r.REV_FCH_GATING_MODE, "REV_FCH_GATING_MODE", 1);
+  if (!r.REV_FCH_GATING_MODE) return true;
+  if (!w.need(1)) return false;
+  w.u(r.REV_PWR_CNTL_DELAY_INCL, "REV_PWR_CNTL_DELAY_INCL", 1);
+  if (!r.REV_PWR_CNTL_DELAY_INCL) return true;
+  if (!w.need(2)) return false;
+  w.u(r.REV_PWR_CNTL_DELAY, "REV_PWR_CNTL_DELAY", 2);
+  return true;
+}
+
+// SYNC_ID_INCL, SYNC_ID_LEN and SYNC_ID (SYNC_ID_LEN octets, shown in hexadecimal).
+template <class W, class R>
+bool sync_id(W& w, R& r) {
+  if (!w.need(1)) return false;
+  w.u(r.SYNC_ID_INCL, "SYNC_ID_INCL", 1);
+  if (!r.SYNC_ID_INCL) return true;
+  if (!w.need(4)) return false;
+  w.u(r.SYNC_ID_LEN, "SYNC_ID_LEN", 4);
+  if (r.SYNC_ID_LEN == 0) return true;
+  if (!w.need(8u * r.SYNC_ID_LEN)) return false;
+  w.bits(r.SYNC_ID, "SYNC_ID", 8u * r.SYNC_ID_LEN);
+  return true;
+}
+
+// Call assignments of the Universal Handoff Direction and Service Connect messages.
+struct CallAssign {
+  std::uint8_t CON_REF;
+  std::uint8_t RESPONSE_IND;
+  std::uint8_t TAG;
+  std::uint8_t BYPASS_ALERT_ANSWER;
+};
+
+template <class W>
+void layout(W& w, CallAssign& r, const Ctx&) {
+  if (!w.need(9)) return;
+  w.u(r.CON_REF, "CON_REF", 8);
+  w.u(r.RESPONSE_IND, "RESPONSE_IND", 1);
+  if (r.RESPONSE_IND) {
+    if (!w.need(4)) return;
+    w.u(r.TAG, "TAG", 4);
+  } else {
+    if (!w.need(1)) return;
+    w.u(r.BYPASS_ALERT_ANSWER, "BYPASS_ALERT_ANSWER", 1);
+  }
+}
+
+// From P_REV 7: the signalling encryption of the extra parameters, the 3X forward / 1X reverse
+// offset (Universal only), the SYNC_ID of a stored configuration and the call assignments
+// (Universal only, with a service configuration).
+template <class W, class R>
+bool enc_and_calls(W& w, R& r, const Ctx& c, bool universal, const char* calls_header) {
+  if (r.EXTRA_PARMS) {
+    if (r.ENCRYPT_MODE == 3) {
+      if (!w.need(3)) return false;
+      w.u(r.D_SIG_ENCRYPT_MODE, "D_SIG_ENCRYPT_MODE", 3);
+    }
+    if (r.ENCRYPT_MODE == 2 || r.ENCRYPT_MODE == 3) {
+      if (!w.need(3)) return false;
+      w.u(r.ENC_KEY_SIZE, "ENC_KEY_SIZE", 3);
+    }
+  }
+  if (universal) {
+    if (!w.need(1)) return false;
+    w.u(r.F3XFL_1XRL_INCL, "F3XFL_1XRL_INCL", 1);
+    if (r.F3XFL_1XRL_INCL) {
+      if (!w.need(2)) return false;
+      w.u(r.F1XRL_FREQ_OFFSET, "F1XRL_FREQ_OFFSET", 2);
+    }
+  }
+  if (!r.EXTRA_PARMS) return true;
+  if ((r.SCR_INCLUDED || r.NNSCR_INCLUDED) && !sync_id(w, r)) return false;
+  if (universal && r.SCR_INCLUDED) {
+    if (!w.need(1)) return false;
+    w.u(r.CC_INFO_INCL, "CC_INFO_INCL", 1);
+    if (r.CC_INFO_INCL) {
+      if (!w.need(8)) return false;
+      w.u(r.NUM_CALLS_ASSIGN, "NUM_CALLS_ASSIGN", 8);
+      if (!w.counted("CALLs", calls_header, r.CALLs, r.NUM_CALLS_ASSIGN, c)) return false;
+    }
+  }
+  return true;
+}
+
+// ---- General Handoff Direction Message (31) -----------------------------------------------
+
+// A pilot of the General Handoff Direction Message. With forward supplemental code channels
+// assigned (FOR_SUP_CONFIG '10' or '11') each pilot says which it carries; the message hands
+// the pilots that state through Ctx::ordq (bit 3: supplementals specified, low bits:
+// NUM_FOR_SUP), as the layout signature has no other channel for it.
+struct GhdmPilot {
+  std::uint16_t PILOT_PN;
+  std::uint8_t PWR_COMB_IND;
+  std::uint8_t CODE_CHAN;
+  std::uint8_t FOR_SUP_INCLUDED;
+  std::uint8_t EXPL_CODE_CHAN;
+  PoolArray<std::uint8_t> SUP_CODE_CHAN;
+  std::uint8_t BASE_CODE_CHAN;
+};
+
+template <class W>
+void layout(W& w, GhdmPilot& r, const Ctx& c) {
+  if (!w.need(18)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
+  w.u(r.CODE_CHAN, "CODE_CHAN", 8);
+  if (!(c.ordq & 8u)) return;
+  if (!w.need(1)) return;
+  w.u(r.FOR_SUP_INCLUDED, "FOR_SUP_INCLUDED", 1);
+  if (!r.FOR_SUP_INCLUDED) return;
+  if (!w.need(1)) return;
+  w.u(r.EXPL_CODE_CHAN, "EXPL_CODE_CHAN", 1);
+  if (r.EXPL_CODE_CHAN) {
+    w.scalars("SUP_CODE_CHAN", r.SUP_CODE_CHAN, c.ordq & 7u, 8);
+  } else {
+    if (!w.need(8)) return;
+    w.u(r.BASE_CODE_CHAN, "BASE_CODE_CHAN", 8);
+  }
+}
+
+struct FD_GHDM {
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint8_t HDM_SEQ;
+  std::uint8_t SEARCH_INCLUDED;
+  std::uint8_t SRCH_WIN_A;
+  std::uint8_t SRCH_WIN_N;
+  std::uint8_t SRCH_WIN_R;
+  std::uint8_t T_ADD;
+  std::uint8_t T_DROP;
+  std::uint8_t T_COMP;
+  std::uint8_t T_TDROP;
+  std::uint8_t SOFT_SLOPE;
+  std::uint8_t ADD_INTERCEPT;
+  std::uint8_t DROP_INTERCEPT;
+  std::uint8_t EXTRA_PARMS;
+  std::uint8_t P_REV;
+  std::uint8_t PACKET_ZONE_ID;
+  std::uint8_t FRAME_OFFSET;
+  std::uint8_t PRIVATE_LCM;
+  std::uint8_t RESET_L2;
+  std::uint8_t RESET_FPC;
+  std::uint8_t SERV_NEG_TYPE;
+  std::uint8_t ENCRYPT_MODE;
+  std::uint8_t NOM_PWR_EXT;
+  std::uint8_t NOM_PWR;
+  std::uint8_t NUM_PREAMBLE;
+  std::uint8_t BAND_CLASS;
+  std::uint16_t CDMA_FREQ;
+  std::uint8_t RETURN_IF_HANDOFF_FAIL;
+  std::uint8_t COMPLETE_SEARCH;
+  std::uint8_t PERIODIC_SEARCH;
+  std::uint8_t SCR_INCLUDED;
+  std::uint8_t SERV_CON_SEQ;
+  std::uint8_t RECORD_TYPE;
+  std::uint8_t RECORD_LEN;
+  ServiceConfig SCR;
+  std::uint8_t SUP_CHAN_PARMS_INCLUDED;
+  std::uint8_t FOR_INCLUDED;
+  std::uint8_t FOR_SUP_CONFIG;
+  std::uint8_t NUM_FOR_SUP;
+  std::uint8_t USE_FOR_DURATION;
+  std::uint8_t FOR_DURATION;
+  std::uint8_t REV_INCLUDED;
+  std::uint8_t REV_DTX_DURATION;
+  std::uint8_t CLEAR_RETRY_DELAY;
+  std::uint8_t USE_REV_DURATION;
+  std::uint8_t REV_DURATION;
+  std::uint8_t NUM_REV_CODES;
+  std::uint8_t USE_T_ADD_ABORT;
+  std::uint8_t REV_PARMS_INCLUDED;
+  std::uint8_t T_MULCHAN;
+  std::uint8_t BEGIN_PREAMBLE;
+  std::uint8_t RESUME_PREAMBLE;
+  std::uint8_t USE_PWR_CNTL_STEP;
+  std::uint8_t PWR_CNTL_STEP;
+  std::uint8_t NUM_PILOTS;
+  PoolArray<GhdmPilot> PILOTs;
+  // P_REV 6 and later
+  std::uint8_t FPC_SUBCHAN_GAIN;
+  std::uint8_t USE_PC_TIME;
+  std::uint8_t PC_ACTION_TIME;
+  std::uint8_t RLGAIN_TRAFFIC_PILOT;
+  std::uint8_t DEFAULT_RLAG;
+  std::uint8_t NNSCR_INCLUDED;
+  std::uint8_t RECORD_TYPE2;
+  std::uint8_t RECORD_LEN2;
+  Nnscr NNSCR;
+  std::uint8_t REV_FCH_GATING_MODE;
+  std::uint8_t REV_PWR_CNTL_DELAY_INCL;
+  std::uint8_t REV_PWR_CNTL_DELAY;
+  // P_REV 7 and later
+  std::uint8_t D_SIG_ENCRYPT_MODE;
+  std::uint8_t ENC_KEY_SIZE;
+  std::uint8_t F3XFL_1XRL_INCL;     // Universal only
+  std::uint8_t F1XRL_FREQ_OFFSET;   // Universal only
+  std::uint8_t SYNC_ID_INCL;
+  std::uint8_t SYNC_ID_LEN;
+  Bytes SYNC_ID;
+  std::uint8_t CC_INFO_INCL;        // Universal only
+  std::uint8_t NUM_CALLS_ASSIGN;    // Universal only
+  PoolArray<CallAssign> CALLs;      // Universal only
+  std::uint8_t CS_SUPPORTED;
+};
+
+template <class W>
+void layout(W& w, FD_GHDM& r, const Ctx& c) {
+  if (!w.need(1)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  if (r.USE_TIME) {
+    if (!w.need(6)) return;
+    w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  }
+  if (!w.need(3)) return;
+  w.u(r.HDM_SEQ, "HDM_SEQ", 2);
+  w.u(r.SEARCH_INCLUDED, "SEARCH_INCLUDED", 1);
+  if (r.SEARCH_INCLUDED && !search_group(w, r)) return;
+  if (!w.need(1)) return;
+  w.u(r.EXTRA_PARMS, "EXTRA_PARMS", 1);
+  if (r.EXTRA_PARMS) {
+    if (!w.need(50)) return;
+    w.u(r.P_REV, "P_REV", 8);
+    w.u(r.PACKET_ZONE_ID, "PACKET_ZONE_ID", 8);
+    w.u(r.FRAME_OFFSET, "FRAME_OFFSET", 4);
+    w.u(r.PRIVATE_LCM, "PRIVATE_LCM", 1);
+    w.u(r.RESET_L2, "RESET_L2", 1);
+    w.u(r.RESET_FPC, "RESET_FPC", 1);
+    w.u(r.SERV_NEG_TYPE, "SERV_NEG_TYPE", 1);
+    w.u(r.ENCRYPT_MODE, "ENCRYPT_MODE", 2);
+    w.u(r.NOM_PWR_EXT, "NOM_PWR_EXT", 1);
+    w.u(r.NOM_PWR, "NOM_PWR", 4);
+    w.u(r.NUM_PREAMBLE, "NUM_PREAMBLE", 3);
+    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
+    if (!return_and_scr(w, r, c)) return;
+  }
+
+  if (!w.need(1)) return;
+  w.u(r.SUP_CHAN_PARMS_INCLUDED, "SUP_CHAN_PARMS_INCLUDED", 1);
+  if (r.SUP_CHAN_PARMS_INCLUDED) {
+    if (!w.need(1)) return;
+    w.u(r.FOR_INCLUDED, "FOR_INCLUDED", 1);
+    if (r.FOR_INCLUDED) {
+      if (!w.need(2)) return;
+      w.u(r.FOR_SUP_CONFIG, "FOR_SUP_CONFIG", 2);
+      if (r.FOR_SUP_CONFIG == 2 || r.FOR_SUP_CONFIG == 3) {
+        if (!w.need(3)) return;
+        w.u(r.NUM_FOR_SUP, "NUM_FOR_SUP", 3);
+      }
+      // '01' and '11' start the supplementals: their duration may follow.
+      if (r.FOR_SUP_CONFIG == 1 || r.FOR_SUP_CONFIG == 3) {
+        if (!w.need(1)) return;
+        w.u(r.USE_FOR_DURATION, "USE_FOR_DURATION", 1);
+        if (r.USE_FOR_DURATION) {
+          if (!w.need(8)) return;
+          w.u(r.FOR_DURATION, "FOR_DURATION", 8);
+        }
+      }
+    }
+    if (!w.need(1)) return;
+    w.u(r.REV_INCLUDED, "REV_INCLUDED", 1);
+    if (r.REV_INCLUDED) {
+      if (!w.need(6)) return;
+      w.u(r.REV_DTX_DURATION, "REV_DTX_DURATION", 4);
+      w.u(r.CLEAR_RETRY_DELAY, "CLEAR_RETRY_DELAY", 1);
+      w.u(r.USE_REV_DURATION, "USE_REV_DURATION", 1);
+      if (r.USE_REV_DURATION) {
+        if (!w.need(8)) return;
+        w.u(r.REV_DURATION, "REV_DURATION", 8);
+      }
+      if (!w.need(4)) return;
+      w.u(r.NUM_REV_CODES, "NUM_REV_CODES", 3);
+      w.u(r.USE_T_ADD_ABORT, "USE_T_ADD_ABORT", 1);
+    }
+    if (!w.need(1)) return;
+    w.u(r.REV_PARMS_INCLUDED, "REV_PARMS_INCLUDED", 1);
+    if (r.REV_PARMS_INCLUDED) {
+      if (!w.need(9)) return;
+      w.u(r.T_MULCHAN, "T_MULCHAN", 3);
+      w.u(r.BEGIN_PREAMBLE, "BEGIN_PREAMBLE", 3);
+      w.u(r.RESUME_PREAMBLE, "RESUME_PREAMBLE", 3);
+    }
+  }
+  if (!w.need(1)) return;
+  w.u(r.USE_PWR_CNTL_STEP, "USE_PWR_CNTL_STEP", 1);
+  if (r.USE_PWR_CNTL_STEP) {
+    if (!w.need(3)) return;
+    w.u(r.PWR_CNTL_STEP, "PWR_CNTL_STEP", 3);
+  }
+  if (!w.need(3)) return;
+  w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
+  {
+    Ctx pilots = c;
+    const bool sup = r.SUP_CHAN_PARMS_INCLUDED && r.FOR_INCLUDED && (r.FOR_SUP_CONFIG == 2 || r.FOR_SUP_CONFIG == 3);
+    pilots.ordq = static_cast<std::uint8_t>(sup ? 8u | (r.NUM_FOR_SUP & 7u) : 0u);
+    if (!w.counted("PILOTs", "FD_GHDM_PILOTs", r.PILOTs, r.NUM_PILOTS, pilots)) return;
+  }
+  if (c.p_rev < 6) return;
+
+  if (!w.need(6)) return;
+  w.u(r.FPC_SUBCHAN_GAIN, "FPC_SUBCHAN_GAIN", 5);
+  w.u(r.USE_PC_TIME, "USE_PC_TIME", 1);
+  if (r.USE_PC_TIME) {
+    if (!w.need(6)) return;
+    w.u(r.PC_ACTION_TIME, "PC_ACTION_TIME", 6);
+  }
+  if (r.EXTRA_PARMS) {
+    if (!w.need(8)) return;
+    w.u(r.RLGAIN_TRAFFIC_PILOT, "RLGAIN_TRAFFIC_PILOT", 6);
+    w.u(r.DEFAULT_RLAG, "DEFAULT_RLAG", 1);
+    w.u(r.NNSCR_INCLUDED, "NNSCR_INCLUDED", 1);
+    if (r.NNSCR_INCLUDED && !nnscr_record(w, r.RECORD_TYPE2, r.RECORD_LEN2, r.NNSCR, c)) return;
+  }
+  if (!gating(w, r)) return;
+  if (c.p_rev < 7) return;
+  if (!enc_and_calls(w, r, c, false, "FD_GHDM_CALLs")) return;
+  if (!w.need(1)) return;
+  w.u(r.CS_SUPPORTED, "CS_SUPPORTED", 1);
+}
+
+// ---- Universal Handoff Direction Message (34) ---------------------------------------------
+
+// Supplemental channel assignments of the message (SCH_INCL).
+struct UhdmForSchAssign {
+  std::uint8_t FOR_SCH_ID;
+  std::uint8_t FOR_SCH_DURATION;
+  std::uint8_t FOR_SCH_START_TIME_INCL;
+  std::uint8_t FOR_SCH_START_TIME;
+  std::uint8_t SCCL_INDEX;
+};
+
+template <class W>
+void layout(W& w, UhdmForSchAssign& r, const Ctx&) {
+  if (!w.need(6)) return;
+  w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
+  w.u(r.FOR_SCH_DURATION, "FOR_SCH_DURATION", 4);
+  w.u(r.FOR_SCH_START_TIME_INCL, "FOR_SCH_START_TIME_INCL", 1);
+  if (r.FOR_SCH_START_TIME_INCL) {
+    if (!w.need(5)) return;
+    w.u(r.FOR_SCH_START_TIME, "FOR_SCH_START_TIME", 5);
+  }
+  if (!w.need(4)) return;
+  w.u(r.SCCL_INDEX, "SCCL_INDEX", 4);
+}
+
+struct UhdmRevSchAssign {
+  std::uint8_t REV_SCH_ID;
+  std::uint8_t REV_SCH_DURATION;
+  std::uint8_t REV_SCH_START_TIME_INCL;
+  std::uint8_t REV_SCH_START_TIME;
+  std::uint8_t REV_SCH_NUM_BITS_IDX;
+};
+
+template <class W>
+void layout(W& w, UhdmRevSchAssign& r, const Ctx&) {
+  if (!w.need(6)) return;
+  w.u(r.REV_SCH_ID, "REV_SCH_ID", 1);
+  w.u(r.REV_SCH_DURATION, "REV_SCH_DURATION", 4);
+  w.u(r.REV_SCH_START_TIME_INCL, "REV_SCH_START_TIME_INCL", 1);
+  if (r.REV_SCH_START_TIME_INCL) {
+    if (!w.need(5)) return;
+    w.u(r.REV_SCH_START_TIME, "REV_SCH_START_TIME", 5);
+  }
+  if (!w.need(4)) return;
+  w.u(r.REV_SCH_NUM_BITS_IDX, "REV_SCH_NUM_BITS_IDX", 4);
+}
+
+// Supplemental channels of the active set record.
+struct AsrForSch {
+  std::uint8_t FOR_SCH_ID;
+  std::uint8_t SCCL_INDEX;
+  std::uint8_t FOR_SCH_RATE;
+};
+
+template <class W>
+void layout(W& w, AsrForSch& r, const Ctx&) {
+  if (!w.need(9)) return;
+  w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
+  w.u(r.SCCL_INDEX, "SCCL_INDEX", 4);
+  w.u(r.FOR_SCH_RATE, "FOR_SCH_RATE", 4);
+}
+
+struct AsrRevSch {
+  std::uint8_t REV_SCH_ID;
+  std::uint8_t REV_WALSH_ID;
+  std::uint8_t REV_SCH_RATE;
+};
+
+template <class W>
+void layout(W& w, AsrRevSch& r, const Ctx&) {
+  if (!w.need(6)) return;
+  w.u(r.REV_SCH_ID, "REV_SCH_ID", 1);
+  w.u(r.REV_WALSH_ID, "REV_WALSH_ID", 1);
+  w.u(r.REV_SCH_RATE, "REV_SCH_RATE", 4);
+}
+
+// A pilot's code channel on one forward supplemental channel.
+struct AsrPilotSch {
+  std::uint8_t FOR_SCH_ID;
+  std::uint8_t SCCL_INDEX;
+  std::uint8_t PILOT_INCL;
+  std::uint16_t CODE_CHAN_SCH;
+  std::uint8_t QOF_MASK_ID_SCH;
+};
+
+template <class W>
+void layout(W& w, AsrPilotSch& r, const Ctx&) {
+  if (!w.need(6)) return;
+  w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
+  w.u(r.SCCL_INDEX, "SCCL_INDEX", 4);
+  w.u(r.PILOT_INCL, "PILOT_INCL", 1);
+  if (r.PILOT_INCL) {
+    if (!w.need(13)) return;
+    w.u(r.CODE_CHAN_SCH, "CODE_CHAN_SCH", 11);
+    w.u(r.QOF_MASK_ID_SCH, "QOF_MASK_ID_SCH", 2);
+  }
+}
+
+// The type-specific fields of an additional pilot record (C.S0005 pilot record types '000' to
+// '100').
+struct PilotRec {
+  std::uint8_t TD_POWER_LEVEL;
+  std::uint8_t TD_MODE;
+  std::uint8_t QOF;
+  std::uint8_t WALSH_LENGTH;
+  std::uint16_t AUX_PILOT_WALSH;
+  std::uint16_t AUX_WALSH;
+  std::uint16_t AUX_TD_WALSH;
+  std::uint8_t AUX_TD_POWER_LEVEL;
+  std::uint8_t SR3_PRIMARY_PILOT;
+  std::uint8_t SR3_PILOT_POWER1;
+  std::uint8_t SR3_PILOT_POWER2;
+  std::uint8_t ADD_INFO_INCL1;
+  std::uint8_t QOF1;
+  std::uint8_t WALSH_LENGTH1;
+  std::uint16_t AUX_PILOT_WALSH1;
+  std::uint8_t ADD_INFO_INCL2;
+  std::uint8_t QOF2;
+  std::uint8_t WALSH_LENGTH2;
+  std::uint16_t AUX_PILOT_WALSH2;
+};
+
+// QOF, WALSH_LENGTH and a Walsh code of WALSH_LENGTH + 6 bits.
+template <class W>
+bool aux_walsh(W& w, std::uint8_t& qof, const char* qof_name, std::uint8_t& len, const char* len_name,
+               std::uint16_t& walsh, const char* walsh_name) {
+  if (!w.need(5)) return false;
+  w.u(qof, qof_name, 2);
+  w.u(len, len_name, 3);
+  if (!w.need(len + 6u)) return false;
+  w.u(walsh, walsh_name, len + 6u);
+  return true;
+}
+
+template <class W>
+void pilot_rec(W& w, PilotRec& r, std::uint8_t type) {
+  switch (type) {
+    case 0:   // 1X common pilot with transmit diversity
+      if (!w.need(4)) return;
+      w.u(r.TD_POWER_LEVEL, "TD_POWER_LEVEL", 2);
+      w.u(r.TD_MODE, "TD_MODE", 2);
+      break;
+    case 1:   // 1X auxiliary pilot
+      aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
+      break;
+    case 2:   // 1X auxiliary transmit diversity pilot
+      if (!aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_WALSH, "AUX_WALSH")) return;
+      if (!w.need(r.WALSH_LENGTH + 10u)) return;
+      w.u(r.AUX_TD_WALSH, "AUX_TD_WALSH", r.WALSH_LENGTH + 6u);
+      w.u(r.AUX_TD_POWER_LEVEL, "AUX_TD_POWER_LEVEL", 2);
+      w.u(r.TD_MODE, "TD_MODE", 2);
+      break;
+    case 3:   // 3X common pilot
+      if (!w.need(8)) return;
+      w.u(r.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2);
+      w.u(r.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3);
+      w.u(r.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3);
+      break;
+    case 4:   // 3X auxiliary pilot
+      if (!aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH")) return;
+      if (!w.need(1)) return;
+      w.u(r.ADD_INFO_INCL1, "ADD_INFO_INCL1", 1);
+      if (r.ADD_INFO_INCL1 &&
+          !aux_walsh(w, r.QOF1, "QOF1", r.WALSH_LENGTH1, "WALSH_LENGTH1", r.AUX_PILOT_WALSH1, "AUX_PILOT_WALSH1"))
+        return;
+      if (!w.need(1)) return;
+      w.u(r.ADD_INFO_INCL2, "ADD_INFO_INCL2", 1);
+      if (r.ADD_INFO_INCL2)
+        aux_walsh(w, r.QOF2, "QOF2", r.WALSH_LENGTH2, "WALSH_LENGTH2", r.AUX_PILOT_WALSH2, "AUX_PILOT_WALSH2");
+      break;
+    default:   // reserved types: the record's length carries the walk past them
+      break;
+  }
+}
+
+// ADD_PILOT_REC_INCL, PILOT_REC_TYPE and RECORD_LEN (octets of the type-specific fields that
+// follow it), then those fields.
+template <class W, class R>
+bool add_pilot_rec(W& w, R& r, const char* type_name) {
+  if (!w.need(1)) return false;
+  w.u(r.ADD_PILOT_REC_INCL, "ADD_PILOT_REC_INCL", 1);
+  if (!r.ADD_PILOT_REC_INCL) return true;
+  if (!w.need(6)) return false;
+  w.u(r.PILOT_REC_TYPE, type_name, 3);
+  w.u(r.RECORD_LEN, "RECORD_LEN", 3);
+  const std::uint64_t start = here(w);
+  pilot_rec(w, r.REC, r.PILOT_REC_TYPE);
+  skip_to(w, start, 8u * r.RECORD_LEN);
+  return true;
+}
+
+// The channel indicator decides which code channels the pilots carry: the Fundamental Channel
+// for CH_IND '101' and '111', the Dedicated Control Channel for '010', '110' and '111'. The
+// active set record hands CH_IND, SCH_INCL and SRCH_OFFSET_INCL to its pilots through
+// Ctx::ordq (bits 0-2, 3 and 4), as the layout signature has no other channel for them.
+constexpr bool asr_fch(unsigned ch_ind) { return ch_ind == 5 || ch_ind == 7; }
+constexpr bool asr_dcch(unsigned ch_ind) { return ch_ind == 2 || ch_ind == 6 || ch_ind == 7; }
+
+struct AsrPilot {
+  std::uint16_t PILOT_PN;
+  std::uint8_t SRCH_OFFSET;
+  std::uint8_t ADD_PILOT_REC_INCL;
+  std::uint8_t PILOT_REC_TYPE;
+  std::uint8_t RECORD_LEN;
+  PilotRec REC;
+  std::uint8_t PWR_COMB_IND;
+  std::uint16_t CODE_CHAN_FCH;
+  std::uint8_t QOF_MASK_ID_FCH;
+  std::uint16_t CODE_CHAN_DCCH;
+  std::uint8_t QOF_MASK_ID_DCCH;
+  std::uint8_t NUM_SCH;
+  PoolArray<AsrPilotSch> SCHs;
+};
+
+template <class W>
+void layout(W& w, AsrPilot& r, const Ctx& c) {
+  const unsigned ch_ind = c.ordq & 7u;
+  if (!w.need(9)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  if (c.ordq & 16u) {
+    if (!w.need(3)) return;
+    w.u(r.SRCH_OFFSET, "SRCH_OFFSET", 3);
+  }
+  if (!add_pilot_rec(w, r, "PILOT_REC_TYPE")) return;
+  if (!w.need(1)) return;
+  w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
+  if (asr_fch(ch_ind)) {
+    if (!w.need(13)) return;
+    w.u(r.CODE_CHAN_FCH, "CODE_CHAN_FCH", 11);
+    w.u(r.QOF_MASK_ID_FCH, "QOF_MASK_ID_FCH", 2);
+  }
+  if (asr_dcch(ch_ind)) {
+    if (!w.need(13)) return;
+    w.u(r.CODE_CHAN_DCCH, "CODE_CHAN_DCCH", 11);
+    w.u(r.QOF_MASK_ID_DCCH, "QOF_MASK_ID_DCCH", 2);
+  }
+  if (c.ordq & 8u) {
+    if (!w.need(5)) return;
+    w.u(r.NUM_SCH, "NUM_SCH", 5);
+    w.counted("SCHs", "ACTIVE_SET_REC_PILOTs_SCHs", r.SCHs, r.NUM_SCH, c);
+  }
+}
+
+// The 3X code channels of one active set pilot: low and high carriers of the Fundamental and
+// Dedicated Control channels and of each of the pilot's supplemental channels.
+struct F3xCode {
+  std::uint8_t LOW_INCL;
+  std::uint8_t QOF_MASK_ID_LOW;
+  std::uint16_t CODE_CHAN_LOW;
+  std::uint8_t HIGH_INCL;
+  std::uint8_t QOF_MASK_ID_HIGH;
+  std::uint16_t CODE_CHAN_HIGH;
+};
+
+// F3X_<ch>_LOW_INCL [QOF_MASK_ID_<ch>_LOW, CODE_CHAN_<ch>_LOW], then the same for HIGH; the
+// names come in the order of the fields.
+template <class W>
+bool f3x_code(W& w, F3xCode& r, const char* const (&n)[6]) {
+  if (!w.need(1)) return false;
+  w.u(r.LOW_INCL, n[0], 1);
+  if (r.LOW_INCL) {
+    if (!w.need(13)) return false;
+    w.u(r.QOF_MASK_ID_LOW, n[1], 2);
+    w.u(r.CODE_CHAN_LOW, n[2], 11);
+  }
+  if (!w.need(1)) return false;
+  w.u(r.HIGH_INCL, n[3], 1);
+  if (r.HIGH_INCL) {
+    if (!w.need(13)) return false;
+    w.u(r.QOF_MASK_ID_HIGH, n[4], 2);
+    w.u(r.CODE_CHAN_HIGH, n[5], 11);
+  }
+  return true;
+}
+
+constexpr const char* kF3xFch[6] = {"F3X_FCH_LOW_INCL",  "QOF_MASK_ID_FCH_LOW",  "CODE_CHAN_FCH_LOW",
+                                    "F3X_FCH_HIGH_INCL", "QOF_MASK_ID_FCH_HIGH", "CODE_CHAN_FCH_HIGH"};
+constexpr const char* kF3xDcch[6] = {"F3X_DCCH_LOW_INCL",  "QOF_MASK_ID_DCCH_LOW",  "CODE_CHAN_DCCH_LOW",
+                                     "F3X_DCCH_HIGH_INCL", "QOF_MASK_ID_DCCH_HIGH", "CODE_CHAN_DCCH_HIGH"};
+constexpr const char* kF3xSch[6] = {"F3X_SCH_LOW_INCL",  "QOF_MASK_ID_SCH_LOW",  "CODE_CHAN_SCH_LOW",
+                                    "F3X_SCH_HIGH_INCL", "QOF_MASK_ID_SCH_HIGH", "CODE_CHAN_SCH_HIGH"};
+
+struct F3xSch {
+  std::uint8_t FOR_SCH_ID;
+  F3xCode CODE;
+};
+
+template <class W>
+void layout(W& w, F3xSch& r, const Ctx&) {
+  if (!w.need(1)) return;
+  w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
+  f3x_code(w, r.CODE, kF3xSch);
+}
+
+// Ctx::ordq carries, as for the 1X pilots, the channel indicator (bits 0-2), SCH_INCL (bit 3)
+// and here F3X_FCH_INFO_INCL (bit 5) and F3X_DCCH_INFO_INCL (bit 6).
+struct F3xPilot {
+  std::uint8_t NUM_SCH;   // the 1X pilot's count, not on the air here
+  F3xCode FCH;
+  F3xCode DCCH;
+  std::uint8_t F3X_SCH_INFO_INCL;
+  PoolArray<F3xSch> SCHs;
+};
+
+template <class W>
+void layout(W& w, F3xPilot& r, const Ctx& c) {
+  const unsigned ch_ind = c.ordq & 7u;
+  const bool fch = asr_fch(ch_ind) && (c.ordq & 32u), dcch = asr_dcch(ch_ind) && (c.ordq & 64u);
+  if (fch && !f3x_code(w, r.FCH, kF3xFch)) return;
+  if (dcch && !f3x_code(w, r.DCCH, kF3xDcch)) return;
+  if ((fch || dcch) && (c.ordq & 8u)) {
+    if (!w.need(1)) return;
+    w.u(r.F3X_SCH_INFO_INCL, "F3X_SCH_INFO_INCL", 1);
+    if (r.F3X_SCH_INFO_INCL) w.counted("SCHs", "ACTIVE_SET_REC_F3X_PILOTs_SCHs", r.SCHs, r.NUM_SCH, c);
+  }
+}
+
+// One encoder type per supplemental channel the pilot carries (PILOT_INCL set).
+struct CcshPilot {
+  PoolArray<std::uint8_t> CCSH_ENCODER_TYPE;
+};
+
+template <class W>
+void layout(W& w, CcshPilot& r, const Ctx& c) {
+  w.scalars("CCSH_ENCODER_TYPE", r.CCSH_ENCODER_TYPE, c.ordq, 1);
+}
+
+// Labels of the per-pilot records that follow the 1X pilots (NUM_PILOTS is 3 bits).
+constexpr const char* kF3xPilotLabel[8] = {"F3X_PILOTs[0]", "F3X_PILOTs[1]", "F3X_PILOTs[2]", "F3X_PILOTs[3]",
+                                           "F3X_PILOTs[4]", "F3X_PILOTs[5]", "F3X_PILOTs[6]", "F3X_PILOTs[7]"};
+constexpr const char* kCcshPilotLabel[8] = {"CCSH_PILOTs[0]", "CCSH_PILOTs[1]", "CCSH_PILOTs[2]", "CCSH_PILOTs[3]",
+                                            "CCSH_PILOTs[4]", "CCSH_PILOTs[5]", "CCSH_PILOTs[6]", "CCSH_PILOTs[7]"};
+
+// ACTIVE_SET_REC_FIELDS for the channel indicators with a Fundamental or Dedicated Control
+// Channel: the supplemental channels, the 1X pilots, from P_REV 7 the 3X code channels of each
+// pilot and from P_REV 8 the common power control encoders.
+struct ActiveSetRec {
+  std::uint8_t NUM_FOR_SCH;
+  PoolArray<AsrForSch> FOR_SCHs;
+  std::uint8_t NUM_REV_SCH;
+  PoolArray<AsrRevSch> REV_SCHs;
+  std::uint8_t NUM_PILOTS;
+  std::uint8_t SRCH_OFFSET_INCL;
+  PoolArray<AsrPilot> PILOTs;
+  std::uint8_t F3X_FCH_INFO_INCL;
+  std::uint8_t F3X_DCCH_INFO_INCL;
+  PoolArray<F3xPilot> F3X_PILOTs;
+  std::uint8_t CCSH_INCLUDED;
+  std::uint8_t USE_CCSH_ENCODER_TIME;
+  std::uint8_t CCSH_ENCODER_ACTION_TIME;
+  PoolArray<CcshPilot> CCSH_PILOTs;
+};
+
+template <class W>
+void layout(W& w, ActiveSetRec& r, const Ctx& c) {
+  const unsigned ch_ind = c.ordq & 7u;
+  const bool sch_incl = c.ordq & 8u;
+  if (sch_incl) {
+    if (!w.need(5)) return;
+    w.u(r.NUM_FOR_SCH, "NUM_FOR_SCH", 5);
+    if (!w.counted("FOR_SCHs", "ACTIVE_SET_REC_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+    if (!w.need(5)) return;
+    w.u(r.NUM_REV_SCH, "NUM_REV_SCH", 5);
+    if (!w.counted("REV_SCHs", "ACTIVE_SET_REC_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+  }
+  if (!w.need(4)) return;
+  w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
+  w.u(r.SRCH_OFFSET_INCL, "SRCH_OFFSET_INCL", 1);
+  Ctx pilots = c;
+  pilots.ordq = static_cast<std::uint8_t>((c.ordq & 15u) | (r.SRCH_OFFSET_INCL ? 16u : 0u));
+  if (!w.counted("PILOTs", "ACTIVE_SET_REC_PILOTs", r.PILOTs, r.NUM_PILOTS, pilots)) return;
+  if (c.p_rev < 7) return;
+  if (asr_fch(ch_ind)) {
+    if (!w.need(1)) return;
+    w.u(r.F3X_FCH_INFO_INCL, "F3X_FCH_INFO_INCL", 1);
+  }
+  if (asr_dcch(ch_ind)) {
+    if (!w.need(1)) return;
+    w.u(r.F3X_DCCH_INFO_INCL, "F3X_DCCH_INFO_INCL", 1);
+  }
+  // The per-pilot records below depend on each 1X pilot's supplemental channels: the decode
+  // sizes them from the pilots just read; printing walks what was stored.
+  if (r.F3X_FCH_INFO_INCL || r.F3X_DCCH_INFO_INCL) {
+    if constexpr (W::kReading) {
+      r.F3X_PILOTs.data = w.arena().template alloc<F3xPilot>(r.PILOTs.count);
+      r.F3X_PILOTs.count = r.F3X_PILOTs.data ? r.PILOTs.count : 0;
+      for (std::uint32_t i = 0; i < r.F3X_PILOTs.count; ++i) r.F3X_PILOTs[i].NUM_SCH = r.PILOTs[i].NUM_SCH;
+    }
+    Ctx f3x = c;
+    f3x.ordq = static_cast<std::uint8_t>((c.ordq & 15u) | (r.F3X_FCH_INFO_INCL ? 32u : 0u) |
+                                         (r.F3X_DCCH_INFO_INCL ? 64u : 0u));
+    for (std::uint32_t i = 0; i < r.F3X_PILOTs.count && i < 8; ++i)
+      if (!w.sub(kF3xPilotLabel[i], "ACTIVE_SET_REC_F3X_PILOTs", r.F3X_PILOTs[i], f3x)) return;
+  }
+  if (c.p_rev < 8) return;
+  if (!w.need(1)) return;
+  w.u(r.CCSH_INCLUDED, "CCSH_INCLUDED", 1);
+  if (!r.CCSH_INCLUDED) return;
+  if (!w.need(1)) return;
+  w.u(r.USE_CCSH_ENCODER_TIME, "USE_CCSH_ENCODER_TIME", 1);
+  if (r.USE_CCSH_ENCODER_TIME) {
+    if (!w.need(6)) return;
+    w.u(r.CCSH_ENCODER_ACTION_TIME, "CCSH_ENCODER_ACTION_TIME", 6);
+  }
+  if (!sch_incl) return;
+  if constexpr (W::kReading) {
+    r.CCSH_PILOTs.data = w.arena().template alloc<CcshPilot>(r.PILOTs.count);
+    r.CCSH_PILOTs.count = r.CCSH_PILOTs.data ? r.PILOTs.count : 0;
+  }
+  for (std::uint32_t i = 0; i < r.CCSH_PILOTs.count && i < 8; ++i) {
+    // One encoder type for each of the pilot's supplemental channels it carries.
+    Ctx ccsh = c;
+    std::uint32_t carried = 0;
+    if constexpr (W::kReading) {
+      for (std::uint32_t j = 0; j < r.PILOTs[i].SCHs.count; ++j) carried += r.PILOTs[i].SCHs[j].PILOT_INCL ? 1u : 0u;
+    }
+    ccsh.ordq = static_cast<std::uint8_t>(carried);
+    if (!w.sub(kCcshPilotLabel[i], "ACTIVE_SET_REC_CCSH_PILOTs", r.CCSH_PILOTs[i], ccsh)) return;
+  }
+}
+
+struct FD_UHDM {
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint8_t HDM_SEQ;
+  std::uint8_t PARMS_INCL;
+  std::uint8_t P_REV;
+  std::uint8_t SERV_NEG_TYPE;
+  std::uint8_t SEARCH_INCLUDED;
+  std::uint8_t SRCH_WIN_A;
+  std::uint8_t SRCH_WIN_N;
+  std::uint8_t SRCH_WIN_R;
+  std::uint8_t T_ADD;
+  std::uint8_t T_DROP;
+  std::uint8_t T_COMP;
+  std::uint8_t T_TDROP;
+  std::uint8_t SOFT_SLOPE;
+  std::uint8_t ADD_INTERCEPT;
+  std::uint8_t DROP_INTERCEPT;
+  std::uint8_t EXTRA_PARMS;
+  std::uint8_t PACKET_ZONE_ID;
+  std::uint8_t FRAME_OFFSET;
+  std::uint8_t PRIVATE_LCM;
+  std::uint8_t RESET_L2;
+  std::uint8_t RESET_FPC;
+  std::uint8_t ENCRYPT_MODE;
+  std::uint8_t NOM_PWR_EXT;
+  std::uint8_t NOM_PWR;
+  std::uint8_t RLGAIN_TRAFFIC_PILOT;
+  std::uint8_t DEFAULT_RLAG;
+  std::uint8_t NUM_PREAMBLE;
+  std::uint8_t BAND_CLASS;
+  std::uint16_t CDMA_FREQ;
+  std::uint8_t RETURN_IF_HANDOFF_FAIL;
+  std::uint8_t COMPLETE_SEARCH;
+  std::uint8_t PERIODIC_SEARCH;
+  std::uint8_t SCR_INCLUDED;
+  std::uint8_t SERV_CON_SEQ;
+  std::uint8_t RECORD_TYPE;
+  std::uint8_t RECORD_LEN;
+  ServiceConfig SCR;
+  std::uint8_t NNSCR_INCLUDED;
+  std::uint8_t RECORD_TYPE2;
+  std::uint8_t RECORD_LEN2;
+  Nnscr NNSCR;
+  std::uint8_t USE_PWR_CNTL_STEP;
+  std::uint8_t PWR_CNTL_STEP;
+  std::uint8_t CLEAR_RETRY_DELAY;
+  std::uint8_t SCH_INCL;
+  std::uint8_t NUM_FOR_ASSIGN;
+  PoolArray<UhdmForSchAssign> FOR_SCH_ASSIGNs;
+  std::uint8_t NUM_REV_ASSIGN;
+  PoolArray<UhdmRevSchAssign> REV_SCH_ASSIGNs;
+  std::uint8_t FPC_SUBCHAN_GAIN;
+  std::uint8_t USE_PC_TIME;
+  std::uint8_t PC_ACTION_TIME;
+  std::uint8_t CH_IND;
+  std::uint8_t ACTIVE_SET_REC_LEN;
+  ActiveSetRec ACTIVE_SET_REC_FIELDS;
+  Bytes EXT_ACTIVE_SET_REC_FIELDS;
+  std::uint8_t REV_FCH_GATING_MODE;
+  std::uint8_t REV_PWR_CNTL_DELAY_INCL;
+  std::uint8_t REV_PWR_CNTL_DELAY;
+  // P_REV 7 and later
+  std::uint8_t D_SIG_ENCRYPT_MODE;
+  std::uint8_t ENC_KEY_SIZE;
+  std::uint8_t F3XFL_1XRL_INCL;
+  std::uint8_t F1XRL_FREQ_OFFSET;
+  std::uint8_t SYNC_ID_INCL;
+  std::uint8_t SYNC_ID_LEN;
+  Bytes SYNC_ID;
+  std::uint8_t CC_INFO_INCL;
+  std::uint8_t NUM_CALLS_ASSIGN;
+  PoolArray<CallAssign> CALLs;
+  std::uint8_t CS_SUPPORTED;
+};
+
+template <class W>
+void layout(W& w, FD_UHDM& r, const Ctx& c) {
+  if (!w.need(1)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  if (r.USE_TIME) {
+    if (!w.need(6)) return;
+    w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  }
+  if (!w.need(3)) return;
+  w.u(r.HDM_SEQ, "HDM_SEQ", 2);
+  w.u(r.PARMS_INCL, "PARMS_INCL", 1);
+  if (r.PARMS_INCL) {
+    if (!w.need(9)) return;
+    w.u(r.P_REV, "P_REV", 8);
+    w.u(r.SERV_NEG_TYPE, "SERV_NEG_TYPE", 1);
+  }
+  // The service configuration records are laid out for the revision the mobile station hands
+  // off to: the message's own P_REV when it carries one.
+  Ctx target = c;
+  if (r.PARMS_INCL) target.p_rev = r.P_REV;
+
+  if (!w.need(1)) return;
+  w.u(r.SEARCH_INCLUDED, "SEARCH_INCLUDED", 1);
+  if (r.SEARCH_INCLUDED && !search_group(w, r)) return;
+  if (!w.need(1)) return;
+  w.u(r.EXTRA_PARMS, "EXTRA_PARMS", 1);
+  if (r.EXTRA_PARMS) {
+    if (!w.need(48)) return;
+    w.u(r.PACKET_ZONE_ID, "PACKET_ZONE_ID", 8);
+    w.u(r.FRAME_OFFSET, "FRAME_OFFSET", 4);
+    w.u(r.PRIVATE_LCM, "PRIVATE_LCM", 1);
+    w.u(r.RESET_L2, "RESET_L2", 1);
+    w.u(r.RESET_FPC, "RESET_FPC", 1);
+    w.u(r.ENCRYPT_MODE, "ENCRYPT_MODE", 2);
+    w.u(r.NOM_PWR_EXT, "NOM_PWR_EXT", 1);
+    w.u(r.NOM_PWR, "NOM_PWR", 4);
+    w.u(r.RLGAIN_TRAFFIC_PILOT, "RLGAIN_TRAFFIC_PILOT", 6);
+    w.u(r.DEFAULT_RLAG, "DEFAULT_RLAG", 1);
+    w.u(r.NUM_PREAMBLE, "NUM_PREAMBLE", 3);
+    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
+    if (!return_and_scr(w, r, target)) return;
+    if (!w.need(1)) return;
+    w.u(r.NNSCR_INCLUDED, "NNSCR_INCLUDED", 1);
+    if (r.NNSCR_INCLUDED && !nnscr_record(w, r.RECORD_TYPE2, r.RECORD_LEN2, r.NNSCR, target)) return;
+  }
+  if (!w.need(1)) return;
+  w.u(r.USE_PWR_CNTL_STEP, "USE_PWR_CNTL_STEP", 1);
+  if (r.USE_PWR_CNTL_STEP) {
+    if (!w.need(3)) return;
+    w.u(r.PWR_CNTL_STEP, "PWR_CNTL_STEP", 3);
+  }
+  if (!w.need(2)) return;
+  w.u(r.CLEAR_RETRY_DELAY, "CLEAR_RETRY_DELAY", 1);
+  w.u(r.SCH_INCL, "SCH_INCL", 1);
+  if (r.SCH_INCL) {
+    if (!w.need(2)) return;
+    w.u(r.NUM_FOR_ASSIGN, "NUM_FOR_ASSIGN", 2);
+    if (!w.counted("FOR_SCH_ASSIGNs", "FD_UHDM_FOR_SCH_ASSIGNs", r.FOR_SCH_ASSIGNs, r.NUM_FOR_ASSIGN, c)) return;
+    if (!w.need(2)) return;
+    w.u(r.NUM_REV_ASSIGN, "NUM_REV_ASSIGN", 2);
+    if (!w.counted("REV_SCH_ASSIGNs", "FD_UHDM_REV_SCH_ASSIGNs", r.REV_SCH_ASSIGNs, r.NUM_REV_ASSIGN, c)) return;
+  }
+  if (!w.need(6)) return;
+  w.u(r.FPC_SUBCHAN_GAIN, "FPC_SUBCHAN_GAIN", 5);
+  w.u(r.USE_PC_TIME, "USE_PC_TIME", 1);
+  if (r.USE_PC_TIME) {
+    if (!w.need(6)) return;
+    w.u(r.PC_ACTION_TIME, "PC_ACTION_TIME", 6);
+  }
+  if (!w.need(11)) return;
+  w.u(r.CH_IND, "CH_IND", 3);
+  w.u(r.ACTIVE_SET_REC_LEN, "ACTIVE_SET_REC_LEN", 8);
+  const std::uint64_t rec_bits = 8u * r.ACTIVE_SET_REC_LEN;
+  if (r.CH_IND == 0 && c.p_rev >= 9) {
+    // '000' refers to the extended channel indicator of the packet data channels; its record
+    // is kept as sent, in hexadecimal.
+    if (rec_bits) {
+      if (!w.need(rec_bits)) return;
+      w.bits(r.EXT_ACTIVE_SET_REC_FIELDS, "EXT_ACTIVE_SET_REC_FIELDS", static_cast<std::uint32_t>(rec_bits));
+    }
+  } else if (asr_fch(r.CH_IND) || asr_dcch(r.CH_IND)) {
+    Ctx as = c;
+    as.ordq = static_cast<std::uint8_t>(r.CH_IND | (r.SCH_INCL ? 8u : 0u));
+    if (!w.sized("ACTIVE_SET_REC_FIELDS", "ACTIVE_SET_REC", r.ACTIVE_SET_REC_FIELDS, rec_bits, as)) return;
+  } else {
+    w.skip(rec_bits);
+  }
+  // From P_REV 9 only channel indicators with a Fundamental Channel carry the gating mode.
+  if (c.p_rev < 9 || asr_fch(r.CH_IND)) {
+    if (!gating(w, r)) return;
+  }
+  if (c.p_rev < 7) return;
+  if (!enc_and_calls(w, r, c, true, "FD_UHDM_CALLs")) return;
+  if (!w.need(1)) return;
+  w.u(r.CS_SUPPORTED, "CS_SUPPORTED", 1);
+}
+
+// ---- Extended Supplemental Channel Assignment Message (35) --------------------------------
+
+struct EscamRevCfg {
+  std::uint8_t REV_SCH_ID;
+  std::uint8_t REV_WALSH_ID;
+  std::uint8_t REV_SCH_RATE;
+};
+
+template <class W>
+void layout(W& w, EscamRevCfg& r, const Ctx&) {
+  if (!w.need(6)) return;
+  w.u(r.REV_SCH_ID, "REV_SCH_ID", 1);
+  w.u(r.REV_WALSH_ID, "REV_WALSH_ID", 1);
+  w.u(r.REV_SCH_RATE, "REV_SCH_RATE", 4);
+}
+
+struct EscamRevSch {
+  std::uint8_t REV_SCH_ID;
+  std::uint8_t REV_SCH_DURATION;
+  std::uint8_t REV_SCH_START_TIME_INCL;
+  std::uint8_t REV_SCH_START_TIME;
+  std::uint8_t REV_SCH_RATE;
+};
+
+template <class W>
+void layout(W& w, EscamRevSch& r, const Ctx&) {
+  if (!w.need(6)) return;
+  w.u(r.REV_SCH_ID, "REV_SCH_ID", 1);
+  w.u(r.REV_SCH_DURATION, "REV_SCH_DURATION", 4);
+  w.u(r.REV_SCH_START_TIME_INCL, "REV_SCH_START_TIME_INCL", 1);
+  if (r.REV_SCH_START_TIME_INCL) {
+    if (!w.need(5)) return;
+    w.u(r.REV_SCH_START_TIME, "REV_SCH_START_TIME", 5);
+  }
+  if (!w.need(4)) return;
+  w.u(r.REV_SCH_RATE, "REV_SCH_RATE", 4);
+}
+
+// A pilot of the soft handoff set of a forward supplemental channel configuration.
+struct EscamSupSho {
+  std::uint16_t PILOT_PN;
+  std::uint8_t ADD_PILOT_REC_INCL;
+  std::uint8_t PILOT_REC_TYPE;
+  std::uint8_t RECORD_LEN;
+  PilotRec REC;
+  std::uint16_t CODE_CHAN_SCH;
+  std::uint8_t QOF_MASK_ID_SCH;
+};
+
+template <class W>
+void layout(W& w, EscamSupSho& r, const Ctx&) {
+  if (!w.need(9)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  if (!add_pilot_rec(w, r, "ACTIVE_PILOT_REC_TYPE")) return;
+  if (!w.need(13)) return;
+  w.u(r.CODE_CHAN_SCH, "CODE_CHAN_SCH", 11);
+  w.u(r.QOF_MASK_ID_SCH, "QOF_MASK_ID_SCH", 2);
+}
+
+struct EscamForCfg {
+  std::uint8_t FOR_SCH_ID;
+  std::uint8_t SCCL_INDEX;
+  std::uint8_t FOR_SCH_RATE;
+  std::uint8_t NUM_SUP_SHO;   // pilots sent: NUM_SUP_SHO + 1
+  PoolArray<EscamSupSho> SUP_SHOs;
+};
+
+template <class W>
+void layout(W& w, EscamForCfg& r, const Ctx& c) {
+  if (!w.need(12)) return;
+  w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
+  w.u(r.SCCL_INDEX, "SCCL_INDEX", 4);
+  w.u(r.FOR_SCH_RATE, "FOR_SCH_RATE", 4);
+  w.u(r.NUM_SUP_SHO, "NUM_SUP_SHO", 3);
+  w.counted("SUP_SHOs", "FD_ESCAM_FOR_CFGs_SUP_SHOs", r.SUP_SHOs, r.NUM_SUP_SHO + 1u, c);
+}
+
+struct EscamForSch {
+  std::uint8_t FOR_SCH_ID;
+  std::uint8_t FOR_SCH_DURATION;
+  std::uint8_t FOR_SCH_START_TIME_INCL;
+  std::uint8_t FOR_SCH_START_TIME;
+  std::uint8_t SCCL_INDEX;
+};
+
+template <class W>
+void layout(W& w, EscamForSch& r, const Ctx&) {
+  if (!w.need(6)) return;
+  w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
+  w.u(r.FOR_SCH_DURATION, "FOR_SCH_DURATION", 4);
+  w.u(r.FOR_SCH_START_TIME_INCL, "FOR_SCH_START_TIME_INCL", 1);
+  if (r.FOR_SCH_START_TIME_INCL) {
+    if (!w.need(5)) return;
+    w.u(r.FOR_SCH_START_TIME, "FOR_SCH_START_TIME", 5);
+  }
+  if (!w.need(4)) return;
+  w.u(r.SCCL_INDEX, "SCCL_INDEX", 4);
+}
+
+// Outer loop parameters of one supplemental channel.
+struct EscamFpcSup {
+  std::uint8_t SCH_ID;
+  std::uint8_t FPC_SCH_FER;
+  std::uint8_t FPC_SCH_INIT_SETPT;
+  std::uint8_t FPC_SCH_MIN_SETPT;
+  std::uint8_t FPC_SCH_MAX_SETPT;
+};
+
+template <class W>
+void layout(W& w, EscamFpcSup& r, const Ctx&) {
+  if (!w.need(30)) return;
+  w.u(r.SCH_ID, "SCH_ID", 1);
+  w.u(r.FPC_SCH_FER, "FPC_SCH_FER", 5);
+  w.u(r.FPC_SCH_INIT_SETPT, "FPC_SCH_INIT_SETPT", 8);
+  w.u(r.FPC_SCH_MIN_SETPT, "FPC_SCH_MIN_SETPT", 8);
+  w.u(r.FPC_SCH_MAX_SETPT, "FPC_SCH_MAX_SETPT", 8);
+}
+
+struct EscamRpcSup {
+  std::uint8_t SCH_ID;
+  std::uint8_t RLGAIN_SCH_PILOT;
+};
+
+template <class W>
+void layout(W& w, EscamRpcSup& r, const Ctx&) {
+  if (!w.need(7)) return;
+  w.u(r.SCH_ID, "SCH_ID", 1);
+  w.u(r.RLGAIN_SCH_PILOT, "RLGAIN_SCH_PILOT", 6);
+}
+
+struct FD_ESCAM {
+  std::uint8_t START_TIME_UNIT;
+  std::uint8_t REV_SCH_DTX_DURATION;
+  std::uint8_t USE_T_ADD_ABORT;
+  std::uint8_t USE_SCRM_SEQ_NUM;
+  std::uint8_t SCRM_SEQ_NUM;
+  std::uint8_t ADD_INFO_INCL;
+  std::uint8_t FPC_PRI_CHAN;
+  std::uint8_t REV_CFG_INCLUDED;
+  std::uint8_t NUM_REV_CFG_RECS;   // records sent: NUM_REV_CFG_RECS + 1
+  PoolArray<EscamRevCfg> REV_CFGs;
+  std::uint8_t NUM_REV_SCH;
+  PoolArray<EscamRevSch> REV_SCHs;
+  std::uint8_t FOR_CFG_INCLUDED;
+  std::uint8_t FOR_SCH_FER_REP;
+  std::uint8_t NUM_FOR_CFG_RECS;   // records sent: NUM_FOR_CFG_RECS + 1
+  PoolArray<EscamForCfg> FOR_CFGs;
+  std::uint8_t NUM_FOR_SCH;
+  PoolArray<EscamForSch> FOR_SCHs;
+  std::uint8_t FPC_INCL;
+  std::uint8_t FPC_MODE_SCH;
+  std::uint8_t FPC_SCH_INIT_SETPT_OP;
+  std::uint8_t FPC_SEC_CHAN;
+  std::uint8_t NUM_SUP;
+  PoolArray<EscamFpcSup> FPC_SUPs;
+  std::uint8_t FPC_THRESH_SCH_INCL;
+  std::uint8_t FPC_SETPT_THRESH_SCH;
+  std::uint8_t RPC_INCL;
+  std::uint8_t RPC_NUM_SUP;   // records sent: RPC_NUM_SUP + 1
+  PoolArray<EscamRpcSup> RPC_SUPs;
+  // P_REV 7 and later
+  std::uint8_t F3X_SCH_INFO_INCL;
+};
+
+template <class W>
+void layout(W& w, FD_ESCAM& r, const Ctx& c) {
+  if (!w.need(9)) return;
+  w.u(r.START_TIME_UNIT, "START_TIME_UNIT", 3);
+  w.u(r.REV_SCH_DTX_DURATION, "REV_SCH_DTX_DURATION", 4);
+  w.u(r.USE_T_ADD_ABORT, "USE_T_ADD_ABORT", 1);
+  w.u(r.USE_SCRM_SEQ_NUM, "USE_SCRM_SEQ_NUM", 1);
+  if (r.USE_SCRM_SEQ_NUM) {
+    if (!w.need(4)) return;
+    w.u(r.SCRM_SEQ_NUM, "SCRM_SEQ_NUM", 4);
+  }
+  if (!w.need(1)) return;
+  w.u(r.ADD_INFO_INCL, "ADD_INFO_INCL", 1);
+  if (r.ADD_INFO_INCL) {
+    if (!w.need(1)) return;
+    w.u(r.FPC_PRI_CHAN, "FPC_PRI_CHAN", 1);
+  }
+
+  if (!w.need(1)) return;
+  w.u(r.REV_CFG_INCLUDED, "REV_CFG_INCLUDED", 1);
+  if (r.REV_CFG_INCLUDED) {
+    if (!w.need(5)) return;
+    w.u(r.NUM_REV_CFG_RECS, "NUM_REV_CFG_RECS", 5);
+    if (!w.counted("REV_CFGs", "FD_ESCAM_REV_CFGs", r.REV_CFGs, r.NUM_REV_CFG_RECS + 1u, c)) return;
+  }
+  if (!w.need(2)) return;
+  w.u(r.NUM_REV_SCH, "NUM_REV_SCH", 2);
+  if (!w.counted("REV_SCHs", "FD_ESCAM_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+
+  if (!w.need(1)) return;
+  w.u(r.FOR_CFG_INCLUDED, "FOR_CFG_INCLUDED", 1);
+  if (r.FOR_CFG_INCLUDED) {
+    if (!w.need(6)) return;
+    w.u(r.FOR_SCH_FER_REP, "FOR_SCH_FER_REP", 1);
+    w.u(r.NUM_FOR_CFG_RECS, "NUM_FOR_CFG_RECS", 5);
+    if (!w.counted("FOR_CFGs", "FD_ESCAM_FOR_CFGs", r.FOR_CFGs, r.NUM_FOR_CFG_RECS + 1u, c)) return;
+  }
+  if (!w.need(2)) return;
+  w.u(r.NUM_FOR_SCH, "NUM_FOR_SCH", 2);
+  if (!w.counted("FOR_SCHs", "FD_ESCAM_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+
+  if (!w.need(1)) return;
+  w.u(r.FPC_INCL, "FPC_INCL", 1);
+  if (r.FPC_INCL) {
+    if (!w.need(4)) return;
+    w.u(r.FPC_MODE_SCH, "FPC_MODE_SCH", 3);
+    w.u(r.FPC_SCH_INIT_SETPT_OP, "FPC_SCH_INIT_SETPT_OP", 1);
+    // Modes '001' and '010' run a secondary power control subchannel.
+    if (r.FPC_MODE_SCH == 1 || r.FPC_MODE_SCH == 2) {
+      if (!w.need(1)) return;
+      w.u(r.FPC_SEC_CHAN, "FPC_SEC_CHAN", 1);
+    }
+    if (!w.need(2)) return;
+    w.u(r.NUM_SUP, "NUM_SUP", 2);
+    if (!w.counted("FPC_SUPs", "FD_ESCAM_FPC_SUPs", r.FPC_SUPs, r.NUM_SUP, c)) return;
+    if (!w.need(1)) return;
+    w.u(r.FPC_THRESH_SCH_INCL, "FPC_THRESH_SCH_INCL", 1);
+    if (r.FPC_THRESH_SCH_INCL) {
+      if (!w.need(8)) return;
+      w.u(r.FPC_SETPT_THRESH_SCH, "FPC_SETPT_THRESH_SCH", 8);
+    }
+  }
+  if (!w.need(1)) return;
+  w.u(r.RPC_INCL, "RPC_INCL", 1);
+  if (r.RPC_INCL) {
+    if (!w.need(1)) return;
+    w.u(r.RPC_NUM_SUP, "RPC_NUM_SUP", 1);
+    if (!w.counted("RPC_SUPs", "FD_ESCAM_RPC_SUPs", r.RPC_SUPs, r.RPC_NUM_SUP + 1u, c)) return;
+  }
+  if (c.p_rev < 7) return;
+  // The 3X code channels this flag announces and the common power control groups of P_REV 8
+  // that follow them are not decoded.
+  if (!w.need(1)) return;
+  w.u(r.F3X_SCH_INFO_INCL, "F3X_SCH_INFO_INCL", 1);
+}
+
+// ---- Service Connect Message (20) ---------------------------------------------------------
+
+struct FD_SCM {
+  std::uint8_t USE_TIME;
+  std::uint8_t ACTION_TIME;
+  std::uint8_t SERV_CON_SEQ;
+  // P_REV 7 and later
+  std::uint8_t USE_OLD_SERV_CONFIG;
+  std::uint8_t SYNC_ID_INCL;
+  std::uint8_t SYNC_ID_LEN;
+  Bytes SYNC_ID;
+  std::uint8_t RECORD_TYPE;
+  std::uint8_t RECORD_LEN;
+  ServiceConfig SCR;
+  // P_REV 6 and later
+  std::uint8_t RECORD_TYPE2;
+  std::uint8_t RECORD_LEN2;
+  Nnscr NNSCR;
+  // P_REV 7 and later
+  std::uint8_t CC_INFO_INCL;
+  std::uint8_t NUM_CALLS_ASSIGN;
+  PoolArray<CallAssign> CALLs;
+  // P_REV 9 and later
+  std::uint8_t SR_ID;
+  std::uint8_t USE_TYPE0_PLCM;
+};
+
+template <class W>
+void layout(W& w, FD_SCM& r, const Ctx& c) {
+  if (!w.need(14)) return;
+  w.u(r.USE_TIME, "USE_TIME", 1);
+  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  w.u(r.SERV_CON_SEQ, "SERV_CON_SEQ", 3);
+  if (c.p_rev < 7) {
+    w.skip(4);   // RESERVED
+  } else {
+    w.skip(2);   // RESERVED
+    w.u(r.USE_OLD_SERV_CONFIG, "USE_OLD_SERV_CONFIG", 2);
+    if (!sync_id(w, r)) return;
+  }
+  // '01' keeps the stored configuration alone; the other values send the records.
+  if (r.USE_OLD_SERV_CONFIG != 1 || c.p_rev < 7) {
+    if (!scr_record(w, r.RECORD_TYPE, r.RECORD_LEN, r.SCR, c)) return;
+    if (c.p_rev >= 6 && !nnscr_record(w, r.RECORD_TYPE2, r.RECORD_LEN2, r.NNSCR, c)) return;
+  }
+  if (c.p_rev < 7) return;
+  if (!w.need(1)) return;
+  w.u(r.CC_INFO_INCL, "CC_INFO_INCL", 1);
+  if (r.CC_INFO_INCL) {
+    if (!w.need(8)) return;
+    w.u(r.NUM_CALLS_ASSIGN, "NUM_CALLS_ASSIGN", 8);
+    if (!w.counted("CALLs", "FD_SCM_CALLs", r.CALLs, r.NUM_CALLS_ASSIGN, c)) return;
+  }
+  if (c.p_rev < 9) return;
+  // '11' keeps the stored configuration of one service reference.
+  if (r.USE_OLD_SERV_CONFIG == 3) {
+    if (!w.need(3)) return;
+    w.u(r.SR_ID, "SR_ID", 3);
+  }
+  if (!w.need(1)) return;
+  w.u(r.USE_TYPE0_PLCM, "USE_TYPE0_PLCM", 1);
+}
+
+constexpr BodyOps kHdm = body_ops<FD_HDM>("FD_HDM");
+constexpr BodyOps kEhdm = body_ops<FD_EHDM>("FD_EHDM");
+constexpr BodyOps kGhdm = body_ops<FD_GHDM>("FD_GHDM");
+constexpr BodyOps kUhdm = body_ops<FD_UHDM>("FD_UHDM");
+constexpr BodyOps kScm = body_ops<FD_SCM>("FD_SCM");
+constexpr BodyOps kEscam = body_ops<FD_ESCAM>("FD_ESCAM");
+
+}  // namespace
+
+const BodyOps* fd_handoff_body(std::uint8_t msg_type) {
+  switch (msg_type) {
+    case 5: return &kHdm;
+    case 17: return &kEhdm;
+    case 20: return &kScm;
+    case 31: return &kGhdm;
+    case 34: return &kUhdm;
+    case 35: return &kEscam;
+    default: return nullptr;
+  }
+}
 
 }  // namespace cs
