@@ -52,6 +52,9 @@ struct Golden {
   std::string text;
 };
 
+// Cases print as their names in test listings.
+void PrintTo(const Golden& c, std::ostream* os) { *os << c.name; }
+
 class FwdMessageGolden : public ::testing::TestWithParam<Golden> {};
 
 TEST_P(FwdMessageGolden, DecodesEveryBitAndPrintsTheFieldTable) {
@@ -605,6 +608,9 @@ struct Boundary {
   const char* absent;
 };
 
+// Cases print as their names in test listings.
+void PrintTo(const Boundary& c, std::ostream* os) { *os << c.name; }
+
 class FwdMessageBoundary : public ::testing::TestWithParam<Boundary> {};
 
 TEST_P(FwdMessageBoundary, FieldIsAbsentBeforeItsRevision) {
@@ -663,6 +669,9 @@ struct ShortCase {
   const char* last_kept;  // the last line the record still prints
   const char* lost;       // the line the unread field would print with its encoded value
 };
+
+// Cases print as their names in test listings.
+void PrintTo(const ShortCase& c, std::ostream* os) { *os << c.name; }
 
 class FwdMessageShort : public ::testing::TestWithParam<ShortCase> {};
 
