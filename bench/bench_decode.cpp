@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "api/decoder.h"
+#include "long_messages.h"
 
 namespace {
 
@@ -27,8 +28,23 @@ void BM_SyncDetails(benchmark::State& st) {
 }
 BENCHMARK(BM_SyncDetails);
 
-// Random messages of a given size on every channel: the text and work per message must grow
-// linearly with the size (compare the per-octet times of the rows).
+// A valid forward traffic message of 10 to 4000 octets whose text grows with it (about one
+// line per octet): the time per octet must stay flat across the rows.
+void BM_LongFlashWithInfo(benchmark::State& st) {
+  cs::Decoder d;
+  const auto msg = cs::sample::long_flash_with_info(static_cast<std::size_t>(st.range(0)));
+  std::string out;
+  for (auto _ : st) {
+    out.clear();
+    benchmark::DoNotOptimize(d.details(out, 0, 6, 4, msg.data(), msg.size()));
+  }
+  st.SetBytesProcessed(static_cast<std::int64_t>(st.iterations()) * static_cast<std::int64_t>(msg.size()));
+  st.counters["text_octets"] = static_cast<double>(out.size());
+}
+BENCHMARK(BM_LongFlashWithInfo)->RangeMultiplier(4)->Range(10, 4000);
+
+// Random messages of a given size on every channel (mostly cut short early): the per-octet
+// cost must not grow with the size either.
 void BM_RandomBySize(benchmark::State& st) {
   cs::Decoder d;
   std::mt19937 rng(1);

@@ -9,6 +9,7 @@
 #include "api/names.h"
 #include "cdmaSorrelin.h"
 #include "helpers.h"
+#include "../bench/long_messages.h"
 
 namespace cs {
 namespace {
@@ -60,6 +61,23 @@ TEST(Api, LineEndConversionScalesToThousandsOfLines) {
   const std::string c = to_crlf(s);
   EXPECT_EQ(c.size(), s.size() + 5000);
   EXPECT_EQ(c.find("\n   FIELD"), c.find("\r\n   FIELD") + 1);
+}
+
+TEST(Api, ALongMessageConvertsEveryOneOfItsThousandsOfLineEnds) {
+  const auto msg = sample::long_flash_with_info(4000);
+  int rc = -1;
+  std::vector<char> out(1 << 20, '\0');
+  rc = ovnDecodeDetails(out.data(), 0, 6, 4, msg.data(), static_cast<unsigned>(msg.size()));
+  const std::string t = out.data();
+  EXPECT_EQ(rc, 0);
+  std::size_t lfs = 0;
+  for (std::size_t i = 0; i < t.size(); ++i) {
+    if (t[i] != '\n') continue;
+    ++lfs;
+    ASSERT_TRUE(i > 0 && t[i - 1] == '\r') << i;
+  }
+  EXPECT_GT(lfs, 3900u);
+  EXPECT_NE(t.find("      CHARi[199] = 82\r\n"), std::string::npos);
 }
 
 TEST(Api, MessagesShorterThanTypeOctetAndCrcAreTooShort) {
