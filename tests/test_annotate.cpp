@@ -91,6 +91,13 @@ TEST(Annotation, KeyedReadings) {
       {"lat_ref_arcs", 0x7FFFFF, 23, " ( -0.125000 arc seconds )"},
       {"delta_clock_1st", 0x80, 8, " ( -12.800000 ppb )"},
       {"delta_clock_1st", 5, 8, " ( 0.500000 ppb )"},
+      {"loc_uncrtnty_a", 0, 5, " ( 0.500000 m )"},       // 0.5 m doubling every two steps,
+      {"loc_uncrtnty_p", 3, 5, " ( 1.500000 m )"},       // the odd steps half-way (x 1.5)
+      {"loc_uncrtnty_v", 29, 5, " ( 12288.000000 m )"},
+      {"heading", 256, 10, " ( 90.0000000000000000000000000 deg )"},
+      {"velocity_hor", 9, 9, " ( 2.250000 m/s )"},
+      {"clock_drift", 0xFFFF, 16, " ( -1 ppb )"},
+      {"height", 480, 14, " ( -20 m )"},
   };
   for (const auto& c : cases) EXPECT_EQ(ann(c.name, c.value, c.width), c.want) << c.name << " " << c.value;
 }
