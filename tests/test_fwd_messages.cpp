@@ -231,7 +231,7 @@ std::vector<Golden> goldens() {
            1, 1),
        lines({"FD_SMCM", "{", "   USE_TIME = 0", "   D_SIG_ENCRYPT_MODE = 1", "   NUM_RECS = 1",
               "   RECs[0] = FD_SMCM_RECs", "   {", "      CON_REF = 1", "      UI_ENCRYPT_MODE = 2", "   }",
-              "   ENC_KEY_SIZE = 3", "   C_SIG_ENCRYPT_MODE_INCL = 1", "   C_SIG_ENCRYPT_MODE = 1",
+              "   KEY_SIZE = 3", "   C_SIG_ENCRYPT_MODE_INCL = 1", "   C_SIG_ENCRYPT_MODE = 1",
               "   MSG_INT_INFO_INCL = 1", "   CHANGE_KEYS = 0", "   USE_UAK = 1", "}"})});
   // One pilot information record (9 octets) holding one 8-octet pilot record.
   v.push_back({"BSSRSPM_PilotInfo", 49, 9,
@@ -598,6 +598,56 @@ TEST(FwdMessagesItspm, FieldsAppearAtTheirRevision) {
   }
 }
 
+// The Release D tail of ITSPM hangs off flags of the earlier blocks: REV_PDCH_SUPPORTED off
+// FOR_PDCH_SUPPORTED, the hysteresis group off a non-zero PACKET_ZONE_ID, MAX_ADD_SERV_INSTANCE
+// off CS_SUPPORTED. Each case builds a P_REV 10 message field by field.
+TEST(FwdMessagesItspm, ReleaseDTailFollowsTheEarlierFlags) {
+  struct Case {
+    const char* name;
+    std::uint8_t packet_zone, cs, for_pdch, tx_default;
+    std::vector<std::string> tail;
+  };
+  const Case cases[] = {
+      {"everything", 9, 1, 1, 0,
+       {"REV_PDCH_SUPPORTED = 1", "PZ_HYST_ENABLED = 1", "PZ_HYST_INFO_INCL = 1", "PZ_HYST_LIST_LEN = 1",
+        "PZ_HYST_ACT_TIMER = 200", "PZ_HYST_TIMER_MUL = 5", "PZ_HYST_TIMER_EXP = 17", "BCMC_ON_TRAFFIC_SUP = 1",
+        "AUTO_RE_TRAFFIC_ALLOWED_IND = 0", "MAX_ADD_SERV_INSTANCE = 6", "USE_CH_CFG_RRM = 1",
+        "TX_PWR_LIMIT_INCL = 1", "TX_PWR_LIMIT_DEFAULT = 0", "TX_PWR_LIMIT = 45"}},
+      {"no_zone_no_pdch_no_cs_default_limit", 0, 0, 0, 1,
+       {"BCMC_ON_TRAFFIC_SUP = 1", "AUTO_RE_TRAFFIC_ALLOWED_IND = 0", "USE_CH_CFG_RRM = 1", "TX_PWR_LIMIT_INCL = 1",
+        "TX_PWR_LIMIT_DEFAULT = 1"}},
+  };
+  for (const Case& k : cases) {
+    Bits b;
+    b.put(4139, 15).put(1, 16).put(5, 4).put(6, 4).put(7, 4).put(28, 6).put(32, 6).put(5, 4).put(3, 4).put(2, 4);
+    b.put(10, 8).put(0, 18).put(k.packet_zone, 8).put(0, 1);  // P_REV .. PACKET_ZONE_ID, EXTENSION
+    b.put(0, 1).put(0, 1).put(k.cs, 1);                       // T_SLOTTED_INCL, ENC_SUPPORTED, CS_SUPPORTED
+    b.put(0, 1).put(0, 1).put(0, 1).put(k.for_pdch, 1);       // CHM, CDMA_OFF_TIME_REP_SUP_IND, T_TDROP_RANGE_INCL
+    if (k.for_pdch) b.put(0, 1);                              // PDCH_CHM_SUPPORTED
+    b.put(0, 1);                                              // SDB_SUPPORTED
+    if (k.cs) b.put(0, 1);                                    // MOB_QOS
+    b.put(0, 1);                                              // MS_INIT_POS_LOC_SUP_IND
+    if (k.for_pdch) b.put(1, 1);
+    if (k.packet_zone) b.put(1, 1).put(1, 1).put(1, 1).put(200, 8).put(5, 3).put(17, 5);
+    b.put(1, 1).put(0, 1);
+    if (k.cs) b.put(6, 3);
+    b.put(1, 1).put(1, 1).put(k.tx_default, 1);
+    if (!k.tx_default) b.put(45, 6);
+
+    const BodyResult r = run(7, 10, b);
+    EXPECT_EQ(r.rc, Rc::ok) << k.name;
+    EXPECT_EQ(r.consumed, b.size()) << k.name;
+    // The tail is the last fields of the text, in this order.
+    std::string want;
+    for (const std::string& l : k.tail) want += "   " + l + "\n";
+    want += "}\n";
+    const std::string after = "   MS_INIT_POS_LOC_SUP_IND = 0\n";
+    const std::size_t at = r.text.find(after);
+    ASSERT_NE(at, std::string::npos) << k.name;
+    EXPECT_EQ(r.text.substr(at + after.size()), want) << k.name;
+  }
+}
+
 // Below the revision that introduced a field, the same body decodes without it: every bit is
 // still accounted for and the field's name does not appear.
 struct Boundary {
@@ -642,6 +692,7 @@ INSTANTIATE_TEST_SUITE_P(
             Bits().put(1, 8).put(1, 3).put(3, 5).put(0, 3).put(1, 4).put(0, 8).put(5, 8).put(1, 4).put(0, 1).put(4, 4)
                 .put(12, 9).put(300, 16).put(0, 3).put(0, 3),
             "BASE_LAT_LONG_INCL"},
+        Boundary{"ItspmMessageRelC", 7, 10, itspm(9), "BCMC_ON_TRAFFIC_SUP"},
         Boundary{"ClamRelA", 39, 7, Bits().put(1, 1).put(2, 4).put(1, 1).put(0, 1).put(0, 1), "USE_OLD_SERV_CONFIG"}),
     [](const ::testing::TestParamInfo<Boundary>& i) { return std::string(i.param.name); });
 

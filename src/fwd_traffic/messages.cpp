@@ -602,7 +602,7 @@ struct FD_SMCM {
   std::uint8_t D_SIG_ENCRYPT_MODE;
   std::uint8_t NUM_RECS;
   PoolArray<FD_SMCM_REC> RECs;
-  std::uint8_t ENC_KEY_SIZE;
+  std::uint8_t KEY_SIZE;
   std::uint8_t C_SIG_ENCRYPT_MODE_INCL;
   std::uint8_t C_SIG_ENCRYPT_MODE;
   std::uint8_t MSG_INT_INFO_INCL;
@@ -625,7 +625,7 @@ void layout(W& w, FD_SMCM& r, const Ctx& c) {
   // The key size matters only to the Enhanced CMEA ('001') and Rijndael ('010') modes.
   if (r.D_SIG_ENCRYPT_MODE == 1 || r.D_SIG_ENCRYPT_MODE == 2) {
     if (!w.need(3)) return;
-    w.u(r.ENC_KEY_SIZE, "ENC_KEY_SIZE", 3);
+    w.u(r.KEY_SIZE, "KEY_SIZE", 3);
   }
   if (!w.need(1)) return;
   w.u(r.C_SIG_ENCRYPT_MODE_INCL, "C_SIG_ENCRYPT_MODE_INCL", 1);

@@ -52,7 +52,67 @@ struct FD_ITSPM {
   std::uint8_t SDB_SUPPORTED;
   std::uint8_t MOB_QOS;
   std::uint8_t MS_INIT_POS_LOC_SUP_IND;
+  std::uint8_t REV_PDCH_SUPPORTED;
+  std::uint8_t PZ_HYST_ENABLED;
+  std::uint8_t PZ_HYST_INFO_INCL;
+  std::uint8_t PZ_HYST_LIST_LEN;
+  std::uint8_t PZ_HYST_ACT_TIMER;
+  std::uint8_t PZ_HYST_TIMER_MUL;
+  std::uint8_t PZ_HYST_TIMER_EXP;
+  std::uint8_t BCMC_ON_TRAFFIC_SUP;
+  std::uint8_t AUTO_RE_TRAFFIC_ALLOWED_IND;
+  std::uint8_t MAX_ADD_SERV_INSTANCE;
+  std::uint8_t USE_CH_CFG_RRM;
+  std::uint8_t TX_PWR_LIMIT_INCL;
+  std::uint8_t TX_PWR_LIMIT_DEFAULT;
+  std::uint8_t TX_PWR_LIMIT;
 };
+
+// Release D (P_REV 10): reverse packet data, packet zone hysteresis, BCMC on the traffic
+// channel, additional service instances and the transmit power limit.
+template <class W>
+void itspm_rel_d(W& w, FD_ITSPM& r) {
+  if (r.FOR_PDCH_SUPPORTED) {
+    if (!w.need(1)) return;
+    w.u(r.REV_PDCH_SUPPORTED, "REV_PDCH_SUPPORTED", 1);
+  }
+  // Hysteresis only means something inside a packet zone.
+  if (r.PACKET_ZONE_ID != 0) {
+    if (!w.need(1)) return;
+    w.u(r.PZ_HYST_ENABLED, "PZ_HYST_ENABLED", 1);
+    if (r.PZ_HYST_ENABLED) {
+      if (!w.need(1)) return;
+      w.u(r.PZ_HYST_INFO_INCL, "PZ_HYST_INFO_INCL", 1);
+      if (r.PZ_HYST_INFO_INCL) {
+        if (!w.need(17)) return;
+        w.u(r.PZ_HYST_LIST_LEN, "PZ_HYST_LIST_LEN", 1);
+        w.u(r.PZ_HYST_ACT_TIMER, "PZ_HYST_ACT_TIMER", 8);
+        w.u(r.PZ_HYST_TIMER_MUL, "PZ_HYST_TIMER_MUL", 3);
+        w.u(r.PZ_HYST_TIMER_EXP, "PZ_HYST_TIMER_EXP", 5);
+      }
+    }
+  }
+  if (!w.need(1)) return;
+  w.u(r.BCMC_ON_TRAFFIC_SUP, "BCMC_ON_TRAFFIC_SUP", 1);
+  if (r.BCMC_ON_TRAFFIC_SUP) {
+    if (!w.need(1)) return;
+    w.u(r.AUTO_RE_TRAFFIC_ALLOWED_IND, "AUTO_RE_TRAFFIC_ALLOWED_IND", 1);
+  }
+  if (r.CS_SUPPORTED) {
+    if (!w.need(3)) return;
+    w.u(r.MAX_ADD_SERV_INSTANCE, "MAX_ADD_SERV_INSTANCE", 3);
+  }
+  if (!w.need(2)) return;
+  w.u(r.USE_CH_CFG_RRM, "USE_CH_CFG_RRM", 1);
+  w.u(r.TX_PWR_LIMIT_INCL, "TX_PWR_LIMIT_INCL", 1);
+  if (!r.TX_PWR_LIMIT_INCL) return;
+  if (!w.need(1)) return;
+  w.u(r.TX_PWR_LIMIT_DEFAULT, "TX_PWR_LIMIT_DEFAULT", 1);
+  // The default limit needs no value.
+  if (r.TX_PWR_LIMIT_DEFAULT) return;
+  if (!w.need(6)) return;
+  w.u(r.TX_PWR_LIMIT, "TX_PWR_LIMIT", 6);
+}
 
 // The fields after P_REV follow the revision the message itself announces: the base station
 // lays the message out by its own P_REV, whatever revision the call is running at.
@@ -134,6 +194,8 @@ void layout(W& w, FD_ITSPM& r, const Ctx& c) {
   }
   if (!w.need(1)) return;
   w.u(r.MS_INIT_POS_LOC_SUP_IND, "MS_INIT_POS_LOC_SUP_IND", 1);
+  if (r.P_REV < kRelD) return;
+  itspm_rel_d(w, r);
 }
 
 // ---- Neighbor List Update Message (8) ---------------------------------------------------
