@@ -81,7 +81,10 @@ void layout(W& w, FC_PGM& r, const Ctx& c) {
 
 // ---------------------------------------------------------------------------------------------
 // One page record of the General Page Message. PAGE_CLASS picks the address kind (0 IMSI
-// class 0, 1 IMSI class 1, 2 TMSI, 3 broadcast) and PAGE_SUBCLASS its form.
+// class 0, 1 IMSI class 1, 2 TMSI, 3 broadcast) and PAGE_SUBCLASS its form; the broadcast
+// class has PAGE_SUBCLASS_EXT behind every subclass but the plain broadcast page. The
+// address forms follow the page class fields of C.S0004 3.1.2.2.1.1.1 (IS-2000 Release A on,
+// a superset of the IS-95-B record), the service fields those of C.S0005 3.7.2.3.2.17.
 
 struct L2_PAGE_RECORD {
   std::uint8_t PAGE_CLASS;
@@ -102,6 +105,10 @@ struct L2_PAGE_RECORD {
   std::uint8_t BURST_TYPE;
   std::uint8_t ADDR_LEN;
   Bytes BC_ADDR;
+  std::uint8_t LENGTH;
+  std::uint8_t EXT_BCAST_SDU_LENGTH_IND;
+  std::uint8_t EXT_BCAST_SDU_LENGTH;
+  Bytes SDU;
 };
 
 enum PageClass : std::uint8_t { kImsiClass0 = 0, kImsiClass1 = 1, kTmsi = 2, kBroadcast = 3 };
@@ -123,13 +130,108 @@ void imsi_fields(W& w, L2_PAGE_RECORD& r, bool with_mcc, bool with_11_12) {
 }
 
 template <class W>
-void layout(W& w, L2_PAGE_RECORD& r, const Ctx& c) {
+void tmsi_fields(W& w, L2_PAGE_RECORD& r) {
+  switch (r.PAGE_SUBCLASS) {
+    case 0:
+      if (!w.need(32)) return;
+      w.u(r.TMSI_CODE_ADDR_32, "TMSI_CODE_ADDR_32", 32);
+      break;
+    case 1:
+      if (!w.need(24)) return;
+      w.u(r.TMSI_CODE_ADDR_24, "TMSI_CODE_ADDR_24", 24);
+      break;
+    case 2:
+      if (!w.need(16)) return;
+      w.u(r.TMSI_CODE_ADDR_16, "TMSI_CODE_ADDR_16", 16);
+      break;
+    default:
+      if (!w.need(4)) return;
+      w.u(r.TMSI_ZONE_LEN, "TMSI_ZONE_LEN", 4);
+      if (r.TMSI_ZONE_LEN) {
+        if (!w.need(8u * r.TMSI_ZONE_LEN)) return;
+        w.bits(r.TMSI_ZONE, "TMSI_ZONE", 8u * r.TMSI_ZONE_LEN);
+      }
+      if (!w.need(32)) return;
+      w.u(r.TMSI_CODE_ADDR_32, "TMSI_CODE_ADDR_32", 32);
+      break;
+  }
+}
+
+// BURST_TYPE and the broadcast address, shared by the broadcast and enhanced broadcast pages.
+template <class W>
+void broadcast_address(W& w, L2_PAGE_RECORD& r) {
+  if (!w.need(10)) return;
+  w.u(r.BURST_TYPE, "BURST_TYPE", 6);
+  w.u(r.ADDR_LEN, "ADDR_LEN", 4);
+  if (r.ADDR_LEN) {
+    if (!w.need(8u * r.ADDR_LEN)) return;
+    w.bits(r.BC_ADDR, "BC_ADDR", 8u * r.ADDR_LEN);
+  }
+}
+
+// Reserved broadcast forms whose length the page class table fixes, so that a mobile station
+// can step over them: subclass 1 mirrors the TMSI forms (32, 24 and 16 bits; extension 3 is
+// length-prefixed), subclass 2 extensions 0 to 2 take 32, 68 and 76 bits. 0: no length known.
+constexpr std::uint32_t reserved_broadcast_bits(std::uint8_t subclass, std::uint8_t ext) {
+  constexpr std::uint32_t kSub1[4] = {32, 24, 16, 0};
+  constexpr std::uint32_t kSub2[4] = {32, 68, 76, 0};
+  return subclass == 1 ? kSub1[ext & 3] : subclass == 2 ? kSub2[ext & 3] : 0;
+}
+
+template <class W>
+void broadcast_fields(W& w, L2_PAGE_RECORD& r) {
+  if (r.PAGE_SUBCLASS == 0) {   // broadcast page: the address only, no service is asked for
+    broadcast_address(w, r);
+    return;
+  }
+  if (r.PAGE_SUBCLASS == 3) {
+    if (r.PAGE_SUBCLASS_EXT != 0) {
+      // Reserved extensions of the enhanced form have no length: the record's end is unknown.
+      (void)w.reject(Rc::count);
+      return;
+    }
+    // Enhanced broadcast page: the address, then an SDU of 13 or 18 bits (odd indicator: the
+    // longer form), extended by EXT_BCAST_SDU_LENGTH octets when the indicator is 0 or 1.
+    broadcast_address(w, r);
+    if (!w.need(2)) return;
+    w.u(r.EXT_BCAST_SDU_LENGTH_IND, "EXT_BCAST_SDU_LENGTH_IND", 2);
+    const bool extended = r.EXT_BCAST_SDU_LENGTH_IND <= 1;
+    if (extended) {
+      if (!w.need(4)) return;
+      w.u(r.EXT_BCAST_SDU_LENGTH, "EXT_BCAST_SDU_LENGTH", 4);
+    }
+    const std::uint32_t sdu =
+        ((r.EXT_BCAST_SDU_LENGTH_IND & 1) ? 18u : 13u) + (extended ? 8u * r.EXT_BCAST_SDU_LENGTH : 0u);
+    if (!w.need(sdu)) return;
+    w.bits(r.SDU, "SDU", sdu);
+    return;
+  }
+  if (r.PAGE_SUBCLASS == 1 && r.PAGE_SUBCLASS_EXT == 3) {
+    if (!w.need(4)) return;
+    w.u(r.LENGTH, "LENGTH", 4);
+    const std::uint32_t bits = 8u * r.LENGTH + 32u;
+    if (!w.need(bits)) return;
+    w.skip(bits);
+    return;
+  }
+  const std::uint32_t bits = reserved_broadcast_bits(r.PAGE_SUBCLASS, r.PAGE_SUBCLASS_EXT);
+  if (bits == 0) {
+    (void)w.reject(Rc::count);
+    return;
+  }
+  if (!w.need(bits)) return;
+  w.skip(bits);   // reserved: neither kept nor shown
+}
+
+template <class W>
+void layout(W& w, L2_PAGE_RECORD& r, const Ctx&) {
   if (!w.need(4)) return;
   w.u(r.PAGE_CLASS, "PAGE_CLASS", 2);
   w.u(r.PAGE_SUBCLASS, "PAGE_SUBCLASS", 2);
-  // Class 3 subclass 3 opens the extended subclasses from IS-2000 Release A on.
-  const bool extended = r.PAGE_CLASS == kBroadcast && r.PAGE_SUBCLASS == 3 && c.p_rev >= 7;
-  if (extended) {
+  // Every broadcast subclass but the plain page carries the extension. The extended forms
+  // came with IS-2000 Release A, but they fit the IS-95-B record (its broadcast subclasses
+  // 1 to 3 were reserved), so the same layout serves every revision.
+  if (r.PAGE_CLASS == kBroadcast && r.PAGE_SUBCLASS != 0) {
     if (!w.need(2)) return;
     w.u(r.PAGE_SUBCLASS_EXT, "PAGE_SUBCLASS_EXT", 2);
   }
@@ -142,59 +244,24 @@ void layout(W& w, L2_PAGE_RECORD& r, const Ctx& c) {
       imsi_fields(w, r, (r.PAGE_SUBCLASS & 2) != 0, (r.PAGE_SUBCLASS & 1) != 0);
       break;
     case kImsiClass1:
-      if (r.PAGE_SUBCLASS > 1) {
-        // Reserved subclasses have no layout, so the record's end cannot be found.
-        (void)w.reject(Rc::count);
-        return;
-      }
-      if (!w.need(6)) return;
+      if (!w.need(3)) return;
       w.u(r.MSG_SEQ, "MSG_SEQ", 3);
-      w.u(r.IMSI_ADDR_NUM, "IMSI_ADDR_NUM", 3);
-      imsi_fields(w, r, r.PAGE_SUBCLASS == 1, true);
+      // Subclasses 2 and 3 are reserved address forms that carry no address fields; the
+      // sequence number and the service fields frame them like any mobile-addressed page.
+      if (r.PAGE_SUBCLASS <= 1) {
+        if (!w.need(3)) return;
+        w.u(r.IMSI_ADDR_NUM, "IMSI_ADDR_NUM", 3);
+        imsi_fields(w, r, r.PAGE_SUBCLASS == 1, true);
+      }
       break;
     case kTmsi:
       if (!w.need(3)) return;
       w.u(r.MSG_SEQ, "MSG_SEQ", 3);
-      switch (r.PAGE_SUBCLASS) {
-        case 0:
-          if (!w.need(32)) return;
-          w.u(r.TMSI_CODE_ADDR_32, "TMSI_CODE_ADDR_32", 32);
-          break;
-        case 1:
-          if (!w.need(24)) return;
-          w.u(r.TMSI_CODE_ADDR_24, "TMSI_CODE_ADDR_24", 24);
-          break;
-        case 2:
-          if (!w.need(16)) return;
-          w.u(r.TMSI_CODE_ADDR_16, "TMSI_CODE_ADDR_16", 16);
-          break;
-        default:
-          if (!w.need(4)) return;
-          w.u(r.TMSI_ZONE_LEN, "TMSI_ZONE_LEN", 4);
-          if (r.TMSI_ZONE_LEN) {
-            if (!w.need(8u * r.TMSI_ZONE_LEN)) return;
-            w.bits(r.TMSI_ZONE, "TMSI_ZONE", 8u * r.TMSI_ZONE_LEN);
-          }
-          if (!w.need(32)) return;
-          w.u(r.TMSI_CODE_ADDR_32, "TMSI_CODE_ADDR_32", 32);
-          break;
-      }
+      tmsi_fields(w, r);
       break;
     default:
-      if (r.PAGE_SUBCLASS != 0) {
-        // Only the plain broadcast page (subclass 0) has a layout this decoder knows; the
-        // others cannot be delimited.
-        (void)w.reject(Rc::count);
-        return;
-      }
-      if (!w.need(10)) return;
-      w.u(r.BURST_TYPE, "BURST_TYPE", 6);
-      w.u(r.ADDR_LEN, "ADDR_LEN", 4);
-      if (r.ADDR_LEN) {
-        if (!w.need(8u * r.ADDR_LEN)) return;
-        w.bits(r.BC_ADDR, "BC_ADDR", 8u * r.ADDR_LEN);
-      }
-      return;   // a broadcast page asks for no service
+      broadcast_fields(w, r);
+      return;   // broadcast pages carry no MSG_SEQ and no service request
   }
 
   if (!w.need(1)) return;
