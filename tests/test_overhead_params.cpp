@@ -636,12 +636,169 @@ TEST(OverheadParams, EnhancedAccessParametersShortRecordLengths) {
   EXPECT_NE(r.text.find("   LAC_PARMS_LEN = 2\n   LAC_PARMS_REC = FC_EAPM_LAC_PARMS_REC\n"), std::string::npos);
 }
 
+// ---------------------------------------------------------------------------------------------
+// MC-RR Parameters: the spreading rate 3, encryption and common channel groups, the optional
+// message flags, and the later groups chosen by the P_REV the message carries.
+
+std::string mcrr_head(Bits& b, unsigned msg_p_rev, bool sr3, bool cch) {
+  std::string t = "FC_MCRRPM\n{\n";
+  put(b, t, {{"PILOT_PN", 9, 100}, {"CONFIG_MSG_SEQ", 6, 7}, {"BASE_ID", 16, 4660}, {"P_REV", 8, msg_p_rev},
+             {"MIN_P_REV", 8, 6}, {"SR3_INCL", 1, sr3}});
+  if (sr3) {
+    put(b, t, {{"SR3_CENTER_FREQ_INCL", 1, 1}, {"SR3_CENTER_FREQ", 11, 1234}, {"SR3_BRAT", 2, 2},
+               {"SR3_BCCH_CODE_CHAN", 7, 100}, {"SR3_PRIMARY_PILOT", 2, 1}, {"SR3_PILOT_POWER1", 3, 5},
+               {"SR3_PILOT_POWER2", 3, 6}});
+  }
+  put(b, t, {{"SRCH_WIN_A", 4, 8}, {"SRCH_WIN_R", 4, 9}, {"T_ADD", 6, 28}, {"T_DROP", 6, 32}, {"T_COMP", 4, 5},
+             {"T_TDROP", 4, 3}, {"NGHBR_MAX_AGE", 4, 2}, {"SOFT_SLOPE", 6, 20}, {"ADD_INTERCEPT", 6, 10},
+             {"DROP_INTERCEPT", 6, 11}, {"ENC_SUPPORTED", 1, 1}, {"SIG_ENCRYPT_SUP", 8, 192},
+             {"UI_ENCRYPT_SUP", 8, 64}, {"ADD_FIELDS_LEN", 8, 2}});
+  b.put(0xBEEF, 16);
+  t += "   ADD_FIELDS = 0xbeef\n";
+  put(b, t, {{"CCH_INFO_INCL", 1, cch}});
+  return t;
+}
+
+// The common channel information; `num_opt` optional message flags (values 1, 0, 1, 1, then
+// reserved ones).
+std::string mcrr_cch(Bits& b, bool sr3, unsigned num_opt) {
+  std::string t;
+  b.put(209, 10).put(9, 7);
+  t += "   MCC = 209 ( 310 )\n   IMSI_11_12 = 9 ( 10 )\n";
+  put(b, t, {{"MAX_SLOT_CYCLE_INDEX", 3, 2}, {"PWR_REP_THRESH", 5, 2}, {"PWR_REP_FRAMES", 4, 7},
+             {"PWR_THRESH_ENABLE", 1, 1}, {"PWR_PERIOD_ENABLE", 1, 0}, {"PWR_REP_DELAY", 5, 3},
+             {"RESELECT_INCLUDED", 1, 1}, {"EC_THRESH", 5, 20}, {"EC_I0_THRESH", 5, 21},
+             {"BASE_LAT", 22, 1000000}, {"BASE_LONG", 23, 4000000}, {"PILOT_REPORT", 1, 1},
+             {"ACC_ENT_HO_ORDER", 1, 1}, {"ACCESS_HO", 1, 1}, {"ACCESS_HO_MSG_RSP", 1, 1}, {"ACCESS_PROBE_HO", 1, 1},
+             {"ACC_HO_LIST_UPD", 1, 0}, {"ACC_PROBE_HO_OTHER_MSG", 1, 1}, {"MAX_NUM_PROBE_HO", 3, 5},
+             {"NUM_FCCCH", 3, 2}, {"FCCCH_RATE", 3, 1}, {"FCCCH_CODE_RATE", 1, 1}});
+  b.put(3, 8).put(250, 8);
+  t += "   FCCCH_CODE_CHAN[0] = 3\n   FCCCH_CODE_CHAN[1] = 250\n";
+  put(b, t, {{"BCAST_INDEX", 3, 4}, {"NUM_BCCH_BCAST", 3, 2}});
+  t += "   BCCH_BCASTs[0] = FC_MCRRPM_BCCH_BCASTs\n   {\n";
+  put(b, t, {{"BCCH_CODE_CHAN", 7, 17}, {"BRAT", 2, 1}, {"BCCH_CODE_RATE", 1, 0}}, 6);
+  t += "   }\n   BCCH_BCASTs[1] = FC_MCRRPM_BCCH_BCASTs\n   {\n";
+  put(b, t, {{"BCCH_CODE_CHAN", 7, 127}, {"BRAT", 2, 3}, {"BCCH_CODE_RATE", 1, 1}}, 6);
+  t += "   }\n";
+  put(b, t, {{"QPCH_SUPPORTED", 1, 1}, {"NUM_QPCH", 2, 2}, {"QPCH_RATE", 1, 1}, {"QPCH_POWER_LEVEL_PAGE", 3, 6},
+             {"QPCH_CCI_SUPPORTED", 1, 1}, {"QPCH_POWER_LEVEL_CONFIG", 3, 4}});
+  if (sr3) {
+    b.put(80, 8).put(81, 8);
+    t += "   QPCH_CODE_CHAN[0] = 80\n   QPCH_CODE_CHAN[1] = 81\n";
+  }
+  put(b, t, {{"QPCH_BI_SUPPORTED", 1, 1}, {"QPCH_POWER_LEVEL_BCAST", 3, 2}, {"SDB_SUPPORTED", 1, 1},
+             {"BROADCAST_GPS_ASST", 1, 0}, {"RLGAIN_TRAFFIC_PILOT", 6, 33}, {"REV_PWR_CNTL_DELAY_INCL", 1, 1},
+             {"REV_PWR_CNTL_DELAY", 2, 3}, {"MOB_QOS", 1, 1}, {"USE_SYNC_ID", 1, 0}, {"NUM_OPT_MSG", 4, num_opt}});
+  const W flags[] = {{"SENDING_RAND", 1, 1}, {"PRI_NGHBR_LIST", 1, 0}, {"USER_ZONE_ID", 1, 1},
+                     {"EXT_GLOBAL_REDIRECT", 1, 1}};
+  for (unsigned k = 0; k < num_opt; ++k) put(b, t, {k < 4 ? flags[k] : W{nullptr, 1, 1}});
+  put(b, t, {{"PILOT_INFO_REQ_SUPPORTED", 1, 1}});
+  return t;
+}
+
+TEST(OverheadParams, McRrParametersReleaseA) {
+  const struct Case {
+    const char* what;
+    bool sr3, cch;
+    unsigned num_opt;
+  } cases[] = {
+      {"no spreading rate 3, no common channel information", false, false, 0},
+      {"everything, two reserved optional-message bits", true, true, 6},
+      {"quick paging code channels only with spreading rate 3", false, true, 2},
+      {"all four named optional-message flags", true, true, 4},
+  };
+  for (const Case& k : cases) {
+    Bits b;
+    std::string want = mcrr_head(b, 7, k.sr3, k.cch);
+    if (k.cch) want += mcrr_cch(b, k.sr3, k.num_opt);
+    auto r = run_bits(30, 7, 1, b);
+    EXPECT_EQ(r.rc, Rc::ok) << k.what;
+    EXPECT_EQ(r.used, b.size()) << k.what;
+    EXPECT_EQ(r.text, want + "}\n") << k.what;
+    // One bit less: the last group no longer fits.
+    EXPECT_EQ(run(30, 7, 1, b.message(0), 0, b.size() - 1).rc, Rc::short_msg) << k.what;
+  }
+}
+
+// Release B and C groups, and the refusal of releases whose additions are not laid out here.
+std::string mcrr_rel_b(Bits& b, bool cch) {
+  std::string t;
+  if (cch) put(b, t, {{"BAND_CLASS_INFO_REQ", 1, 1}, {"ALT_BAND_CLASS", 5, 10}});
+  put(b, t, {{"CDMA_OFF_TIME_REP_SUP_IND", 1, 1}, {"CDMA_OFF_TIME_REP_THRESHOLD_UNIT", 1, 1},
+             {"CDMA_OFF_TIME_REP_THRESHOLD", 3, 6}});
+  return t;
+}
+
+std::string mcrr_rel_c(Bits& b, bool cch, bool pdch) {
+  std::string t;
+  put(b, t, {{"CHM_SUPPORTED", 1, 1}, {"RELEASE_TO_IDLE_IND", 1, 0}, {"RECONNECT_MSG_IND", 1, 1},
+             {"T_TDROP_RANGE_INCL", 1, 1}, {"T_TDROP_RANGE", 4, 7}, {"FOR_PDCH_SUPPORTED", 1, pdch}});
+  if (pdch) {
+    put(b, t, {{"PDCH_CHM_SUPPORTED", 1, 1}, {"PDCH_PARMS_INCL", 1, 1}, {"FOR_PDCH_RLGAIN_INCL", 1, 1},
+               {"RLGAIN_ACKCH_PILOT", 6, 40}, {"RLGAIN_CQICH_PILOT", 6, 41}, {"NUM_SOFT_SWITCHING_FRAMES", 4, 3},
+               {"NUM_SOFTER_SWITCHING_FRAMES", 4, 4}, {"NUM_SOFT_SWITCHING_SLOTS", 2, 1},
+               {"NUM_SOFTER_SWITCHING_SLOTS", 2, 2}, {"PDCH_SOFT_SWITCHING_DELAY", 8, 100},
+               {"PDCH_SOFTER_SWITCHING_DELAY", 8, 200}, {"WALSH_TABLE_ID", 3, 2}, {"NUM_PDCCH", 3, 1}});
+    t += "   PDCCH_WALSHs[0] = FC_MCRRPM_PDCCH_WALSHs\n   {\n";
+    put(b, t, {{"FOR_PDCCH_WALSH", 6, 5}}, 6);
+    t += "   }\n   PDCCH_WALSHs[1] = FC_MCRRPM_PDCCH_WALSHs\n   {\n";
+    put(b, t, {{"FOR_PDCCH_WALSH", 6, 63}}, 6);
+    t += "   }\n";
+  }
+  if (cch) put(b, t, {{"IMSI_10_INCL", 1, 1}, {"IMSI_10", 4, 3}});
+  return t;
+}
+
+TEST(OverheadParams, McRrParametersLaterReleasesFollowTheMessageRevision) {
+  const struct Case {
+    const char* what;
+    std::uint8_t ctx_p_rev, msg_p_rev;
+    bool cch, pdch;
+    Rc rc;
+  } cases[] = {
+      {"release B with common channel information", 8, 8, true, false, Rc::ok},
+      {"release B without it: no band class request", 8, 8, false, false, Rc::ok},
+      {"release C with the F-PDCH and two Walsh codes", 9, 9, true, true, Rc::ok},
+      {"release C without common channels: no IMSI_10", 9, 9, false, false, Rc::ok},
+      {"the message's own revision rules, not the caller's", 9, 7, true, true, Rc::ok},
+      {"release D: everything known is shown, then refused", 10, 10, true, true, Rc::count},
+      {"release E likewise", 11, 11, false, true, Rc::count},
+  };
+  for (const Case& k : cases) {
+    Bits b;
+    std::string want = mcrr_head(b, k.msg_p_rev, false, k.cch);
+    if (k.cch) want += mcrr_cch(b, false, 3);
+    if (k.msg_p_rev >= 8) want += mcrr_rel_b(b, k.cch);
+    if (k.msg_p_rev >= 9) want += mcrr_rel_c(b, k.cch, k.pdch);
+    b.put(0x5A, 8);   // whatever follows; read only by releases not laid out here
+    auto r = run_bits(30, k.ctx_p_rev, 0, b);
+    EXPECT_EQ(r.rc, k.rc) << k.what;
+    if (k.rc == Rc::ok) {
+      EXPECT_EQ(r.used, b.size() - 8) << k.what;
+    }
+    EXPECT_EQ(r.text, want + "}\n") << k.what;
+  }
+}
+
+TEST(OverheadParams, McRrParametersUnknownOptionalMessagesOfLaterReleasesAreRefused) {
+  // From release D on, the optional-message flags past the fourth may be named fields: the
+  // message is refused right there, and nothing after them is shown.
+  Bits b;
+  std::string want = mcrr_head(b, 10, false, true);
+  want += mcrr_cch(b, false, 5);
+  auto r = run_bits(30, 10, 0, b);
+  EXPECT_EQ(r.rc, Rc::count);
+  want.erase(want.rfind("   PILOT_INFO_REQ_SUPPORTED"));
+  EXPECT_EQ(r.text, want + "}\n");
+}
+
 TEST(OverheadParams, OtherIdentifiersGoToTheListMessages) {
   for (std::uint8_t id = 0; id < 64; ++id) {
-    if (id == 1 || id == 2 || id == 13 || id == 29 || id == 31 || id == 32) continue;
+    if (id == 1 || id == 2 || id == 13 || id == 29 || id == 30 || id == 31 || id == 32) continue;
     EXPECT_EQ(overhead_body(id), overhead_list_body(id)) << int(id);
   }
   EXPECT_STREQ(overhead_body(13)->header, "FC_ESPM");
+  EXPECT_STREQ(overhead_body(30)->header, "FC_MCRRPM");
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 // Overhead parameter messages of the paging / forward common channel (C.S0005 3.7.2.3.2):
 // System Parameters (.1), Access Parameters (.2), Extended System Parameters (.13), ANSI-41
-// System Parameters (.30), ANSI-41 RAND (.32) and Enhanced Access Parameters (.33).
+// System Parameters (.30), MC-RR Parameters (.31), ANSI-41 RAND (.32) and Enhanced Access
+// Parameters (.33).
 //
 // Each record is laid out once, in air order; the same layout fills the record from the bits
 // and prints it. Presence conditions are re-tested by the printer on what was decoded.
@@ -323,6 +324,37 @@ bool pz_hysteresis(W& w, R& r) {
   return true;
 }
 
+// The forward packet data channel parameters of release C, which the extended system and the
+// MC-RR parameters messages carry alike; only the header of the Walsh code records differs.
+template <class W, class R>
+bool for_pdch(W& w, R& r, const Ctx& c, const char* walsh_header) {
+  if (!w.need(1)) return false;
+  w.u(r.FOR_PDCH_SUPPORTED, "FOR_PDCH_SUPPORTED", 1);
+  if (!r.FOR_PDCH_SUPPORTED) return true;
+  if (!w.need(2)) return false;
+  w.u(r.PDCH_CHM_SUPPORTED, "PDCH_CHM_SUPPORTED", 1);
+  w.u(r.PDCH_PARMS_INCL, "PDCH_PARMS_INCL", 1);
+  if (!r.PDCH_PARMS_INCL) return true;
+  if (!w.need(1)) return false;
+  w.u(r.FOR_PDCH_RLGAIN_INCL, "FOR_PDCH_RLGAIN_INCL", 1);
+  if (r.FOR_PDCH_RLGAIN_INCL) {
+    if (!w.need(12)) return false;
+    w.u(r.RLGAIN_ACKCH_PILOT, "RLGAIN_ACKCH_PILOT", 6);
+    w.u(r.RLGAIN_CQICH_PILOT, "RLGAIN_CQICH_PILOT", 6);
+  }
+  if (!w.need(34)) return false;
+  w.u(r.NUM_SOFT_SWITCHING_FRAMES, "NUM_SOFT_SWITCHING_FRAMES", 4);
+  w.u(r.NUM_SOFTER_SWITCHING_FRAMES, "NUM_SOFTER_SWITCHING_FRAMES", 4);
+  w.u(r.NUM_SOFT_SWITCHING_SLOTS, "NUM_SOFT_SWITCHING_SLOTS", 2);
+  w.u(r.NUM_SOFTER_SWITCHING_SLOTS, "NUM_SOFTER_SWITCHING_SLOTS", 2);
+  w.u(r.PDCH_SOFT_SWITCHING_DELAY, "PDCH_SOFT_SWITCHING_DELAY", 8);
+  w.u(r.PDCH_SOFTER_SWITCHING_DELAY, "PDCH_SOFTER_SWITCHING_DELAY", 8);
+  w.u(r.WALSH_TABLE_ID, "WALSH_TABLE_ID", 3);
+  w.u(r.NUM_PDCCH, "NUM_PDCCH", 3);
+  // NUM_PDCCH is one less than the number of F-PDCCH Walsh codes.
+  return w.counted("PDCCH_WALSHs", walsh_header, r.PDCCH_WALSHs, r.NUM_PDCCH + 1u, c);
+}
+
 template <class W, class R>
 bool ext_pref_msid(W& w, R& r) {
   if (!w.need(2)) return false;
@@ -556,33 +588,7 @@ void layout(W& w, FC_ESPM& r, const Ctx& c) {
   w.u(r.RECONNECT_MSG_IND, "RECONNECT_MSG_IND", 1);
   w.u(r.MSG_INTEGRITY_SUP, "MSG_INTEGRITY_SUP", 1);
   if (!sig_integrity(w, r)) return;
-  if (!w.need(1)) return;
-  w.u(r.FOR_PDCH_SUPPORTED, "FOR_PDCH_SUPPORTED", 1);
-  if (r.FOR_PDCH_SUPPORTED) {
-    if (!w.need(2)) return;
-    w.u(r.PDCH_CHM_SUPPORTED, "PDCH_CHM_SUPPORTED", 1);
-    w.u(r.PDCH_PARMS_INCL, "PDCH_PARMS_INCL", 1);
-    if (r.PDCH_PARMS_INCL) {
-      if (!w.need(1)) return;
-      w.u(r.FOR_PDCH_RLGAIN_INCL, "FOR_PDCH_RLGAIN_INCL", 1);
-      if (r.FOR_PDCH_RLGAIN_INCL) {
-        if (!w.need(12)) return;
-        w.u(r.RLGAIN_ACKCH_PILOT, "RLGAIN_ACKCH_PILOT", 6);
-        w.u(r.RLGAIN_CQICH_PILOT, "RLGAIN_CQICH_PILOT", 6);
-      }
-      if (!w.need(34)) return;
-      w.u(r.NUM_SOFT_SWITCHING_FRAMES, "NUM_SOFT_SWITCHING_FRAMES", 4);
-      w.u(r.NUM_SOFTER_SWITCHING_FRAMES, "NUM_SOFTER_SWITCHING_FRAMES", 4);
-      w.u(r.NUM_SOFT_SWITCHING_SLOTS, "NUM_SOFT_SWITCHING_SLOTS", 2);
-      w.u(r.NUM_SOFTER_SWITCHING_SLOTS, "NUM_SOFTER_SWITCHING_SLOTS", 2);
-      w.u(r.PDCH_SOFT_SWITCHING_DELAY, "PDCH_SOFT_SWITCHING_DELAY", 8);
-      w.u(r.PDCH_SOFTER_SWITCHING_DELAY, "PDCH_SOFTER_SWITCHING_DELAY", 8);
-      w.u(r.WALSH_TABLE_ID, "WALSH_TABLE_ID", 3);
-      w.u(r.NUM_PDCCH, "NUM_PDCCH", 3);
-      // NUM_PDCCH is one less than the number of F-PDCCH Walsh codes.
-      if (!w.counted("PDCCH_WALSHs", "FC_ESPM_PDCCH_WALSHs", r.PDCCH_WALSHs, r.NUM_PDCCH + 1u, c)) return;
-    }
-  }
+  if (!for_pdch(w, r, c, "FC_ESPM_PDCCH_WALSHs")) return;
   if (!imsi_10(w, r)) return;
 
   if (r.P_REV < 10) return;
@@ -765,6 +771,268 @@ void layout(W& w, FC_A41SPM& r, const Ctx& c) {
   if (!pz_hysteresis(w, r)) return;
 
   if (!ext_pref_msid(w, r)) return;
+}
+
+// ---------------------------------------------------------------------------------------------
+// MC-RR Parameters Message (MSG_ID 30), sent on the F-BCCH from P_REV 7. Like the extended
+// system parameters, its later groups follow the revision the message announces in P_REV.
+
+// One broadcast control channel that carries broadcast messages.
+struct FC_MCRRPM_BCCH_BCAST {
+  u8 BCCH_CODE_CHAN, BRAT, BCCH_CODE_RATE;
+};
+
+template <class W>
+void layout(W& w, FC_MCRRPM_BCCH_BCAST& r, const Ctx&) {
+  if (!w.need(10)) return;
+  w.u(r.BCCH_CODE_CHAN, "BCCH_CODE_CHAN", 7);
+  w.u(r.BRAT, "BRAT", 2);
+  w.u(r.BCCH_CODE_RATE, "BCCH_CODE_RATE", 1);
+}
+
+struct FC_MCRRPM {
+  u16 PILOT_PN;
+  u8 CONFIG_MSG_SEQ;
+  u16 BASE_ID;
+  u8 P_REV, MIN_P_REV;
+  u8 SR3_INCL, SR3_CENTER_FREQ_INCL;
+  u16 SR3_CENTER_FREQ;
+  u8 SR3_BRAT, SR3_BCCH_CODE_CHAN, SR3_PRIMARY_PILOT, SR3_PILOT_POWER1, SR3_PILOT_POWER2;
+  u8 SRCH_WIN_A, SRCH_WIN_R, T_ADD, T_DROP, T_COMP, T_TDROP, NGHBR_MAX_AGE;
+  u8 SOFT_SLOPE, ADD_INTERCEPT, DROP_INTERCEPT;
+  u8 ENC_SUPPORTED, SIG_ENCRYPT_SUP, UI_ENCRYPT_SUP, ADD_FIELDS_LEN;
+  Bytes ADD_FIELDS;
+  u8 CCH_INFO_INCL;
+  // common channel information
+  u16 MCC;
+  u8 IMSI_11_12, MAX_SLOT_CYCLE_INDEX;
+  u8 PWR_REP_THRESH, PWR_REP_FRAMES, PWR_THRESH_ENABLE, PWR_PERIOD_ENABLE, PWR_REP_DELAY;
+  u8 RESELECT_INCLUDED, EC_THRESH, EC_I0_THRESH;
+  u32 BASE_LAT, BASE_LONG;
+  u8 PILOT_REPORT, ACC_ENT_HO_ORDER, ACCESS_HO, ACCESS_HO_MSG_RSP, ACCESS_PROBE_HO;
+  u8 ACC_HO_LIST_UPD, ACC_PROBE_HO_OTHER_MSG, MAX_NUM_PROBE_HO;
+  u8 NUM_FCCCH, FCCCH_RATE, FCCCH_CODE_RATE;
+  PoolArray<u8> FCCCH_CODE_CHAN;
+  u8 BCAST_INDEX, NUM_BCCH_BCAST;
+  PoolArray<FC_MCRRPM_BCCH_BCAST> BCCH_BCASTs;
+  u8 QPCH_SUPPORTED, NUM_QPCH, QPCH_RATE, QPCH_POWER_LEVEL_PAGE, QPCH_CCI_SUPPORTED, QPCH_POWER_LEVEL_CONFIG;
+  PoolArray<u8> QPCH_CODE_CHAN;
+  u8 QPCH_BI_SUPPORTED, QPCH_POWER_LEVEL_BCAST;
+  u8 SDB_SUPPORTED, BROADCAST_GPS_ASST, RLGAIN_TRAFFIC_PILOT, REV_PWR_CNTL_DELAY_INCL, REV_PWR_CNTL_DELAY;
+  u8 MOB_QOS, USE_SYNC_ID, NUM_OPT_MSG, SENDING_RAND, PRI_NGHBR_LIST, USER_ZONE_ID, EXT_GLOBAL_REDIRECT;
+  u8 PILOT_INFO_REQ_SUPPORTED;
+  // release B
+  u8 BAND_CLASS_INFO_REQ, ALT_BAND_CLASS;
+  u8 CDMA_OFF_TIME_REP_SUP_IND, CDMA_OFF_TIME_REP_THRESHOLD_UNIT, CDMA_OFF_TIME_REP_THRESHOLD;
+  // release C
+  u8 CHM_SUPPORTED, RELEASE_TO_IDLE_IND, RECONNECT_MSG_IND, T_TDROP_RANGE_INCL, T_TDROP_RANGE;
+  u8 FOR_PDCH_SUPPORTED, PDCH_CHM_SUPPORTED, PDCH_PARMS_INCL;
+  u8 FOR_PDCH_RLGAIN_INCL, RLGAIN_ACKCH_PILOT, RLGAIN_CQICH_PILOT;
+  u8 NUM_SOFT_SWITCHING_FRAMES, NUM_SOFTER_SWITCHING_FRAMES, NUM_SOFT_SWITCHING_SLOTS, NUM_SOFTER_SWITCHING_SLOTS;
+  u8 PDCH_SOFT_SWITCHING_DELAY, PDCH_SOFTER_SWITCHING_DELAY, WALSH_TABLE_ID, NUM_PDCCH;
+  PoolArray<FC_ESPM_PDCCH_WALSH> PDCCH_WALSHs;
+  u8 IMSI_10_INCL, IMSI_10;
+};
+
+// Messages of release D and later append groups this decoder does not lay out; such a message
+// is refused (result 1) where its unknown part begins, after everything before it was shown.
+constexpr u8 kMcrrFirstUnknownRev = 10;
+
+// NUM_OPT_MSG counts the one-bit "this optional message is sent" flags that follow. Up to
+// release C four are named and the rest are reserved; later releases name more of them.
+template <class W>
+bool optional_messages(W& w, FC_MCRRPM& r) {
+  const struct {
+    u8 FC_MCRRPM::*field;
+    const char* name;
+  } flags[] = {{&FC_MCRRPM::SENDING_RAND, "SENDING_RAND"},
+               {&FC_MCRRPM::PRI_NGHBR_LIST, "PRI_NGHBR_LIST"},
+               {&FC_MCRRPM::USER_ZONE_ID, "USER_ZONE_ID"},
+               {&FC_MCRRPM::EXT_GLOBAL_REDIRECT, "EXT_GLOBAL_REDIRECT"}};
+  const unsigned named = r.NUM_OPT_MSG < 4 ? r.NUM_OPT_MSG : 4u;
+  if (!w.need(named)) return false;
+  for (unsigned k = 0; k < named; ++k) w.u(r.*flags[k].field, flags[k].name, 1);
+  if (r.NUM_OPT_MSG <= 4) return true;
+  if (r.P_REV >= kMcrrFirstUnknownRev) {
+    (void)w.reject(Rc::count);
+    return false;
+  }
+  if (!w.need(r.NUM_OPT_MSG - 4u)) return false;
+  w.skip(r.NUM_OPT_MSG - 4u);   // reserved
+  return true;
+}
+
+// The common channel information, present when CCH_INFO_INCL is 1.
+template <class W>
+bool common_channels(W& w, FC_MCRRPM& r, const Ctx& c) {
+  if (!w.need(37)) return false;   // MCC .. RESELECT_INCLUDED
+  w.u(r.MCC, "MCC", 10);
+  w.u(r.IMSI_11_12, "IMSI_11_12", 7);
+  w.u(r.MAX_SLOT_CYCLE_INDEX, "MAX_SLOT_CYCLE_INDEX", 3);
+  w.u(r.PWR_REP_THRESH, "PWR_REP_THRESH", 5);
+  w.u(r.PWR_REP_FRAMES, "PWR_REP_FRAMES", 4);
+  w.u(r.PWR_THRESH_ENABLE, "PWR_THRESH_ENABLE", 1);
+  w.u(r.PWR_PERIOD_ENABLE, "PWR_PERIOD_ENABLE", 1);
+  w.u(r.PWR_REP_DELAY, "PWR_REP_DELAY", 5);
+  w.u(r.RESELECT_INCLUDED, "RESELECT_INCLUDED", 1);
+  if (r.RESELECT_INCLUDED) {
+    if (!w.need(10)) return false;
+    w.u(r.EC_THRESH, "EC_THRESH", 5);
+    w.u(r.EC_I0_THRESH, "EC_I0_THRESH", 5);
+  }
+  if (!w.need(48)) return false;   // BASE_LAT .. ACCESS_HO
+  w.u(r.BASE_LAT, "BASE_LAT", 22);
+  w.u(r.BASE_LONG, "BASE_LONG", 23);
+  w.u(r.PILOT_REPORT, "PILOT_REPORT", 1);
+  w.u(r.ACC_ENT_HO_ORDER, "ACC_ENT_HO_ORDER", 1);
+  w.u(r.ACCESS_HO, "ACCESS_HO", 1);
+  if (r.ACCESS_HO) {
+    if (!w.need(1)) return false;
+    w.u(r.ACCESS_HO_MSG_RSP, "ACCESS_HO_MSG_RSP", 1);
+  }
+  if (!w.need(1)) return false;
+  w.u(r.ACCESS_PROBE_HO, "ACCESS_PROBE_HO", 1);
+  if (r.ACCESS_PROBE_HO) {
+    if (!w.need(5)) return false;
+    w.u(r.ACC_HO_LIST_UPD, "ACC_HO_LIST_UPD", 1);
+    w.u(r.ACC_PROBE_HO_OTHER_MSG, "ACC_PROBE_HO_OTHER_MSG", 1);
+    w.u(r.MAX_NUM_PROBE_HO, "MAX_NUM_PROBE_HO", 3);
+  }
+
+  // The rate fields are sent even when no F-CCCH is; NUM_FCCCH is the number of code channels
+  // itself, not one less.
+  if (!w.need(7)) return false;
+  w.u(r.NUM_FCCCH, "NUM_FCCCH", 3);
+  w.u(r.FCCCH_RATE, "FCCCH_RATE", 3);
+  w.u(r.FCCCH_CODE_RATE, "FCCCH_CODE_RATE", 1);
+  if (!w.scalars("FCCCH_CODE_CHAN", r.FCCCH_CODE_CHAN, r.NUM_FCCCH, 8)) return false;
+  if (!w.need(6)) return false;
+  w.u(r.BCAST_INDEX, "BCAST_INDEX", 3);
+  w.u(r.NUM_BCCH_BCAST, "NUM_BCCH_BCAST", 3);
+  if (!w.counted("BCCH_BCASTs", "FC_MCRRPM_BCCH_BCASTs", r.BCCH_BCASTs, r.NUM_BCCH_BCAST, c)) return false;
+
+  if (!w.need(1)) return false;
+  w.u(r.QPCH_SUPPORTED, "QPCH_SUPPORTED", 1);
+  if (r.QPCH_SUPPORTED) {
+    if (!w.need(7)) return false;
+    w.u(r.NUM_QPCH, "NUM_QPCH", 2);
+    w.u(r.QPCH_RATE, "QPCH_RATE", 1);
+    w.u(r.QPCH_POWER_LEVEL_PAGE, "QPCH_POWER_LEVEL_PAGE", 3);
+    w.u(r.QPCH_CCI_SUPPORTED, "QPCH_CCI_SUPPORTED", 1);
+    if (r.QPCH_CCI_SUPPORTED) {
+      if (!w.need(3)) return false;
+      w.u(r.QPCH_POWER_LEVEL_CONFIG, "QPCH_POWER_LEVEL_CONFIG", 3);
+    }
+    // Only a spreading rate 3 common channel names the quick paging code channels.
+    if (r.SR3_INCL && !w.scalars("QPCH_CODE_CHAN", r.QPCH_CODE_CHAN, r.NUM_QPCH, 8)) return false;
+    if (!w.need(1)) return false;
+    w.u(r.QPCH_BI_SUPPORTED, "QPCH_BI_SUPPORTED", 1);
+    if (r.QPCH_BI_SUPPORTED) {
+      if (!w.need(3)) return false;
+      w.u(r.QPCH_POWER_LEVEL_BCAST, "QPCH_POWER_LEVEL_BCAST", 3);
+    }
+  }
+
+  if (!w.need(9)) return false;
+  w.u(r.SDB_SUPPORTED, "SDB_SUPPORTED", 1);
+  w.u(r.BROADCAST_GPS_ASST, "BROADCAST_GPS_ASST", 1);
+  w.u(r.RLGAIN_TRAFFIC_PILOT, "RLGAIN_TRAFFIC_PILOT", 6);
+  w.u(r.REV_PWR_CNTL_DELAY_INCL, "REV_PWR_CNTL_DELAY_INCL", 1);
+  if (r.REV_PWR_CNTL_DELAY_INCL) {
+    if (!w.need(2)) return false;
+    w.u(r.REV_PWR_CNTL_DELAY, "REV_PWR_CNTL_DELAY", 2);
+  }
+  if (!w.need(6)) return false;
+  w.u(r.MOB_QOS, "MOB_QOS", 1);
+  w.u(r.USE_SYNC_ID, "USE_SYNC_ID", 1);
+  w.u(r.NUM_OPT_MSG, "NUM_OPT_MSG", 4);
+  if (!optional_messages(w, r)) return false;
+  if (!w.need(1)) return false;
+  w.u(r.PILOT_INFO_REQ_SUPPORTED, "PILOT_INFO_REQ_SUPPORTED", 1);
+  return true;
+}
+
+template <class W>
+void layout(W& w, FC_MCRRPM& r, const Ctx& c) {
+  if (!w.need(48)) return;   // PILOT_PN .. SR3_INCL
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.BASE_ID, "BASE_ID", 16);
+  w.u(r.P_REV, "P_REV", 8);
+  w.u(r.MIN_P_REV, "MIN_P_REV", 8);
+  w.u(r.SR3_INCL, "SR3_INCL", 1);
+  if (r.SR3_INCL) {
+    if (!w.need(1)) return;
+    w.u(r.SR3_CENTER_FREQ_INCL, "SR3_CENTER_FREQ_INCL", 1);
+    if (r.SR3_CENTER_FREQ_INCL) {
+      if (!w.need(11)) return;
+      w.u(r.SR3_CENTER_FREQ, "SR3_CENTER_FREQ", 11);
+    }
+    if (!w.need(17)) return;
+    w.u(r.SR3_BRAT, "SR3_BRAT", 2);
+    w.u(r.SR3_BCCH_CODE_CHAN, "SR3_BCCH_CODE_CHAN", 7);
+    w.u(r.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2);
+    w.u(r.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3);
+    w.u(r.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3);
+  }
+  if (!w.need(51)) return;   // SRCH_WIN_A .. ENC_SUPPORTED
+  w.u(r.SRCH_WIN_A, "SRCH_WIN_A", 4);
+  w.u(r.SRCH_WIN_R, "SRCH_WIN_R", 4);
+  w.u(r.T_ADD, "T_ADD", 6);
+  w.u(r.T_DROP, "T_DROP", 6);
+  w.u(r.T_COMP, "T_COMP", 4);
+  w.u(r.T_TDROP, "T_TDROP", 4);
+  w.u(r.NGHBR_MAX_AGE, "NGHBR_MAX_AGE", 4);
+  w.u(r.SOFT_SLOPE, "SOFT_SLOPE", 6);
+  w.u(r.ADD_INTERCEPT, "ADD_INTERCEPT", 6);
+  w.u(r.DROP_INTERCEPT, "DROP_INTERCEPT", 6);
+  w.u(r.ENC_SUPPORTED, "ENC_SUPPORTED", 1);
+  if (r.ENC_SUPPORTED) {
+    if (!w.need(16)) return;
+    w.u(r.SIG_ENCRYPT_SUP, "SIG_ENCRYPT_SUP", 8);
+    w.u(r.UI_ENCRYPT_SUP, "UI_ENCRYPT_SUP", 8);
+  }
+  if (!w.need(8)) return;
+  w.u(r.ADD_FIELDS_LEN, "ADD_FIELDS_LEN", 8);
+  if (r.ADD_FIELDS_LEN) {   // octets kept for fields a later revision may define
+    if (!w.need(8u * r.ADD_FIELDS_LEN)) return;
+    w.bits(r.ADD_FIELDS, "ADD_FIELDS", 8u * r.ADD_FIELDS_LEN);
+  }
+  if (!w.need(1)) return;
+  w.u(r.CCH_INFO_INCL, "CCH_INFO_INCL", 1);
+  if (r.CCH_INFO_INCL && !common_channels(w, r, c)) return;
+
+  if (r.P_REV < 8) return;
+  if (r.CCH_INFO_INCL) {
+    if (!w.need(1)) return;
+    w.u(r.BAND_CLASS_INFO_REQ, "BAND_CLASS_INFO_REQ", 1);
+    if (r.BAND_CLASS_INFO_REQ) {
+      if (!w.need(5)) return;
+      w.u(r.ALT_BAND_CLASS, "ALT_BAND_CLASS", 5);
+    }
+  }
+  if (!w.need(1)) return;
+  w.u(r.CDMA_OFF_TIME_REP_SUP_IND, "CDMA_OFF_TIME_REP_SUP_IND", 1);
+  if (r.CDMA_OFF_TIME_REP_SUP_IND) {
+    if (!w.need(4)) return;
+    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD_UNIT, "CDMA_OFF_TIME_REP_THRESHOLD_UNIT", 1);
+    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD, "CDMA_OFF_TIME_REP_THRESHOLD", 3);
+  }
+
+  if (r.P_REV < 9) return;
+  if (!w.need(4)) return;
+  w.u(r.CHM_SUPPORTED, "CHM_SUPPORTED", 1);
+  w.u(r.RELEASE_TO_IDLE_IND, "RELEASE_TO_IDLE_IND", 1);
+  w.u(r.RECONNECT_MSG_IND, "RECONNECT_MSG_IND", 1);
+  w.u(r.T_TDROP_RANGE_INCL, "T_TDROP_RANGE_INCL", 1);
+  if (r.T_TDROP_RANGE_INCL) {
+    if (!w.need(4)) return;
+    w.u(r.T_TDROP_RANGE, "T_TDROP_RANGE", 4);
+  }
+  if (!for_pdch(w, r, c, "FC_MCRRPM_PDCCH_WALSHs")) return;
+  if (r.CCH_INFO_INCL && !imsi_10(w, r)) return;
+
+  if (r.P_REV >= kMcrrFirstUnknownRev) (void)w.reject(Rc::count);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -1018,6 +1286,7 @@ constexpr BodyOps kSpm = body_ops<FC_SPM>("FC_SPM");
 constexpr BodyOps kApm = body_ops<FC_APM>("FC_APM");
 constexpr BodyOps kEspm = body_ops<FC_ESPM>("FC_ESPM");
 constexpr BodyOps kA41spm = body_ops<FC_A41SPM>("FC_A41SPM");
+constexpr BodyOps kMcrrpm = body_ops<FC_MCRRPM>("FC_MCRRPM");
 constexpr BodyOps kA41randm = body_ops<FC_A41RANDM>("FC_A41RANDM");
 constexpr BodyOps kEapm = body_ops<FC_EAPM>("FC_EAPM");
 
@@ -1033,6 +1302,8 @@ const BodyOps* overhead_body(std::uint8_t msg_id) {
       return &kEspm;
     case 29:
       return &kA41spm;
+    case 30:
+      return &kMcrrpm;
     case 31:
       return &kA41randm;
     case 32:
