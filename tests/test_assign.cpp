@@ -264,7 +264,7 @@ TEST(Assign, ExtendedIs2000TrafficAssignment) {
   {  // P_REV 11: the 5 header bits, both channels and two pilots, service restore, 3X/1X, sync id
     Bits b;
     b.put(30, 8).put(4, 3).put(0, 5);
-    b.put(1, 1).put(1, 5).put(25, 11).put(0, 1).put(0, 2).put(7, 3).put(0b100001, 6);
+    b.put(1, 1).put(1, 5).put(25, 11).put(0, 1).put(3, 2).put(7, 3).put(0b100001, 6);
     b.put(0, 3).put(4, 5).put(4, 5).put(0, 4).put(0, 2).put(0, 5).put(0, 4).put(1, 3).put(3, 2).put(17, 5);
     b.put(40, 8).put(36, 8).put(1, 1).put(2, 5).put(20, 8).put(90, 8).put(1, 5).put(24, 8).put(96, 8);
     b.put(78, 9).put(0, 1).put(1, 1).put(5, 11).put(1, 2).put(6, 11).put(2, 2);
@@ -274,17 +274,19 @@ TEST(Assign, ExtendedIs2000TrafficAssignment) {
     b.put(1, 1).put(2, 2);                     // F3XFL_1XRL_INCL, F1XRL_FREQ_OFFSET
     b.put(0, 1).put(0, 1);                     // MSG_INT_INFO_INCL, PLCM_TYPE_INCL
     b.put(1, 1).put(2, 4).put(0xABCD, 16);     // SYNC_ID
+    b.put(0, 1);                               // EARLY_RL_TRANSMIT_IND
     const auto r = run(ecam_body(), b, 11);
     EXPECT_EQ(r.rc, Rc::ok);
     EXPECT_EQ(r.used, b.size());
-    for (const char* l : {"\n   ASSIGN_MODE = 4\n   RESERVED_2 = 0\n   ECAM_ASSIGN_MODE_100 = ",
+    for (const char* l : {"\n   ASSIGN_MODE = 4\n   DIRECT_CH_ASSIGN_IND = 0\n   RESERVED_2 = 0\n   ECAM_ASSIGN_MODE_100 = ",
                           "\n      SR_ID_RESTORE = 7\n      SR_ID_RESTORE_BITMAP = 33\n      DEFAULT_CONFIG = 0\n",
                           "\n         FPC_DCCH_MIN_SETPT = 24\n         FPC_DCCH_MAX_SETPT = 96\n         PILOT_RECs[0] = ",
                           "\n            CODE_CHAN_FCH = 7\n            QOF_MASK_ID_FCH = 0\n            CODE_CHAN_DCCH = 8\n"
-                          "            QOF_MASK_ID_DCCH = 3\n         }\n      }\n      REV_FCH_GATING_MODE = 1\n",
+                          "            QOF_MASK_ID_DCCH = 3\n         }\n         3X_FCH_INFO_INCL = 0\n"
+                          "         3X_DCCH_INFO_INCL = 0\n      }\n      REV_FCH_GATING_MODE = 1\n",
                           "\n      C_SIG_ENCRYPT_MODE_INCL = 0\n      F3XFL_1XRL_INCL = 1\n      F1XRL_FREQ_OFFSET = 2\n"
                           "      MSG_INT_INFO_INCL = 0\n      PLCM_TYPE_INCL = 0\n      SYNC_ID_INCL = 1\n"
-                          "      SYNC_ID_LEN = 2\n      SYNC_ID = 0xabcd\n   }\n}\n"})
+                          "      SYNC_ID_LEN = 2\n      SYNC_ID = 0xabcd\n      EARLY_RL_TRANSMIT_IND = 0\n   }\n}\n"})
       EXPECT_NE(r.text.find(l), std::string::npos) << l;
   }
   {  // a channel record longer than CH_RECORD_LEN says fails
@@ -294,6 +296,247 @@ TEST(Assign, ExtendedIs2000TrafficAssignment) {
     b.put(30, 8).put(3, 5).put(10, 8).put(70, 8).put(100, 9).put(0, 1).put(0, 1).put(33, 11).put(0, 2).put(0, 8);
     EXPECT_EQ(run(ecam_body(), b, 6).rc, Rc::short_msg);
   }
+}
+
+
+// Mode '100' with one pilot on the fundamental channel, P_REV 11: a direct channel assignment
+// with its fields after the sync id, the 3X code channels of the pilot closing the channel
+// record, and the early reverse-link transmit indicator last.
+Bits direct_assignment(bool p_rev_11) {
+  Bits b;
+  b.put(30, 8).put(4, 3);
+  if (p_rev_11) b.put(1, 1).put(0, 4);         // DIRECT_CH_ASSIGN_IND, RESERVED_2
+  b.put(0, 1).put(0, 1).put(3, 2).put(1, 3);   // FREQ_INCL .. SR_ID_RESTORE
+  b.put(0, 3).put(3, 5).put(3, 5).put(1, 4).put(0, 2).put(2, 5).put(0, 4).put(0, 3).put(1, 2).put(9, 5);
+  b.put(30, 8).put(3, 5).put(10, 8).put(70, 8);
+  b.put(100, 9).put(0, 1).put(0, 1).put(33, 11).put(1, 2);
+  b.put(1, 1).put(1, 1).put(2, 2).put(500, 11).put(0, 1).put(0, 3);   // 3X FCH info, padding
+  b.put(0, 1).put(0, 1).put(0, 1).put(0, 1).put(0, 1).put(0, 1);   // gating .. SYNC_ID_INCL
+  if (p_rev_11) {
+    b.put(17, 6).put(29, 5).put(1, 1).put(0, 1).put(1, 1).put(5, 3);
+    b.put(1, 1);   // EARLY_RL_TRANSMIT_IND
+  }
+  return b;
+}
+
+TEST(Assign, DirectChannelAssignmentFromPrev11) {
+  const Bits b = direct_assignment(true);
+  const auto r = run(ecam_body(), b, 11);
+  EXPECT_EQ(r.rc, Rc::ok);
+  EXPECT_EQ(r.used, b.size());
+  EXPECT_EQ(r.text,
+            "FC_ECAM\n{\n" +
+                block(3, {"ADD_RECORD_LEN = 30", "ASSIGN_MODE = 4", "DIRECT_CH_ASSIGN_IND = 1", "RESERVED_2 = 0",
+                          "ECAM_ASSIGN_MODE_100 = FC_ECAM_ECAM_ASSIGN_MODE_100", "{"}) +
+                block(6, {"FREQ_INCL = 0", "BYPASS_ALERT_ANSWER = 0", "GRANTED_MODE = 3", "SR_ID_RESTORE = 1",
+                          "DEFAULT_CONFIG = 0", "FOR_RC = 3", "REV_RC = 3", "FRAME_OFFSET = 1", "ENCRYPT_MODE = 0",
+                          "FPC_SUBCHAN_GAIN = 2", "RLGAIN_ADJ = 0", "NUM_PILOTS = 0", "CH_IND = 1",
+                          "CH_RECORD_LEN = 9", "CH_RECORD_FIELDS = FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS",
+                          "{"}) +
+                block(9, {"FPC_FCH_INIT_SETPT = 30", "FPC_FCH_FER = 3", "FPC_FCH_MIN_SETPT = 10",
+                          "FPC_FCH_MAX_SETPT = 70",
+                          "PILOT_RECs[0] = FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_PILOT_RECs", "{",
+                          "   PILOT_PN = 100", "   ADD_PILOT_REC_INCL = 0", "   PWR_COMB_IND = 0",
+                          "   CODE_CHAN_FCH = 33", "   QOF_MASK_ID_FCH = 1", "}", "3X_FCH_INFO_INCL = 1",
+                          "3X_FCH_RECs[0] = FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_3X_FCH_RECs", "{",
+                          "   3X_FCH_LOW_INCL = 1", "   QOF_MASK_ID_FCH_LOW = 2", "   CODE_CHAN_FCH_LOW = 500",
+                          "   3X_FCH_HIGH_INCL = 0", "}"}) +
+                block(6, {"}", "REV_FCH_GATING_MODE = 0", "C_SIG_ENCRYPT_MODE_INCL = 0", "F3XFL_1XRL_INCL = 0",
+                          "MSG_INT_INFO_INCL = 0", "PLCM_TYPE_INCL = 0", "SYNC_ID_INCL = 0", "CONFIG_MSG_SEQ = 17",
+                          "RTC_NOM_PWR = 29", "RESPOND_IND = 1", "DIRECT_CH_ASSIGN_RECOVER_IND = 0",
+                          "FIXED_PREAMBLE_TRANSMIT_IND = 1", "NUM_PREAMBLE = 5", "EARLY_RL_TRANSMIT_IND = 1"}) +
+                block(3, {"}"}) + "}\n");
+
+  // P_REV 10 has neither the header indicator nor what it enables, nor the early transmit bit.
+  const Bits old = direct_assignment(false);
+  const auto o = run(ecam_body(), old, 10);
+  EXPECT_EQ(o.rc, Rc::ok);
+  EXPECT_EQ(o.used, old.size());
+  for (const char* absent : {"DIRECT_CH_ASSIGN_IND", "RESERVED_2", "CONFIG_MSG_SEQ", "EARLY_RL_TRANSMIT_IND"})
+    EXPECT_EQ(o.text.find(absent), std::string::npos) << absent;
+  EXPECT_NE(o.text.find("      SYNC_ID_INCL = 0\n   }\n}\n"), std::string::npos);
+
+  // Neither a restore (GRANTED_MODE '10': no SR_ID_RESTORE, no sync id) nor a direct
+  // assignment: from the long code mask straight to the early transmit bit.
+  Bits plain;
+  plain.put(30, 8).put(4, 3).put(0, 5).put(0, 1).put(0, 1).put(2, 2);
+  plain.put(0, 3).put(3, 5).put(3, 5).put(1, 4).put(0, 2).put(2, 5).put(0, 4).put(0, 3).put(0, 2).put(0, 5);
+  plain.put(0, 5).put(1, 1);
+  const auto p = run(ecam_body(), plain, 11);
+  EXPECT_EQ(p.rc, Rc::ok);
+  EXPECT_EQ(p.used, plain.size());
+  EXPECT_NE(p.text.find("      GRANTED_MODE = 2\n      DEFAULT_CONFIG = 0\n"), std::string::npos);
+  EXPECT_NE(p.text.find("      PLCM_TYPE_INCL = 0\n      EARLY_RL_TRANSMIT_IND = 1\n   }\n}\n"), std::string::npos);
+}
+
+// A mode '100' assignment whose single pilot carries an additional pilot record of `type`,
+// RECORD_LEN octets long, filled by `rec`.
+template <class F>
+Bits with_pilot_record(std::uint8_t p_rev, unsigned type, unsigned len, F rec) {
+  const unsigned ch_bits = 29 + 10 + 6 + 8 * len + 14 + (p_rev >= 7 ? 1 : 0);
+  const unsigned ch_len = (ch_bits + 7) / 8;
+  Bits b;
+  b.put(20, 8).put(4, 3).put(0, 1).put(0, 1).put(0, 2);
+  b.put(0, 3).put(3, 5).put(3, 5).put(0, 4).put(0, 2).put(0, 5).put(0, 4).put(0, 3).put(1, 2).put(ch_len, 5);
+  b.put(30, 8).put(3, 5).put(10, 8).put(70, 8).put(100, 9).put(1, 1).put(type, 3).put(len, 3);
+  rec(b);
+  b.put(0, 1).put(33, 11).put(0, 2);
+  if (p_rev >= 7) b.put(0, 1);   // 3X_FCH_INFO_INCL
+  b.put(0, 8 * ch_len - ch_bits);
+  b.put(0, 1);                                    // REV_FCH_GATING_MODE
+  if (p_rev >= 7) b.put(0, 1).put(0, 1);          // C_SIG_ENCRYPT_MODE_INCL, F3XFL_1XRL_INCL
+  return b;
+}
+
+TEST(Assign, AdditionalPilotRecordTypes) {
+  struct Case {
+    const char* what;
+    std::uint8_t p_rev;
+    Bits bits;
+    std::initializer_list<std::string_view> fields;
+  };
+  const Case cases[] = {
+      {"Release 0 transmit diversity pilot", 6, with_pilot_record(6, 0, 1, [](Bits& b) { b.put(2, 2).put(0, 6); }),
+       {"OTD_POWER_LEVEL = 2"}},
+      {"Release A renames the power level and adds the mode", 7,
+       with_pilot_record(7, 0, 1, [](Bits& b) { b.put(3, 2).put(1, 2).put(0, 4); }),
+       {"TD_POWER_LEVEL = 3", "TD_MODE = 1"}},
+      {"auxiliary pilot", 8, with_pilot_record(8, 1, 2, [](Bits& b) { b.put(3, 2).put(4, 3).put(900, 10).put(0, 1); }),
+       {"QOF = 3", "WALSH_LENGTH = 4", "AUX_PILOT_WALSH = 900"}},
+      {"auxiliary transmit diversity pilot", 7,
+       with_pilot_record(7, 2, 2, [](Bits& b) { b.put(1, 2).put(1, 3).put(100, 7).put(2, 2).put(0, 2); }),
+       {"QOF = 1", "WALSH_LENGTH = 1", "AUX_WALSH = 100", "AUX_TD_POWER_LEVEL = 2", "TD_MODE = 0"}},
+      {"3X common pilot", 7, with_pilot_record(7, 3, 1, [](Bits& b) { b.put(2, 2).put(5, 3).put(6, 3); }),
+       {"SR3_PRIMARY_PILOT = 2", "SR3_PILOT_POWER1 = 5", "SR3_PILOT_POWER2 = 6"}},
+      {"3X auxiliary pilot with the lower carrier's code", 8,
+       with_pilot_record(8, 4, 5,
+                         [](Bits& b) {
+                           b.put(1, 2).put(3, 3).put(4, 3).put(0, 2).put(0, 3).put(45, 6);
+                           b.put(1, 1).put(2, 2).put(2, 3).put(200, 8).put(0, 1).put(0, 6);
+                         }),
+       {"SR3_PRIMARY_PILOT = 1", "SR3_PILOT_POWER1 = 3", "SR3_PILOT_POWER2 = 4", "QOF = 0", "WALSH_LENGTH = 0",
+        "AUX_PILOT_WALSH = 45", "ADD_INFO_INCL1 = 1", "QOF1 = 2", "WALSH_LENGTH1 = 2", "AUX_PILOT_WALSH1 = 200",
+        "ADD_INFO_INCL2 = 0"}},
+      {"Release 0 knows no auxiliary pilots: the record is passed over", 6,
+       with_pilot_record(6, 2, 1, [](Bits& b) { b.put(0xAB, 8); }), {}},
+  };
+  for (const auto& k : cases) {
+    const auto r = run(ecam_body(), k.bits, k.p_rev);
+    EXPECT_EQ(r.rc, Rc::ok) << k.what;
+    EXPECT_EQ(r.used, k.bits.size()) << k.what;
+    std::string want = "ADD_PILOT_REC = FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_PILOT_RECs_ADD_PILOT_REC\n" +
+                       block(12, {"{"});
+    for (auto f : k.fields) want += block(15, {f});
+    want += block(12, {"}", "PWR_COMB_IND = 0", "CODE_CHAN_FCH = 33"});
+    EXPECT_NE(r.text.find(want), std::string::npos) << k.what << "\n" << r.text;
+  }
+}
+
+// Mode '101' at P_REV 9: PDCH with FCH and DCCH both ways, forward PDCH parameters with the
+// control hold counts, two pilots (the first with two packet data control channels, the
+// second with a transmit diversity record and no packet data channel).
+TEST(Assign, PacketDataChannelAssignment) {
+  Bits b;
+  b.put(40, 8).put(5, 3);
+  b.put(1, 1).put(1, 5).put(25, 11).put(1, 1).put(3, 2).put(2, 3).put(3, 4).put(0, 2);
+  b.put(0, 1).put(0, 1).put(0, 1);                            // C_SIG_ENCRYPT_MODE_INCL .. PLCM_TYPE_INCL
+  b.put(2, 4).put(1, 3).put(6, 5).put(7, 5).put(1, 1).put(0, 1);   // RLGAIN_ADJ .. REV_PWR_CNTL_DELAY_INCL
+  b.put(1, 1).put(9, 4).put(1, 2).put(2, 2).put(10, 5).put(3, 5).put(3, 5).put(1, 1);
+  b.put(40, 8).put(2, 5).put(16, 8).put(80, 8).put(36, 8).put(1, 5).put(24, 8).put(96, 8);
+  b.put(1, 1).put(1, 1).put(1, 1).put(20, 6).put(33, 6);
+  b.put(5, 4).put(6, 4).put(1, 2).put(2, 2).put(1, 1).put(7, 4).put(8, 4).put(3, 2).put(0, 2).put(100, 8).put(200, 8);
+  b.put(78, 9).put(0, 1).put(1, 1).put(2, 3).put(1, 3).put(10, 6).put(11, 6).put(70, 8).put(4, 3);
+  b.put(1, 1).put(1, 1).put(12, 11).put(0, 2).put(13, 11).put(1, 2);
+  b.put(81, 9).put(1, 1).put(0, 3).put(1, 3).put(1, 2).put(0, 2).put(0, 4).put(0, 1).put(0, 1).put(0, 1);
+  b.put(14, 11).put(0, 2).put(15, 11).put(0, 2);
+  b.put(0, 1);   // SYNC_ID_INCL
+  const auto r = run(ecam_body(), b, 9);
+  EXPECT_EQ(r.rc, Rc::ok);
+  EXPECT_EQ(r.used, b.size());
+  const std::string want =
+      "FC_ECAM\n{\n" +
+      block(3, {"ADD_RECORD_LEN = 40", "ASSIGN_MODE = 5", "ECAM_ASSIGN_MODE_101 = FC_ECAM_ECAM_ASSIGN_MODE_101", "{"}) +
+      block(6, {"FREQ_INCL = 1", "BAND_CLASS = 1", "CDMA_FREQ = 25", "BYPASS_ALERT_ANSWER = 1", "GRANTED_MODE = 3",
+                "SR_ID_RESTORE = 2", "FRAME_OFFSET = 3", "ENCRYPT_MODE = 0", "C_SIG_ENCRYPT_MODE_INCL = 0",
+                "MSG_INT_INFO_INCL = 0", "PLCM_TYPE_INCL = 0", "RLGAIN_ADJ = 2", "NUM_PILOTS = 1", "EXT_CH_IND = 6",
+                "FPC_SUBCHAN_GAIN = 7", "REV_FCH_GATING_MODE = 1", "REV_PWR_CNTL_DELAY_INCL = 0",
+                "FULL_CI_FEEDBACK_IND = 1", "REV_CQICH_FRAME_OFFSET = 9", "REV_CQICH_REPS = 1", "REV_ACKCH_REPS = 2",
+                "FOR_PDCH_RC = 10", "FOR_FCH_DCCH_RC = 3", "REV_FCH_DCCH_RC = 3", "FPC_PRI_CHAN = 1",
+                "FPC_FCH_INIT_SETPT = 40", "FPC_FCH_FER = 2", "FPC_FCH_MIN_SETPT = 16", "FPC_FCH_MAX_SETPT = 80",
+                "FPC_DCCH_INIT_SETPT = 36", "FPC_DCCH_FER = 1", "FPC_DCCH_MIN_SETPT = 24", "FPC_DCCH_MAX_SETPT = 96",
+                "PDCH_GROUP_IND_INCL = 1", "FOR_PDCH_PARAMS_INCL = 1", "FOR_PDCH_RLGAIN_INCL = 1",
+                "RLGAIN_ACKCH_PILOT = 20", "RLGAIN_CQICH_PILOT = 33", "NUM_SOFT_SWITCHING_FRAMES = 5",
+                "NUM_SOFTER_SWITCHING_FRAMES = 6", "NUM_SOFT_SWITCHING_SLOTS = 1", "NUM_SOFTER_SWITCHING_SLOTS = 2",
+                "CHM_SWITCHING_PARMS_INCL = 1", "NUM_SOFT_SWITCHING_FRAMES_CHM = 7",
+                "NUM_SOFTER_SWITCHING_FRAMES_CHM = 8", "NUM_SOFT_SWITCHING_SLOTS_CHM = 3",
+                "NUM_SOFTER_SWITCHING_SLOTS_CHM = 0", "PDCH_SOFT_SWITCHING_DELAY = 100",
+                "PDCH_SOFTER_SWITCHING_DELAY = 200", "PILOT_RECs[0] = FC_ECAM_ECAM_ASSIGN_MODE_101_PILOT_RECs", "{"}) +
+      block(9, {"PILOT_PN = 78", "ADD_PILOT_REC_INCL = 0", "FOR_PDCH_INCL = 1", "WALSH_TABLE_ID = 2", "NUM_PDCCH = 1",
+                "PDCCH_RECs[0] = FC_ECAM_ECAM_ASSIGN_MODE_101_PILOT_RECs_PDCCH_RECs", "{", "   FOR_PDCCH_WALSH = 10",
+                "}", "PDCCH_RECs[1] = FC_ECAM_ECAM_ASSIGN_MODE_101_PILOT_RECs_PDCCH_RECs", "{",
+                "   FOR_PDCCH_WALSH = 11", "}", "MAC_ID = 70", "REV_CQICH_COVER = 4", "PWR_COMB_IND = 1",
+                "PDCH_GROUP_IND = 1", "CODE_CHAN_FCH = 12", "QOF_MASK_ID_FCH = 0", "CODE_CHAN_DCCH = 13",
+                "QOF_MASK_ID_DCCH = 1"}) +
+      block(6, {"}", "PILOT_RECs[1] = FC_ECAM_ECAM_ASSIGN_MODE_101_PILOT_RECs", "{"}) +
+      block(9, {"PILOT_PN = 81", "ADD_PILOT_REC_INCL = 1", "PILOT_REC_TYPE = 0", "RECORD_LEN = 1",
+                "ADD_PILOT_REC = FC_ECAM_ECAM_ASSIGN_MODE_101_PILOT_RECs_ADD_PILOT_REC", "{", "   TD_POWER_LEVEL = 1",
+                "   TD_MODE = 0", "}", "FOR_PDCH_INCL = 0", "PWR_COMB_IND = 0", "PDCH_GROUP_IND = 0",
+                "CODE_CHAN_FCH = 14", "QOF_MASK_ID_FCH = 0", "CODE_CHAN_DCCH = 15", "QOF_MASK_ID_DCCH = 0"}) +
+      block(6, {"}", "SYNC_ID_INCL = 0"}) + block(3, {"}"}) + "}\n";
+  EXPECT_EQ(r.text, want);
+}
+
+TEST(Assign, PacketDataChannelWithCommonPowerControl) {
+  // EXT_CH_IND 1: PDCH and CPCCH forward, FCH reverse. No forward fundicated channel, so no
+  // subchannel gain, forward RC or set points; the pilot's power control comes on the CPCCH.
+  Bits b;
+  b.put(20, 8).put(5, 3);
+  b.put(0, 1).put(0, 1).put(1, 2).put(0, 4).put(0, 2).put(0, 3);
+  b.put(0, 4).put(0, 3).put(1, 5).put(0, 1);                         // .. EXT_CH_IND, REV_FCH_GATING_MODE
+  b.put(0, 1).put(3, 4).put(0, 2).put(0, 2).put(10, 5).put(4, 5);    // .. FOR_PDCH_RC, REV_FCH_DCCH_RC
+  b.put(0, 1).put(0, 1);                                             // PDCH_GROUP_IND_INCL, FOR_PDCH_PARAMS_INCL
+  b.put(300, 9).put(0, 1).put(1, 1).put(9, 8).put(2, 3).put(100, 7).put(17, 5).put(1, 1);
+  const auto r = run(ecam_body(), b, 9);
+  EXPECT_EQ(r.rc, Rc::ok);
+  EXPECT_EQ(r.used, b.size());
+  EXPECT_NE(r.text.find(block(6, {"EXT_CH_IND = 1", "REV_FCH_GATING_MODE = 0", "FULL_CI_FEEDBACK_IND = 0"})),
+            std::string::npos);
+  EXPECT_NE(r.text.find(block(6, {"FOR_PDCH_RC = 10", "REV_FCH_DCCH_RC = 4", "PDCH_GROUP_IND_INCL = 0",
+                                   "FOR_PDCH_PARAMS_INCL = 0"})),
+            std::string::npos);
+  EXPECT_NE(r.text.find(block(9, {"FOR_PDCH_INCL = 1", "MAC_ID = 9", "REV_CQICH_COVER = 2", "FOR_CPCCH_WALSH = 100",
+                                   "FOR_CPCSCH = 17", "PWR_COMB_IND = 1"}) +
+                        block(6, {"}"}) + block(3, {"}"})),
+            std::string::npos);
+  for (const char* absent : {"SR_ID_RESTORE", "FPC_SUBCHAN_GAIN", "FOR_FCH_DCCH_RC", "FPC_FCH", "NUM_PDCCH",
+                             "CODE_CHAN_FCH", "SYNC_ID_INCL"})
+    EXPECT_EQ(r.text.find(absent), std::string::npos) << absent;
+}
+
+TEST(Assign, PacketDataChannelAssignmentOverRevisions) {
+  // Mode '101' is reserved before P_REV 9: the header alone.
+  const auto early = run(ecam_body(), Bits().put(9, 8).put(5, 3).put(0x1FF, 9), 8);
+  EXPECT_EQ(early.rc, Rc::ok);
+  EXPECT_EQ(early.used, 11u);
+  EXPECT_EQ(early.text, body("FC_ECAM", {"ADD_RECORD_LEN = 9", "ASSIGN_MODE = 5"}));
+
+  // From P_REV 11 the header brings its 5 bits; the record is read up to the forward PDCH
+  // parameters, where the later releases insert fields not decoded here.
+  Bits late;
+  late.put(9, 8).put(5, 3).put(0, 1).put(3, 4);
+  late.put(0, 1).put(0, 1).put(0, 2).put(0, 4).put(0, 2).put(0, 3);
+  late.put(0, 4).put(0, 3).put(4, 5).put(0, 5);                       // .. EXT_CH_IND, FPC_SUBCHAN_GAIN
+  late.put(0, 1).put(0, 4).put(0, 2).put(0, 2).put(10, 5).put(3, 5).put(3, 5);
+  late.put(1, 8).put(1, 5).put(2, 8).put(3, 8);                      // DCCH set points
+  late.put(0, 1).put(0, 1);
+  const auto r = run(ecam_body(), late, 11);
+  EXPECT_EQ(r.rc, Rc::ok);
+  EXPECT_EQ(r.used, late.size());
+  EXPECT_NE(r.text.find(block(3, {"ASSIGN_MODE = 5", "DIRECT_CH_ASSIGN_IND = 0", "RESERVED_2 = 3"})),
+            std::string::npos);
+  EXPECT_NE(r.text.find(block(6, {"FPC_DCCH_MAX_SETPT = 3", "PDCH_GROUP_IND_INCL = 0", "FOR_PDCH_PARAMS_INCL = 0"}) +
+                        block(3, {"}"})),
+            std::string::npos);
 }
 
 }  // namespace

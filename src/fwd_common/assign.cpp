@@ -304,31 +304,105 @@ void layout(W& w, EcamPaging& r, const Ctx&) {
 // layout of CH_RECORD_FIELDS, a record of CH_RECORD_LEN octets holding the power control set
 // points and one pilot record per active set pilot.
 
-// The type-specific part of an additional pilot record (C.S0005 3.7.2.3.2.21): transmit
-// diversity power for a common pilot with OTD, the spreading-rate-3 pilot layout for a 3X
-// common pilot. The record is RECORD_LEN octets whatever the type reads.
+// The header of the ECAM hands DIRECT_CH_ASSIGN_IND down to the two IS-2000 traffic modes,
+// which carry the direct channel assignment fields only when it is set.
+struct EcamCtx : Ctx {
+  u8 direct_ch_assign_ind;
+};
+
+// The type-specific part of an additional pilot record (C.S0005 3.7.2.3.2.21, PILOT_REC_TYPE).
+// Release 0 knows only the common pilot with orthogonal transmit diversity; Release A renames
+// its power level, adds the diversity mode and the auxiliary and 3X pilot types. The record is
+// RECORD_LEN octets whatever the type reads.
 struct AddPilotRec {
-  u8 OTD_POWER_LEVEL, SR3_PRIMARY_PILOT, SR3_PILOT_POWER1, SR3_PILOT_POWER2;
+  u8 OTD_POWER_LEVEL, TD_POWER_LEVEL, TD_MODE, QOF, WALSH_LENGTH;
+  u16 AUX_PILOT_WALSH, AUX_WALSH;
+  u8 AUX_TD_POWER_LEVEL, SR3_PRIMARY_PILOT, SR3_PILOT_POWER1, SR3_PILOT_POWER2;
+  u8 ADD_INFO_INCL1, QOF1, WALSH_LENGTH1;
+  u16 AUX_PILOT_WALSH1;
+  u8 ADD_INFO_INCL2, QOF2, WALSH_LENGTH2;
+  u16 AUX_PILOT_WALSH2;
 };
 struct AddPilotCtx : Ctx {
   u8 pilot_rec_type;
 };
+
+// A Walsh code of an auxiliary pilot is WALSH_LENGTH + 6 bits long.
+template <class W>
+void aux_walsh(W& w, u8& qof, const char* qof_name, u8& len, const char* len_name, u16& code, const char* code_name) {
+  if (!w.need(5)) return;
+  w.u(qof, qof_name, 2);
+  w.u(len, len_name, 3);
+  if (!w.need(len + 6u)) return;
+  w.u(code, code_name, len + 6u);
+}
+
+template <class W>
+void sr3_powers(W& w, AddPilotRec& r) {
+  if (!w.need(8)) return;
+  w.u(r.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2);
+  w.u(r.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3);
+  w.u(r.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3);
+}
+
 template <class W>
 void layout(W& w, AddPilotRec& r, const AddPilotCtx& c) {
+  if (c.p_rev < 7) {
+    if (c.pilot_rec_type != 0) return;
+    if (!w.need(2)) return;
+    w.u(r.OTD_POWER_LEVEL, "OTD_POWER_LEVEL", 2);
+    return;
+  }
   switch (c.pilot_rec_type) {
-    case 0:
-      if (!w.need(2)) return;
-      w.u(r.OTD_POWER_LEVEL, "OTD_POWER_LEVEL", 2);
+    case 0:   // 1X common pilot with transmit diversity
+      if (!w.need(4)) return;
+      w.u(r.TD_POWER_LEVEL, "TD_POWER_LEVEL", 2);
+      w.u(r.TD_MODE, "TD_MODE", 2);
       break;
-    case 3:
-      if (!w.need(8)) return;
-      w.u(r.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2);
-      w.u(r.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3);
-      w.u(r.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3);
+    case 1:   // 1X auxiliary pilot
+      aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
       break;
-    default:
+    case 2:   // 1X auxiliary pilot with transmit diversity
+      aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_WALSH, "AUX_WALSH");
+      if (!w.need(4)) return;
+      w.u(r.AUX_TD_POWER_LEVEL, "AUX_TD_POWER_LEVEL", 2);
+      w.u(r.TD_MODE, "TD_MODE", 2);
+      break;
+    case 3:   // 3X common pilot
+      sr3_powers(w, r);
+      break;
+    case 4:   // 3X auxiliary pilot: the powers, then a Walsh code per carrier as far as included
+      sr3_powers(w, r);
+      aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
+      if (!w.need(1)) return;
+      w.u(r.ADD_INFO_INCL1, "ADD_INFO_INCL1", 1);
+      if (r.ADD_INFO_INCL1)
+        aux_walsh(w, r.QOF1, "QOF1", r.WALSH_LENGTH1, "WALSH_LENGTH1", r.AUX_PILOT_WALSH1, "AUX_PILOT_WALSH1");
+      if (!w.need(1)) return;
+      w.u(r.ADD_INFO_INCL2, "ADD_INFO_INCL2", 1);
+      if (r.ADD_INFO_INCL2)
+        aux_walsh(w, r.QOF2, "QOF2", r.WALSH_LENGTH2, "WALSH_LENGTH2", r.AUX_PILOT_WALSH2, "AUX_PILOT_WALSH2");
+      break;
+    default:   // reserved types: only RECORD_LEN is known
       break;
   }
+}
+
+// PILOT_PN and the optional additional pilot record that open a pilot record of modes '100' and
+// '101'; `header` names the nested record after its parent.
+template <class W, class P>
+bool pilot_head(W& w, P& r, const Ctx& c, const char* header) {
+  if (!w.need(10)) return false;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w.u(r.ADD_PILOT_REC_INCL, "ADD_PILOT_REC_INCL", 1);
+  if (!r.ADD_PILOT_REC_INCL) return true;
+  if (!w.need(6)) return false;
+  w.u(r.PILOT_REC_TYPE, "PILOT_REC_TYPE", 3);
+  w.u(r.RECORD_LEN, "RECORD_LEN", 3);
+  AddPilotCtx ac;
+  static_cast<Ctx&>(ac) = c;
+  ac.pilot_rec_type = r.PILOT_REC_TYPE;
+  return w.sized("ADD_PILOT_REC", header, r.ADD_PILOT_REC, r.RECORD_LEN * 8u, ac);
 }
 
 // One active set pilot: the code channels present are those of the channels assigned, which
@@ -349,20 +423,7 @@ struct ChIndCtx : Ctx {
 template <class W>
 void layout(W& w, Am4PilotRec& r, const ChIndCtx& c) {
   const unsigned ch_ind = c.ch_ind;
-  if (!w.need(10)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.ADD_PILOT_REC_INCL, "ADD_PILOT_REC_INCL", 1);
-  if (r.ADD_PILOT_REC_INCL) {
-    if (!w.need(6)) return;
-    w.u(r.PILOT_REC_TYPE, "PILOT_REC_TYPE", 3);
-    w.u(r.RECORD_LEN, "RECORD_LEN", 3);
-    AddPilotCtx ac;
-    static_cast<Ctx&>(ac) = c;
-    ac.pilot_rec_type = r.PILOT_REC_TYPE;
-    if (!w.sized("ADD_PILOT_REC", "FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_PILOT_RECs_ADD_PILOT_REC",
-                 r.ADD_PILOT_REC, r.RECORD_LEN * 8u, ac))
-      return;
-  }
+  if (!pilot_head(w, r, c, "FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_PILOT_RECs_ADD_PILOT_REC")) return;
   if (!w.need(1)) return;
   w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
   if (ch_ind & 1) {   // fundamental channel
@@ -377,15 +438,68 @@ void layout(W& w, Am4PilotRec& r, const ChIndCtx& c) {
   }
 }
 
+// The code channels of one pilot on the lowest and the highest of the three carriers of a 3X
+// forward link, for the fundamental or the dedicated control channel.
+struct X3ChanRec {
+  u8 LOW_INCL, QOF_MASK_ID_LOW;
+  u16 CODE_CHAN_LOW;
+  u8 HIGH_INCL, QOF_MASK_ID_HIGH;
+  u16 CODE_CHAN_HIGH;
+};
+struct X3Ctx : Ctx {
+  bool dcch;
+};
+template <class W>
+void layout(W& w, X3ChanRec& r, const X3Ctx& c) {
+  static constexpr const char* kFch[] = {"3X_FCH_LOW_INCL",  "QOF_MASK_ID_FCH_LOW",  "CODE_CHAN_FCH_LOW",
+                                         "3X_FCH_HIGH_INCL", "QOF_MASK_ID_FCH_HIGH", "CODE_CHAN_FCH_HIGH"};
+  static constexpr const char* kDcch[] = {"3X_DCCH_LOW_INCL",  "QOF_MASK_ID_DCCH_LOW",  "CODE_CHAN_DCCH_LOW",
+                                          "3X_DCCH_HIGH_INCL", "QOF_MASK_ID_DCCH_HIGH", "CODE_CHAN_DCCH_HIGH"};
+  const char* const* n = c.dcch ? kDcch : kFch;
+  if (!w.need(1)) return;
+  w.u(r.LOW_INCL, n[0], 1);
+  if (r.LOW_INCL) {
+    if (!w.need(13)) return;
+    w.u(r.QOF_MASK_ID_LOW, n[1], 2);
+    w.u(r.CODE_CHAN_LOW, n[2], 11);
+  }
+  if (!w.need(1)) return;
+  w.u(r.HIGH_INCL, n[3], 1);
+  if (r.HIGH_INCL) {
+    if (!w.need(13)) return;
+    w.u(r.QOF_MASK_ID_HIGH, n[4], 2);
+    w.u(r.CODE_CHAN_HIGH, n[5], 11);
+  }
+}
+
 struct Am4ChRecord {
   u8 FPC_FCH_INIT_SETPT, FPC_DCCH_INIT_SETPT, FPC_PRI_CHAN, FPC_FCH_FER, FPC_FCH_MIN_SETPT, FPC_FCH_MAX_SETPT;
   u8 FPC_DCCH_FER, FPC_DCCH_MIN_SETPT, FPC_DCCH_MAX_SETPT;
   PoolArray<Am4PilotRec> PILOT_RECs;
+  u8 X3_FCH_INFO_INCL;
+  PoolArray<X3ChanRec> X3_FCH_RECs;
+  u8 X3_DCCH_INFO_INCL;
+  PoolArray<X3ChanRec> X3_DCCH_RECs;
 };
 // CH_IND and NUM_PILOTS come from the mode record.
 struct Am4Ctx : Ctx {
   u8 ch_ind, num_pilots;
 };
+
+// Release A closes the channel record with the 3X code channels of every pilot: first those of
+// the fundamental channel, then those of the dedicated control channel, each under its flag.
+template <class W>
+void x3_channels(W& w, u8& incl, const char* incl_name, PoolArray<X3ChanRec>& recs, const char* label,
+                 const char* header, bool dcch, const Am4Ctx& c) {
+  if (!w.need(1)) return;
+  w.u(incl, incl_name, 1);
+  if (!incl) return;
+  X3Ctx xc;
+  static_cast<Ctx&>(xc) = c;
+  xc.dcch = dcch;
+  w.counted(label, header, recs, c.num_pilots + 1u, xc);
+}
+
 template <class W>
 void layout(W& w, Am4ChRecord& r, const Am4Ctx& c) {
   const auto& mc = c;
@@ -422,8 +536,96 @@ void layout(W& w, Am4ChRecord& r, const Am4Ctx& c) {
   ChIndCtx pc;
   static_cast<Ctx&>(pc) = c;
   pc.ch_ind = mc.ch_ind;
-  w.counted("PILOT_RECs", "FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_PILOT_RECs", r.PILOT_RECs,
-            mc.num_pilots + 1u, pc);
+  if (!w.counted("PILOT_RECs", "FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_PILOT_RECs", r.PILOT_RECs,
+                 mc.num_pilots + 1u, pc))
+    return;
+  if (c.p_rev < 7) return;
+  if (mc.ch_ind & 1)
+    x3_channels(w, r.X3_FCH_INFO_INCL, "3X_FCH_INFO_INCL", r.X3_FCH_RECs, "3X_FCH_RECs",
+                "FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_3X_FCH_RECs", false, c);
+  if (mc.ch_ind & 2)
+    x3_channels(w, r.X3_DCCH_INFO_INCL, "3X_DCCH_INFO_INCL", r.X3_DCCH_RECs, "3X_DCCH_RECs",
+                "FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_3X_DCCH_RECs", true, c);
+}
+
+// Fields shared by modes '100' and '101'.
+
+template <class W, class R>
+void frequency(W& w, R& r) {
+  if (!w.need(1)) return;
+  w.u(r.FREQ_INCL, "FREQ_INCL", 1);
+  if (r.FREQ_INCL) {
+    if (!w.need(16)) return;
+    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
+  }
+}
+
+// GRANTED_MODE '11' (from P_REV 9) restores a stored service configuration: the service to
+// restore follows, and SR_ID_RESTORE '111' restores the services of a bitmap instead.
+constexpr u8 kGrantRestore = 3;
+constexpr u8 kSrIdRestoreBitmap = 7;
+template <class R>
+bool restores(const R& r, const Ctx& c) {
+  return c.p_rev >= 9 && r.GRANTED_MODE == kGrantRestore;
+}
+template <class W, class R>
+void bypass_grant_restore(W& w, R& r, const Ctx& c) {
+  if (!w.need(3)) return;
+  w.u(r.BYPASS_ALERT_ANSWER, "BYPASS_ALERT_ANSWER", 1);
+  w.u(r.GRANTED_MODE, "GRANTED_MODE", 2);
+  if (!restores(r, c)) return;
+  if (!w.need(3)) return;
+  w.u(r.SR_ID_RESTORE, "SR_ID_RESTORE", 3);
+  if (r.SR_ID_RESTORE == kSrIdRestoreBitmap) {
+    if (!w.need(6)) return;
+    w.u(r.SR_ID_RESTORE_BITMAP, "SR_ID_RESTORE_BITMAP", 6);
+  }
+}
+
+template <class W, class R>
+void gating(W& w, R& r) {
+  if (!w.need(1)) return;
+  w.u(r.REV_FCH_GATING_MODE, "REV_FCH_GATING_MODE", 1);
+  if (r.REV_FCH_GATING_MODE) {
+    if (!w.need(1)) return;
+    w.u(r.REV_PWR_CNTL_DELAY_INCL, "REV_PWR_CNTL_DELAY_INCL", 1);
+    if (r.REV_PWR_CNTL_DELAY_INCL) {
+      if (!w.need(2)) return;
+      w.u(r.REV_PWR_CNTL_DELAY, "REV_PWR_CNTL_DELAY", 2);
+    }
+  }
+}
+
+// The synchronisation identifier of the restored service configuration, and the fields of a
+// direct channel assignment, sent without a preceding origination or page response: the
+// overhead sequence the mobile must hold, its initial reverse power, whether it answers, and
+// the preamble it sends.
+template <class W, class R>
+void assignment_tail(W& w, R& r, const EcamCtx& c) {
+  if (restores(r, c)) {
+    if (!w.need(1)) return;
+    w.u(r.SYNC_ID_INCL, "SYNC_ID_INCL", 1);
+    if (r.SYNC_ID_INCL) {
+      if (!w.need(4)) return;
+      w.u(r.SYNC_ID_LEN, "SYNC_ID_LEN", 4);
+      if (r.SYNC_ID_LEN != 0) {
+        if (!w.need(r.SYNC_ID_LEN * 8u)) return;
+        w.bits(r.SYNC_ID, "SYNC_ID", r.SYNC_ID_LEN * 8u);
+      }
+    }
+  }
+  if (c.p_rev < 10 || !c.direct_ch_assign_ind) return;
+  if (!w.need(15)) return;
+  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w.u(r.RTC_NOM_PWR, "RTC_NOM_PWR", 5);
+  w.u(r.RESPOND_IND, "RESPOND_IND", 1);
+  w.u(r.DIRECT_CH_ASSIGN_RECOVER_IND, "DIRECT_CH_ASSIGN_RECOVER_IND", 1);
+  w.u(r.FIXED_PREAMBLE_TRANSMIT_IND, "FIXED_PREAMBLE_TRANSMIT_IND", 1);
+  if (r.FIXED_PREAMBLE_TRANSMIT_IND) {
+    if (!w.need(3)) return;
+    w.u(r.NUM_PREAMBLE, "NUM_PREAMBLE", 3);
+  }
 }
 
 struct EcamTrafficIs2000 {   // '100'
@@ -439,29 +641,13 @@ struct EcamTrafficIs2000 {   // '100'
   Bytes PLCM_39;
   u8 SYNC_ID_INCL, SYNC_ID_LEN;
   Bytes SYNC_ID;
+  u8 CONFIG_MSG_SEQ, RTC_NOM_PWR, RESPOND_IND, DIRECT_CH_ASSIGN_RECOVER_IND, FIXED_PREAMBLE_TRANSMIT_IND, NUM_PREAMBLE;
+  u8 EARLY_RL_TRANSMIT_IND;
 };
-// SR_ID_RESTORE '111' restores the services of a bitmap instead of one service.
-constexpr u8 kSrIdRestoreBitmap = 7;
 template <class W>
-void layout(W& w, EcamTrafficIs2000& r, const Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(r.FREQ_INCL, "FREQ_INCL", 1);
-  if (r.FREQ_INCL) {
-    if (!w.need(16)) return;
-    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
-  }
-  if (!w.need(3)) return;
-  w.u(r.BYPASS_ALERT_ANSWER, "BYPASS_ALERT_ANSWER", 1);
-  w.u(r.GRANTED_MODE, "GRANTED_MODE", 2);
-  if (c.p_rev >= 9) {
-    if (!w.need(3)) return;
-    w.u(r.SR_ID_RESTORE, "SR_ID_RESTORE", 3);
-    if (r.SR_ID_RESTORE == kSrIdRestoreBitmap) {
-      if (!w.need(6)) return;
-      w.u(r.SR_ID_RESTORE_BITMAP, "SR_ID_RESTORE_BITMAP", 6);
-    }
-  }
+void layout(W& w, EcamTrafficIs2000& r, const EcamCtx& c) {
+  frequency(w, r);
+  bypass_grant_restore(w, r, c);
   if (!w.need(38)) return;
   w.u(r.DEFAULT_CONFIG, "DEFAULT_CONFIG", 3);
   w.u(r.FOR_RC, "FOR_RC", 5);
@@ -480,16 +666,7 @@ void layout(W& w, EcamTrafficIs2000& r, const Ctx& c) {
   if (!w.sized("CH_RECORD_FIELDS", "FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS", r.CH_RECORD_FIELDS,
                r.CH_RECORD_LEN * 8u, mc))
     return;
-  if (!w.need(1)) return;
-  w.u(r.REV_FCH_GATING_MODE, "REV_FCH_GATING_MODE", 1);
-  if (r.REV_FCH_GATING_MODE) {
-    if (!w.need(1)) return;
-    w.u(r.REV_PWR_CNTL_DELAY_INCL, "REV_PWR_CNTL_DELAY_INCL", 1);
-    if (r.REV_PWR_CNTL_DELAY_INCL) {
-      if (!w.need(2)) return;
-      w.u(r.REV_PWR_CNTL_DELAY, "REV_PWR_CNTL_DELAY", 2);
-    }
-  }
+  gating(w, r);
   encryption_fields(w, r, c);
   if (c.p_rev >= 7) {
     // A 3X forward link may pair with a 1X reverse link on one of its three carriers.
@@ -501,26 +678,228 @@ void layout(W& w, EcamTrafficIs2000& r, const Ctx& c) {
     }
   }
   integrity_and_plcm_fields(w, r, c);
-  if (c.p_rev < 9) return;
+  assignment_tail(w, r, c);
+  if (c.p_rev < 11) return;
   if (!w.need(1)) return;
-  w.u(r.SYNC_ID_INCL, "SYNC_ID_INCL", 1);
-  if (r.SYNC_ID_INCL) {
-    if (!w.need(4)) return;
-    w.u(r.SYNC_ID_LEN, "SYNC_ID_LEN", 4);
-    if (r.SYNC_ID_LEN != 0) {
-      if (!w.need(r.SYNC_ID_LEN * 8u)) return;
-      w.bits(r.SYNC_ID, "SYNC_ID", r.SYNC_ID_LEN * 8u);
-    }
+  w.u(r.EARLY_RL_TRANSMIT_IND, "EARLY_RL_TRANSMIT_IND", 1);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Mode '101' (from P_REV 9), the packet data channel assignment: a forward packet data channel,
+// optionally with fundamental or dedicated control channels, chosen by EXT_CH_IND.
+
+// The channels of EXT_CH_IND (C.S0005 table of extended channel indicators), forward then
+// reverse: 1 PDCH+CPCCH / FCH, 2 PDCH+CPCCH / DCCH, 3 PDCH+FCH / FCH, 4 PDCH+DCCH / DCCH,
+// 5 PDCH+FCH / FCH+DCCH, 6 PDCH+FCH+DCCH / FCH+DCCH.
+struct ExtChInd {
+  bool for_fch, for_dcch, rev_fch, rev_dcch, cpcch;
+};
+constexpr ExtChInd ext_ch_ind(unsigned v) {
+  switch (v) {
+    case 1: return {false, false, true, false, true};
+    case 2: return {false, false, false, true, true};
+    case 3: return {true, false, true, false, false};
+    case 4: return {false, true, false, true, false};
+    case 5: return {true, false, true, true, false};
+    case 6: return {true, true, true, true, false};
+    default: return {false, false, false, false, false};
   }
 }
 
+struct PdcchRec {   // one packet data control channel of a pilot
+  u8 FOR_PDCCH_WALSH;
+};
+template <class W>
+void layout(W& w, PdcchRec& r, const Ctx&) {
+  if (!w.need(6)) return;
+  w.u(r.FOR_PDCCH_WALSH, "FOR_PDCCH_WALSH", 6);
+}
+
+struct Am5PilotRec {
+  u16 PILOT_PN;
+  u8 ADD_PILOT_REC_INCL, PILOT_REC_TYPE, RECORD_LEN;
+  AddPilotRec ADD_PILOT_REC;
+  u8 FOR_PDCH_INCL, WALSH_TABLE_ID, NUM_PDCCH;
+  PoolArray<PdcchRec> PDCCH_RECs;
+  u8 MAC_ID, REV_CQICH_COVER, FOR_CPCCH_WALSH, FOR_CPCSCH, PWR_COMB_IND, PDCH_GROUP_IND;
+  u16 CODE_CHAN_FCH;
+  u8 QOF_MASK_ID_FCH;
+  u16 CODE_CHAN_DCCH;
+  u8 QOF_MASK_ID_DCCH;
+};
+// What a pilot record needs from its mode record.
+struct Am5Ctx : Ctx {
+  u8 ext_ch_ind, for_pdch_params_incl, pdch_group_ind_incl;
+};
+template <class W>
+void layout(W& w, Am5PilotRec& r, const Am5Ctx& c) {
+  const ExtChInd ch = ext_ch_ind(c.ext_ch_ind);
+  if (!pilot_head(w, r, c, "FC_ECAM_ECAM_ASSIGN_MODE_101_PILOT_RECs_ADD_PILOT_REC")) return;
+  if (!w.need(1)) return;
+  w.u(r.FOR_PDCH_INCL, "FOR_PDCH_INCL", 1);
+  if (r.FOR_PDCH_INCL) {
+    // The control channel Walsh codes come with the forward packet data channel parameters.
+    if (c.for_pdch_params_incl) {
+      if (!w.need(6)) return;
+      w.u(r.WALSH_TABLE_ID, "WALSH_TABLE_ID", 3);
+      w.u(r.NUM_PDCCH, "NUM_PDCCH", 3);
+      if (!w.counted("PDCCH_RECs", "FC_ECAM_ECAM_ASSIGN_MODE_101_PILOT_RECs_PDCCH_RECs", r.PDCCH_RECs,
+                     r.NUM_PDCCH + 1u, static_cast<const Ctx&>(c)))
+        return;
+    }
+    if (!w.need(11)) return;
+    w.u(r.MAC_ID, "MAC_ID", 8);
+    w.u(r.REV_CQICH_COVER, "REV_CQICH_COVER", 3);
+    if (ch.cpcch) {   // reverse power control through the common power control channel
+      if (!w.need(12)) return;
+      w.u(r.FOR_CPCCH_WALSH, "FOR_CPCCH_WALSH", 7);
+      w.u(r.FOR_CPCSCH, "FOR_CPCSCH", 5);
+    }
+  }
+  if (!w.need(1)) return;
+  w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
+  if (c.pdch_group_ind_incl) {
+    if (!w.need(1)) return;
+    w.u(r.PDCH_GROUP_IND, "PDCH_GROUP_IND", 1);
+  }
+  if (ch.for_fch) {
+    if (!w.need(13)) return;
+    w.u(r.CODE_CHAN_FCH, "CODE_CHAN_FCH", 11);
+    w.u(r.QOF_MASK_ID_FCH, "QOF_MASK_ID_FCH", 2);
+  }
+  if (ch.for_dcch) {
+    if (!w.need(13)) return;
+    w.u(r.CODE_CHAN_DCCH, "CODE_CHAN_DCCH", 11);
+    w.u(r.QOF_MASK_ID_DCCH, "QOF_MASK_ID_DCCH", 2);
+  }
+}
+
+struct EcamPacketData {   // '101'
+  u8 FREQ_INCL, BAND_CLASS;
+  u16 CDMA_FREQ;
+  u8 BYPASS_ALERT_ANSWER, GRANTED_MODE, SR_ID_RESTORE, SR_ID_RESTORE_BITMAP, FRAME_OFFSET, ENCRYPT_MODE;
+  u8 D_SIG_ENCRYPT_MODE, ENC_KEY_SIZE, C_SIG_ENCRYPT_MODE_INCL, C_SIG_ENCRYPT_MODE;
+  u8 MSG_INT_INFO_INCL, CHANGE_KEYS, USE_UAK, PLCM_TYPE_INCL, PLCM_TYPE;
+  Bytes PLCM_39;
+  u8 RLGAIN_ADJ, NUM_PILOTS, EXT_CH_IND, FPC_SUBCHAN_GAIN;
+  u8 REV_FCH_GATING_MODE, REV_PWR_CNTL_DELAY_INCL, REV_PWR_CNTL_DELAY;
+  u8 FULL_CI_FEEDBACK_IND, REV_CQICH_FRAME_OFFSET, REV_CQICH_REPS, REV_ACKCH_REPS, FOR_PDCH_RC;
+  u8 FOR_FCH_DCCH_RC, REV_FCH_DCCH_RC, FPC_PRI_CHAN;
+  u8 FPC_FCH_INIT_SETPT, FPC_FCH_FER, FPC_FCH_MIN_SETPT, FPC_FCH_MAX_SETPT;
+  u8 FPC_DCCH_INIT_SETPT, FPC_DCCH_FER, FPC_DCCH_MIN_SETPT, FPC_DCCH_MAX_SETPT;
+  u8 PDCH_GROUP_IND_INCL, FOR_PDCH_PARAMS_INCL, FOR_PDCH_RLGAIN_INCL, RLGAIN_ACKCH_PILOT, RLGAIN_CQICH_PILOT;
+  u8 NUM_SOFT_SWITCHING_FRAMES, NUM_SOFTER_SWITCHING_FRAMES, NUM_SOFT_SWITCHING_SLOTS, NUM_SOFTER_SWITCHING_SLOTS;
+  u8 CHM_SWITCHING_PARMS_INCL, NUM_SOFT_SWITCHING_FRAMES_CHM, NUM_SOFTER_SWITCHING_FRAMES_CHM;
+  u8 NUM_SOFT_SWITCHING_SLOTS_CHM, NUM_SOFTER_SWITCHING_SLOTS_CHM;
+  u8 PDCH_SOFT_SWITCHING_DELAY, PDCH_SOFTER_SWITCHING_DELAY;
+  PoolArray<Am5PilotRec> PILOT_RECs;
+  u8 SYNC_ID_INCL, SYNC_ID_LEN;
+  Bytes SYNC_ID;
+  u8 CONFIG_MSG_SEQ, RTC_NOM_PWR, RESPOND_IND, DIRECT_CH_ASSIGN_RECOVER_IND, FIXED_PREAMBLE_TRANSMIT_IND, NUM_PREAMBLE;
+};
+
+// Outer loop set points of one channel: initial, target frame error rate, minimum, maximum.
+template <class W>
+void set_points(W& w, u8& init, u8& fer, u8& min, u8& max, bool dcch) {
+  if (!w.need(29)) return;
+  w.u(init, dcch ? "FPC_DCCH_INIT_SETPT" : "FPC_FCH_INIT_SETPT", 8);
+  w.u(fer, dcch ? "FPC_DCCH_FER" : "FPC_FCH_FER", 5);
+  w.u(min, dcch ? "FPC_DCCH_MIN_SETPT" : "FPC_FCH_MIN_SETPT", 8);
+  w.u(max, dcch ? "FPC_DCCH_MAX_SETPT" : "FPC_FCH_MAX_SETPT", 8);
+}
+
+template <class W>
+void layout(W& w, EcamPacketData& r, const EcamCtx& c) {
+  frequency(w, r);
+  bypass_grant_restore(w, r, c);
+  if (!w.need(6)) return;
+  w.u(r.FRAME_OFFSET, "FRAME_OFFSET", 4);
+  w.u(r.ENCRYPT_MODE, "ENCRYPT_MODE", 2);
+  encryption_fields(w, r, c);
+  integrity_and_plcm_fields(w, r, c);
+  if (!w.need(12)) return;
+  w.u(r.RLGAIN_ADJ, "RLGAIN_ADJ", 4);
+  w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
+  w.u(r.EXT_CH_IND, "EXT_CH_IND", 5);
+  const ExtChInd ch = ext_ch_ind(r.EXT_CH_IND);
+  if (ch.for_fch || ch.for_dcch) {   // forward power control subchannel on a fundicated channel
+    if (!w.need(5)) return;
+    w.u(r.FPC_SUBCHAN_GAIN, "FPC_SUBCHAN_GAIN", 5);
+  }
+  if (ch.rev_fch) gating(w, r);
+  if (!w.need(14)) return;
+  w.u(r.FULL_CI_FEEDBACK_IND, "FULL_CI_FEEDBACK_IND", 1);
+  w.u(r.REV_CQICH_FRAME_OFFSET, "REV_CQICH_FRAME_OFFSET", 4);
+  w.u(r.REV_CQICH_REPS, "REV_CQICH_REPS", 2);
+  w.u(r.REV_ACKCH_REPS, "REV_ACKCH_REPS", 2);
+  w.u(r.FOR_PDCH_RC, "FOR_PDCH_RC", 5);
+  if (ch.for_fch || ch.for_dcch) {
+    if (!w.need(5)) return;
+    w.u(r.FOR_FCH_DCCH_RC, "FOR_FCH_DCCH_RC", 5);
+  }
+  if (ch.rev_fch || ch.rev_dcch) {
+    if (!w.need(5)) return;
+    w.u(r.REV_FCH_DCCH_RC, "REV_FCH_DCCH_RC", 5);
+  }
+  if (ch.for_fch && ch.for_dcch) {
+    if (!w.need(1)) return;
+    w.u(r.FPC_PRI_CHAN, "FPC_PRI_CHAN", 1);
+  }
+  if (ch.for_fch) set_points(w, r.FPC_FCH_INIT_SETPT, r.FPC_FCH_FER, r.FPC_FCH_MIN_SETPT, r.FPC_FCH_MAX_SETPT, false);
+  if (ch.for_dcch)
+    set_points(w, r.FPC_DCCH_INIT_SETPT, r.FPC_DCCH_FER, r.FPC_DCCH_MIN_SETPT, r.FPC_DCCH_MAX_SETPT, true);
+  if (!w.need(2)) return;
+  w.u(r.PDCH_GROUP_IND_INCL, "PDCH_GROUP_IND_INCL", 1);
+  w.u(r.FOR_PDCH_PARAMS_INCL, "FOR_PDCH_PARAMS_INCL", 1);
+  if (r.FOR_PDCH_PARAMS_INCL) {
+    if (!w.need(1)) return;
+    w.u(r.FOR_PDCH_RLGAIN_INCL, "FOR_PDCH_RLGAIN_INCL", 1);
+    if (r.FOR_PDCH_RLGAIN_INCL) {
+      if (!w.need(12)) return;
+      w.u(r.RLGAIN_ACKCH_PILOT, "RLGAIN_ACKCH_PILOT", 6);
+      w.u(r.RLGAIN_CQICH_PILOT, "RLGAIN_CQICH_PILOT", 6);
+    }
+    if (!w.need(13)) return;
+    w.u(r.NUM_SOFT_SWITCHING_FRAMES, "NUM_SOFT_SWITCHING_FRAMES", 4);
+    w.u(r.NUM_SOFTER_SWITCHING_FRAMES, "NUM_SOFTER_SWITCHING_FRAMES", 4);
+    w.u(r.NUM_SOFT_SWITCHING_SLOTS, "NUM_SOFT_SWITCHING_SLOTS", 2);
+    w.u(r.NUM_SOFTER_SWITCHING_SLOTS, "NUM_SOFTER_SWITCHING_SLOTS", 2);
+    w.u(r.CHM_SWITCHING_PARMS_INCL, "CHM_SWITCHING_PARMS_INCL", 1);
+    if (r.CHM_SWITCHING_PARMS_INCL) {   // the same counts while in control hold
+      if (!w.need(12)) return;
+      w.u(r.NUM_SOFT_SWITCHING_FRAMES_CHM, "NUM_SOFT_SWITCHING_FRAMES_CHM", 4);
+      w.u(r.NUM_SOFTER_SWITCHING_FRAMES_CHM, "NUM_SOFTER_SWITCHING_FRAMES_CHM", 4);
+      w.u(r.NUM_SOFT_SWITCHING_SLOTS_CHM, "NUM_SOFT_SWITCHING_SLOTS_CHM", 2);
+      w.u(r.NUM_SOFTER_SWITCHING_SLOTS_CHM, "NUM_SOFTER_SWITCHING_SLOTS_CHM", 2);
+    }
+    if (!w.need(16)) return;
+    w.u(r.PDCH_SOFT_SWITCHING_DELAY, "PDCH_SOFT_SWITCHING_DELAY", 8);
+    w.u(r.PDCH_SOFTER_SWITCHING_DELAY, "PDCH_SOFTER_SWITCHING_DELAY", 8);
+  }
+  // Release D puts the forward grant, rate control and acknowledgment channels and the reverse
+  // packet data channel parameters here. Their layout is not decoded: the walk ends at this
+  // point for P_REV 10 and later, rather than reading the pilots from the wrong bits.
+  if (c.p_rev >= 10) return;
+  Am5Ctx pc;
+  static_cast<Ctx&>(pc) = c;
+  pc.ext_ch_ind = r.EXT_CH_IND;
+  pc.for_pdch_params_incl = r.FOR_PDCH_PARAMS_INCL;
+  pc.pdch_group_ind_incl = r.PDCH_GROUP_IND_INCL;
+  if (!w.counted("PILOT_RECs", "FC_ECAM_ECAM_ASSIGN_MODE_101_PILOT_RECs", r.PILOT_RECs, r.NUM_PILOTS + 1u, pc))
+    return;
+  assignment_tail(w, r, c);
+}
+
+// ---------------------------------------------------------------------------------------------
+
 struct FC_ECAM {
-  u8 ASSIGN_MODE, ADD_RECORD_LEN, RESERVED_2;
+  u8 ASSIGN_MODE, ADD_RECORD_LEN, DIRECT_CH_ASSIGN_IND, RESERVED_2;
   EcamTraffic m000;
   EcamPaging m001;
   AnalogControl m010;
   AnalogVoice m011;
   EcamTrafficIs2000 m100;
+  EcamPacketData m101;
 };
 
 template <class W>
@@ -534,16 +913,25 @@ void layout(W& w, FC_ECAM& r, const Ctx& c) {
     w.u(r.ADD_RECORD_LEN, "ADD_RECORD_LEN", 8);
     w.u(r.ASSIGN_MODE, "ASSIGN_MODE", 3);
   }
-  if (c.p_rev >= 11 && (r.ASSIGN_MODE == 4 || r.ASSIGN_MODE == 5)) {
+  const bool is2000_traffic = r.ASSIGN_MODE == 4 || r.ASSIGN_MODE == 5;
+  if (c.p_rev >= 11 && is2000_traffic) {
     if (!w.need(5)) return;
-    w.u(r.RESERVED_2, "RESERVED_2", 5);
+    w.u(r.DIRECT_CH_ASSIGN_IND, "DIRECT_CH_ASSIGN_IND", 1);
+    w.u(r.RESERVED_2, "RESERVED_2", 4);
   }
+  EcamCtx ec;
+  static_cast<Ctx&>(ec) = c;
+  // Only a P_REV 11 header carries the indicator; the printer re-tests what the reader saw.
+  ec.direct_ch_assign_ind = c.p_rev >= 11 && is2000_traffic ? r.DIRECT_CH_ASSIGN_IND : 0;
   switch (r.ASSIGN_MODE) {
     case 0: w.sub("ECAM_ASSIGN_MODE_000", "FC_ECAM_ECAM_ASSIGN_MODE_000", r.m000, c); break;
     case 1: w.sub("ECAM_ASSIGN_MODE_001", "FC_ECAM_ECAM_ASSIGN_MODE_001", r.m001, c); break;
     case 2: w.sub("ECAM_ASSIGN_MODE_010", "FC_ECAM_ECAM_ASSIGN_MODE_010", r.m010, c); break;
     case 3: w.sub("ECAM_ASSIGN_MODE_011", "FC_ECAM_ECAM_ASSIGN_MODE_011", r.m011, c); break;
-    case 4: w.sub("ECAM_ASSIGN_MODE_100", "FC_ECAM_ECAM_ASSIGN_MODE_100", r.m100, c); break;
+    case 4: w.sub("ECAM_ASSIGN_MODE_100", "FC_ECAM_ECAM_ASSIGN_MODE_100", r.m100, ec); break;
+    case 5:   // the packet data channel assignment came with P_REV 9; before it '101' is reserved
+      if (c.p_rev >= 9) w.sub("ECAM_ASSIGN_MODE_101", "FC_ECAM_ECAM_ASSIGN_MODE_101", r.m101, ec);
+      break;
     default: break;
   }
 }
