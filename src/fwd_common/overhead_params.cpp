@@ -366,6 +366,29 @@ bool ext_pref_msid(W& w, R& r) {
   return true;
 }
 
+template <class W, class R>
+bool alt_band_class(W& w, R& r) {
+  if (!w.need(1)) return false;
+  w.u(r.BAND_CLASS_INFO_REQ, "BAND_CLASS_INFO_REQ", 1);
+  if (r.BAND_CLASS_INFO_REQ) {
+    if (!w.need(5)) return false;
+    w.u(r.ALT_BAND_CLASS, "ALT_BAND_CLASS", 5);
+  }
+  return true;
+}
+
+template <class W, class R>
+bool cdma_off_time_rep(W& w, R& r) {
+  if (!w.need(1)) return false;
+  w.u(r.CDMA_OFF_TIME_REP_SUP_IND, "CDMA_OFF_TIME_REP_SUP_IND", 1);
+  if (r.CDMA_OFF_TIME_REP_SUP_IND) {
+    if (!w.need(4)) return false;
+    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD_UNIT, "CDMA_OFF_TIME_REP_THRESHOLD_UNIT", 1);
+    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD, "CDMA_OFF_TIME_REP_THRESHOLD", 3);
+  }
+  return true;
+}
+
 // A candidate band class the mobile station is asked about (P_REV 10).
 struct FC_ESPM_CAND_BAND_CLASS {
   u8 CAND_BAND_CLASS, SUBCLASS_INFO_INCL, SUBCLASS_REC_LEN;
@@ -567,19 +590,8 @@ void layout(W& w, FC_ESPM& r, const Ctx& c) {
       w.u(r.QPCH_POWER_LEVEL_BCAST, "QPCH_POWER_LEVEL_BCAST", 3);
     }
   }
-  if (!w.need(1)) return;
-  w.u(r.BAND_CLASS_INFO_REQ, "BAND_CLASS_INFO_REQ", 1);
-  if (r.BAND_CLASS_INFO_REQ) {
-    if (!w.need(5)) return;
-    w.u(r.ALT_BAND_CLASS, "ALT_BAND_CLASS", 5);
-  }
-  if (!w.need(1)) return;
-  w.u(r.CDMA_OFF_TIME_REP_SUP_IND, "CDMA_OFF_TIME_REP_SUP_IND", 1);
-  if (r.CDMA_OFF_TIME_REP_SUP_IND) {
-    if (!w.need(4)) return;
-    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD_UNIT, "CDMA_OFF_TIME_REP_THRESHOLD_UNIT", 1);
-    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD, "CDMA_OFF_TIME_REP_THRESHOLD", 3);
-  }
+  if (!alt_band_class(w, r)) return;
+  if (!cdma_off_time_rep(w, r)) return;
 
   if (r.P_REV < 9) return;
   if (!w.need(4)) return;
@@ -1004,20 +1016,9 @@ void layout(W& w, FC_MCRRPM& r, const Ctx& c) {
 
   if (r.P_REV < 8) return;
   if (r.CCH_INFO_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.BAND_CLASS_INFO_REQ, "BAND_CLASS_INFO_REQ", 1);
-    if (r.BAND_CLASS_INFO_REQ) {
-      if (!w.need(5)) return;
-      w.u(r.ALT_BAND_CLASS, "ALT_BAND_CLASS", 5);
-    }
+    if (!alt_band_class(w, r)) return;
   }
-  if (!w.need(1)) return;
-  w.u(r.CDMA_OFF_TIME_REP_SUP_IND, "CDMA_OFF_TIME_REP_SUP_IND", 1);
-  if (r.CDMA_OFF_TIME_REP_SUP_IND) {
-    if (!w.need(4)) return;
-    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD_UNIT, "CDMA_OFF_TIME_REP_THRESHOLD_UNIT", 1);
-    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD, "CDMA_OFF_TIME_REP_THRESHOLD", 3);
-  }
+  if (!cdma_off_time_rep(w, r)) return;
 
   if (r.P_REV < 9) return;
   if (!w.need(4)) return;
