@@ -513,10 +513,10 @@ TEST(Handoff, UhdmActiveSetRecordWith3xAndCommonPowerControlAtPrev8) {
   auto r = test::decode(kFtc, 8, 0, ftc(b));
   EXPECT_EQ(r.rc, 0);
   const std::string want = lines({
-      "         F3X_FCH_INFO_INCL = 1", "         F3X_PILOTs[0] = ACTIVE_SET_REC_F3X_PILOTs", "         {",
+      "         F3X_FCH_INFO_INCL = 1", "         F3X_FCHs[0] = ACTIVE_SET_REC_F3X_FCHs", "         {",
       "            F3X_FCH_LOW_INCL = 1", "            QOF_MASK_ID_FCH_LOW = 1", "            CODE_CHAN_FCH_LOW = 40",
       "            F3X_FCH_HIGH_INCL = 0", "            F3X_SCH_INFO_INCL = 1",
-      "            SCHs[0] = ACTIVE_SET_REC_F3X_PILOTs_SCHs", "            {", "               FOR_SCH_ID = 0",
+      "            F3X_SCHs[0] = ACTIVE_SET_REC_F3X_FCHs_DCCHs_F3X_SCHs", "            {", "               FOR_SCH_ID = 0",
       "               F3X_SCH_LOW_INCL = 0", "               F3X_SCH_HIGH_INCL = 1",
       "               QOF_MASK_ID_SCH_HIGH = 2", "               CODE_CHAN_SCH_HIGH = 41", "            }", "         }",
       "         CCSH_INCLUDED = 1", "         USE_CCSH_ENCODER_TIME = 1", "         CCSH_ENCODER_ACTION_TIME = 7",
@@ -550,6 +550,169 @@ TEST(Handoff, UhdmActiveSetRecordBoundedByItsLength) {
                         "      REV_FCH_GATING_MODE = 1\n      REV_PWR_CNTL_DELAY_INCL = 1\n      REV_PWR_CNTL_DELAY = 3\n"),
             std::string::npos)
       << r.text;
+}
+
+// The capabilities after CS_SUPPORTED, by the revision in use: none before P_REV 9, the idle
+// and packet data capabilities from 9, hysteresis, broadcast-multicast and the transmit power
+// limit from 10.
+TEST(Handoff, UhdmCapabilityTailByRevision) {
+  const std::vector<std::string> rel_c = {
+      "      CS_SUPPORTED = 1", "      CHM_SUPPORTED = 1", "      CDMA_OFF_TIME_REP_SUP_IND = 1",
+      "      CDMA_OFF_TIME_REP_THRESHOLD_UNIT = 1", "      CDMA_OFF_TIME_REP_THRESHOLD = 5",
+      "      RELEASE_TO_IDLE_IND = 1", "      MSG_INTEGRITY_SUP = 0", "      GEN_2G_KEY = 1", "      REGISTER_IN_IDLE = 0",
+      "      PLCM_TYPE_INCL = 1", "      PLCM_TYPE = 1", "      PLCM_39 = 0x1234567890", "      FOR_PDCH_SUPPORTED = 1",
+      "      PDCH_CHM_SUPPORTED = 0", "      PILOT_INFO_REQ_SUPPORTED = 1", "      ENC_SUPPORTED = 1",
+      "      SIG_ENCRYPT_SUP = 129", "      UI_ENCRYPT_SUP = 2", "      USE_SYNC_ID = 0", "      SID_INCL = 1",
+      "      SID = 4660", "      NID_INCL = 0", "      SDB_SUPPORTED = 1", "      MOB_QOS = 1",
+      "      MS_INIT_POS_LOC_SUP_IND = 0"};
+  const std::vector<std::string> rel_d = {
+      "      REV_PDCH_SUPPORTED = 1", "      PZ_HYST_ENABLED = 1", "      PZ_HYST_INFO_INCL = 1",
+      "      PZ_HYST_LIST_LEN = 3", "      PZ_HYST_ACT_TIMER = 200", "      PZ_HYST_TIMER_MUL = 2",
+      "      PZ_HYST_TIMER_EXP = 17", "      BCMC_ON_TRAFFIC_SUP = 1", "      AUTO_REQ_TRAFFIC_ALLOWED_IND = 0",
+      "      SCH_BCMC_IND = 1", "      ADD_PLCM_FOR_SCH_INCL = 1", "      ADD_PLCM_FOR_SCH_TYPE = 1",
+      "      ADD_PLCM_FOR_SCH_35 = 0x0123456789", "      SCH_BCMCs[0] = FD_UHDM_SCH_BCMCs", "      {",
+      "         USE_ADD_PLCM_FOR_SCH = 1", "         FSCH_OUTERCODE_INCL = 1", "         FSCH_OUTERCODE_RATE = 5",
+      "         FSCH_OUTERCODE_OFFSET = 33", "      }", "      MAX_ADD_SERV_INSTANCE = 4", "      USE_CH_CFG_RRM = 1",
+      "      TX_PWR_LIMIT_INCL = 1", "      TX_PWR_LIMIT_DEFAULT = 0", "      TX_PWR_LIMIT = 45"};
+  for (unsigned p_rev : {8u, 9u, 10u, 11u}) {
+    SCOPED_TRACE(p_rev);
+    Bits b = uhdm(p_rev, 9);
+    b.put(0, 1).put(0, 1).put(0, 1).put(0, 1).put(1, 1);   // gating, F3XFL_1XRL_INCL, SYNC_ID_INCL, CC_INFO_INCL, CS
+    std::vector<std::string> want = {"      CS_SUPPORTED = 1"};
+    if (p_rev >= 9) {
+      b.put(1, 1).put(1, 1).put(1, 1).put(5, 3).put(1, 1).put(0, 1).put(1, 1).put(0, 1);   // .. REGISTER_IN_IDLE
+      b.put(1, 1).put(1, 4).put(0x1234567890, 39);                                // PLCM
+      b.put(1, 1).put(0, 1).put(1, 1).put(1, 1).put(0x81, 8).put(2, 8);          // .. UI_ENCRYPT_SUP
+      b.put(0, 1).put(1, 1).put(4660, 15).put(0, 1).put(1, 1).put(1, 1).put(0, 1);
+      want = rel_c;
+    }
+    if (p_rev >= 10) {
+      b.put(1, 1).put(1, 1).put(1, 1).put(3, 4).put(200, 8).put(2, 3).put(17, 5);  // .. PZ_HYST_TIMER_EXP
+      b.put(1, 1).put(0, 1).put(1, 1).put(1, 1).put(1, 1).put(0x123456789, 35);    // .. ADD_PLCM_FOR_SCH_35
+      b.put(1, 1).put(1, 1).put(5, 3).put(33, 6);                                  // the SCH_BCMCs record
+      b.put(4, 3).put(1, 1).put(1, 1).put(0, 1).put(45, 6);
+      want.insert(want.end(), rel_d.begin(), rel_d.end());
+    }
+    want.push_back("   }");
+    want.push_back("}");
+    std::string tail;
+    for (const auto& l : want) tail += l + "\n";
+    auto r = test::decode(kFtc, static_cast<std::uint8_t>(p_rev), 0, ftc(b));
+    EXPECT_EQ(r.rc, 0);
+    ASSERT_GE(r.text.size(), tail.size()) << r.text;
+    EXPECT_EQ(r.text.substr(r.text.size() - tail.size()), tail) << r.text;
+  }
+}
+
+// A UHDM without extra parameters and with a Dedicated Control Channel pilot in the active
+// set record; the P_REV 10 broadcast-multicast fields of the record and, from P_REV 11, the
+// SYNC_ID that no longer needs a service configuration.
+Bits uhdm_dcch(unsigned p_rev, bool sync_id) {
+  Bits b = header(34);
+  b.put(0, 1);                                               // MACI_INCL
+  b.put(0, 1).put(0, 2).put(0, 1).put(0, 1).put(0, 1);       // .. EXTRA_PARMS
+  b.put(0, 1).put(0, 1).put(0, 1).put(0, 5).put(0, 1);       // .. USE_PC_TIME
+  b.put(7, 3).put(13, 8);                                    // CH_IND '111', 13 octets
+  b.put(1, 3).put(0, 1).put(7, 9).put(0, 1).put(1, 1).put(10, 11).put(0, 2).put(99, 11).put(1, 2);
+  b.put(0, 1).put(0, 1).put(0, 1);                           // F3X_FCH/DCCH_INFO_INCL, CCSH_INCLUDED
+  b.put(1, 1).put(1, 1).put(1, 1).put(1, 1).put(0x1234567890, 39).put(1, 1);
+  b.put(100, 7).put(17, 5).put(0, 4);                        // FOR_CPCH_RECs[0], padding
+  b.put(0, 1).put(0, 1);                                     // REV_FCH_GATING_MODE, F3XFL_1XRL_INCL
+  if (sync_id) b.put(1, 1).put(2, 4).put(0xBEEF, 16);
+  b.put(0, 1).put(0, 15);                                    // CS_SUPPORTED, P_REV 9 capabilities
+  if (p_rev >= 10) b.put(0, 3);                              // BCMC_ON_TRAFFIC_SUP .. TX_PWR_LIMIT_INCL
+  return b;
+}
+
+TEST(Handoff, UhdmActiveSetBroadcastFieldsAndSyncIdByRevision) {
+  const std::string bcmc = lines({
+      "         CCSH_INCLUDED = 0", "         FUNDICATED_BCMC_IND = 1", "         REV_FCH_ASSIGNED = 1",
+      "         ADD_PLCM_FOR_FCH_INCL = 1", "         ADD_PLCM_FOR_FCH_TYPE = 1",
+      "         ADD_PLCM_FOR_FCH_39 = 0x1234567890", "         FOR_CPCCH_INFO_INCL = 1",
+      "         FOR_CPCH_RECs[0] = ACTIVE_SET_REC_FOR_CPCH_RECs", "         {", "            FOR_CPCCH_WALSH = 100",
+      "            FOR_CPCSCH = 17", "         }", "      }", "      REV_FCH_GATING_MODE = 0", "      F3XFL_1XRL_INCL = 0"});
+  struct Case {
+    unsigned p_rev;
+    bool sync_id;
+    bool has_bcmc;
+  };
+  for (const Case& k : {Case{9, false, false}, Case{10, false, true}, Case{11, true, true}}) {
+    SCOPED_TRACE(k.p_rev);
+    auto r = test::decode(kFtc, static_cast<std::uint8_t>(k.p_rev), 0, ftc(uhdm_dcch(k.p_rev, k.sync_id)));
+    EXPECT_EQ(r.rc, 0);
+    EXPECT_EQ(r.text.find(bcmc) != std::string::npos, k.has_bcmc) << r.text;
+    EXPECT_EQ(count(r.text, "FUNDICATED_BCMC_IND"), k.has_bcmc ? 1u : 0u);
+    EXPECT_EQ(r.text.find("      SYNC_ID_INCL = 1\n      SYNC_ID_LEN = 2\n      SYNC_ID = 0xbeef\n      CS_SUPPORTED = 0\n") !=
+                  std::string::npos,
+              k.sync_id)
+        << r.text;
+    EXPECT_EQ(count(r.text, "TX_PWR_LIMIT_INCL"), k.p_rev >= 10 ? 1u : 0u);
+    // Without extra parameters SYNC_ID_INCL is on the air only from P_REV 11.
+    EXPECT_EQ(count(r.text, "SYNC_ID_INCL"), k.p_rev >= 11 ? 1u : 0u);
+  }
+}
+
+// CH_IND '000' with EXT_CH_IND 5 (F-PDCH and F-FCH, R-FCH and R-DCCH), a supplemental channel
+// and one pilot with its own packet data control channels; `rec_len` octets of record.
+Bits uhdm_ext(unsigned p_rev_in_use, unsigned rec_len) {
+  Bits b = header(34);
+  if (p_rev_in_use >= 9) b.put(0, 1);                              // MACI_INCL
+  b.put(0, 1).put(0, 2).put(0, 1).put(0, 1).put(0, 1);             // .. EXTRA_PARMS
+  b.put(0, 1).put(0, 1).put(1, 1).put(0, 2).put(0, 2).put(0, 5).put(0, 1);   // .. USE_PC_TIME
+  b.put(0, 3).put(rec_len, 8);
+  b.put(5, 5).put(0, 3);                                           // EXT_CH_IND, RESERVED
+  b.put(1, 1).put(0, 1).put(9, 4).put(2, 2).put(1, 2);             // .. REV_ACKCH_REPS
+  b.put(1, 5).put(1, 1).put(3, 4).put(7, 4).put(0, 5);             // FOR_SCHs, NUM_REV_SCH
+  b.put(1, 3).put(0, 1).put(1, 1).put(1, 1);                       // NUM_PILOTS .. FOR_PDCH_PARMS_INCL
+  b.put(1, 1).put(20, 6).put(33, 6).put(5, 4).put(6, 4).put(1, 2).put(2, 2).put(0, 1);
+  b.put(100, 8).put(200, 8).put(0, 1);                             // delays, FOR_PDCH_COMMON_PARMS
+  b.put(300, 9).put(0, 1).put(1, 1).put(2, 3).put(1, 3).put(11, 6).put(12, 6).put(77, 8).put(5, 3);
+  b.put(1, 1).put(1, 1).put(42, 11).put(1, 2);                     // PWR_COMB_IND .. QOF_MASK_ID_FCH
+  b.put(1, 5).put(1, 1).put(3, 4).put(1, 1).put(600, 11).put(2, 2);
+  b.put(1, 1).put(0, 1).put(1, 1);                                 // CCSH, one encoder type
+  b.put(0, 1).put(0, 1).put(0, 1).put(0, 15);                      // gating .. P_REV 9 capabilities
+  return b;
+}
+
+TEST(Handoff, UhdmExtendedActiveSetRecordGoldenAtPrev9) {
+  auto r = test::decode(kFtc, 9, 0, ftc(uhdm_ext(9, 21)));
+  EXPECT_EQ(r.rc, 0);
+  const std::string want = lines({
+      "      CH_IND = 0", "      ACTIVE_SET_REC_LEN = 21", "      EXT_CH_IND = 5", "      RESERVED = 0",
+      "      EXT_ACTIVE_SET_REC_FIELDS = EXT_ACTIVE_SET_REC", "      {", "         PDCH_CONTROL_HOLD = 1",
+      "         FULL_CI_FEEDBACK_IND = 0", "         REV_CQICH_FRAME_OFFSET = 9", "         REV_CQICH_REPS = 2",
+      "         REV_ACKCH_REPS = 1", "         NUM_FOR_SCH = 1", "         FOR_SCHs[0] = EXT_ACTIVE_SET_REC_FOR_SCHs",
+      "         {", "            FOR_SCH_ID = 1", "            SCCL_INDEX = 3", "            FOR_SCH_RATE = 7", "         }",
+      "         NUM_REV_SCH = 0", "         NUM_PILOTS = 1", "         SRCH_OFFSET_INCL = 0",
+      "         PDCH_GROUP_IND_INCL = 1", "         FOR_PDCH_PARMS_INCL = 1", "         FOR_PDCH_RLGAIN_INCL = 1",
+      "         RLGAIN_ACKCH_PILOT = 20", "         RLGAIN_CQICH_PILOT = 33", "         NUM_SOFT_SWITCHING_FRAMES = 5",
+      "         NUM_SOFTER_SWITCHING_FRAMES = 6", "         NUM_SOFT_SWITCHING_SLOTS = 1",
+      "         NUM_SOFTER_SWITCHING_SLOTS = 2", "         CHM_SWITCHING_PARMS_INCL = 0",
+      "         PDCH_SOFT_SWITCHING_DELAY = 100", "         PDCH_SOFTER_SWITCHING_DELAY = 200",
+      "         FOR_PDCH_COMMON_PARMS = 0", "         PILOT_RECs[0] = EXT_ACTIVE_SET_REC_PILOT_RECs", "         {",
+      "            PILOT_PN = 300", "            ADD_PILOT_REC_INCL = 0", "            FOR_PDCH_INCL = 1",
+      "            WALSH_TABLE_ID = 2", "            NUM_PDCCH = 1",
+      "            PDCCH_RECs[0] = EXT_ACTIVE_SET_REC_PILOT_RECs_PDCCH_RECs", "            {",
+      "               FOR_PDCCH_WALSH = 11", "            }", "            PDCCH_RECs[1] = EXT_ACTIVE_SET_REC_PILOT_RECs_PDCCH_RECs",
+      "            {", "               FOR_PDCCH_WALSH = 12", "            }", "            MAC_ID = 77",
+      "            REV_CQICH_COVER = 5", "            PWR_COMB_IND = 1", "            PDCH_GROUP_IND = 1",
+      "            CODE_CHAN_FCH = 42", "            QOF_MASK_ID_FCH = 1", "            NUM_SCH = 1",
+      "            SCHs[0] = EXT_ACTIVE_SET_REC_PILOT_RECs_SCHs", "            {", "               FOR_SCH_ID = 1",
+      "               SCCL_INDEX = 3", "               PILOT_INCL = 1", "               CODE_CHAN_SCH = 600",
+      "               QOF_MASK_ID_SCH = 2", "            }", "         }", "         CCSH_INCLUDED = 1",
+      "         USE_CCSH_ENCODER_TIME = 0", "         CCSH_PILOTs[0] = EXT_ACTIVE_SET_REC_CCSH_PILOTs", "         {",
+      "            CCSH_ENCODER_TYPE[0] = 1", "         }", "      }", "      REV_FCH_GATING_MODE = 0",
+      "      F3XFL_1XRL_INCL = 0", "      CS_SUPPORTED = 0", "      CHM_SUPPORTED = 0"});
+  EXPECT_NE(r.text.find(want), std::string::npos) << r.text;
+
+  // Before P_REV 9 the record of CH_IND '000' is passed over whole.
+  auto old = test::decode(kFtc, 8, 0, ftc(uhdm_ext(8, 21)));
+  EXPECT_EQ(old.rc, 0);
+  EXPECT_EQ(count(old.text, "EXT_CH_IND"), 0u);
+  EXPECT_NE(old.text.find("      ACTIVE_SET_REC_LEN = 21\n      REV_FCH_GATING_MODE = 0\n"), std::string::npos) << old.text;
+
+  // A length that stops inside the pilot bounds the record: the pilot cannot be read.
+  EXPECT_EQ(test::decode(kFtc, 9, 0, ftc(uhdm_ext(9, 12))).rc, 3);
 }
 
 // ---- SCM ----------------------------------------------------------------------------------
@@ -673,6 +836,55 @@ TEST(Handoff, EscamGoldenAtPrev6) {
       "      }", "      FPC_THRESH_SCH_INCL = 0", "      RPC_INCL = 1", "      RPC_NUM_SUP = 0",
       "      RPC_SUPs[0] = FD_ESCAM_RPC_SUPs", "      {", "         SCH_ID = 0", "         RLGAIN_SCH_PILOT = 10",
       "      }", "   }"})));
+}
+
+// An ESCAM with one forward configuration of two soft handoff pilots and one forward and one
+// reverse assignment, then the 3X code channels of both pilots (P_REV 7) and the encoder
+// types and the forward channel configuration (P_REV 8).
+TEST(Handoff, EscamThreeXAndChannelConfigurationByRevision) {
+  Bits b = header(35);
+  b.put(0, 3).put(0, 4).put(0, 1).put(0, 1).put(0, 1).put(0, 1);    // .. REV_CFG_INCLUDED
+  b.put(1, 2).put(1, 1).put(2, 4).put(0, 1).put(3, 4);               // one R-SCH assignment
+  b.put(1, 1).put(0, 1).put(0, 5).put(1, 1).put(4, 4).put(5, 4).put(1, 3);
+  b.put(10, 9).put(0, 1).put(20, 11).put(0, 2).put(11, 9).put(0, 1).put(21, 11).put(1, 2);
+  b.put(1, 2).put(1, 1).put(5, 4).put(0, 1).put(4, 4);               // one F-SCH assignment
+  b.put(0, 1).put(0, 1);                                             // FPC_INCL, RPC_INCL
+  b.put(1, 1).put(1, 2).put(1, 1).put(0, 5).put(4, 4);               // .. the 3X record's SCCL_INDEX
+  b.put(1, 1).put(2, 2).put(100, 11).put(0, 1);                      // first pilot: low carrier
+  b.put(0, 1).put(1, 1).put(3, 2).put(101, 11);                      // second pilot: high carrier
+  b.put(1, 1).put(1, 1).put(0, 1);                                   // CCSH, two encoder types
+  b.put(1, 1).put(1, 2).put(0xF20, 16).put(2, 4).put(4, 5).put(1, 1).put(0, 1).put(1, 1).put(9, 4);
+  b.put(0, 1);                                                       // REV_SCH_CC_INCL
+
+  const std::string f3x = lines({
+      "      RPC_INCL = 0", "      F3X_SCH_INFO_INCL = 1", "      NUM_F3X_CFG = 1",
+      "      F3X_CFGs[0] = FD_ESCAM_F3X_CFGs", "      {", "         FOR_SCH_ID = 1", "         NUM_F3X_REC = 0",
+      "         RECs[0] = FD_ESCAM_F3X_CFGs_RECs", "         {", "            SCCL_INDEX = 4",
+      "            SUP_SHOs[0] = FD_ESCAM_F3X_CFGs_RECs_SUP_SHOs", "            {",
+      "               F3X_SCH_LOW_INCL = 1", "               QOF_MASK_ID_SCH_LOW = 2",
+      "               CODE_CHAN_SCH_LOW = 100", "               F3X_SCH_HIGH_INCL = 0", "            }",
+      "            SUP_SHOs[1] = FD_ESCAM_F3X_CFGs_RECs_SUP_SHOs", "            {",
+      "               F3X_SCH_LOW_INCL = 0", "               F3X_SCH_HIGH_INCL = 1",
+      "               QOF_MASK_ID_SCH_HIGH = 3", "               CODE_CHAN_SCH_HIGH = 101", "            }",
+      "         }", "      }"});
+  const std::string rel_b = lines({
+      "      CCSH_INCLUDED = 1", "      CCSH_CFGs[0] = FD_ESCAM_CCSH_CFGs", "      {",
+      "         CCSH_ENCODER_TYPE[0] = 1", "         CCSH_ENCODER_TYPE[1] = 0", "      }", "      FOR_SCH_CC_INCL = 1",
+      "      FOR_SCH_CCs[0] = FD_ESCAM_FOR_SCH_CCs", "      {", "         FOR_SCH_ID = 1", "         FOR_SCH_MUX = 3872",
+      "         SCH_REC_LEN = 2", "         SCH_RC = 4", "         CODING_TYPE = 1", "         FRAME_40_USED = 0",
+      "         FRAME_80_USED = 1", "         MAX_RATE = 9", "      }", "      REV_SCH_CC_INCL = 0"});
+  const std::string end = "   }\n}\n";
+  struct Case {
+    unsigned p_rev;
+    std::string tail;
+  };
+  for (const Case& k : {Case{6, "      RPC_INCL = 0\n" + end}, Case{7, f3x + end}, Case{8, f3x + rel_b + end}}) {
+    SCOPED_TRACE(k.p_rev);
+    auto r = test::decode(kFtc, static_cast<std::uint8_t>(k.p_rev), 0, ftc(b));
+    EXPECT_EQ(r.rc, 0);
+    ASSERT_GE(r.text.size(), k.tail.size()) << r.text;
+    EXPECT_EQ(r.text.substr(r.text.size() - k.tail.size()), k.tail) << r.text;
+  }
 }
 
 }  // namespace

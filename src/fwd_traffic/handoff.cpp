@@ -304,9 +304,12 @@ bool enc_and_calls(W& w, R& r, const Ctx& c, bool universal, const char* calls_h
       w.u(r.F1XRL_FREQ_OFFSET, "F1XRL_FREQ_OFFSET", 2);
     }
   }
-  if (!r.EXTRA_PARMS) return true;
-  if ((r.SCR_INCLUDED || r.NNSCR_INCLUDED) && !sync_id(w, r)) return false;
-  if (universal && r.SCR_INCLUDED) {
+  // From P_REV 11 the Universal message may name a stored configuration by its SYNC_ID even
+  // when it sends no service configuration.
+  const bool any_sync_id = universal && c.p_rev >= 11;
+  if (!r.EXTRA_PARMS && !any_sync_id) return true;
+  if ((any_sync_id || r.SCR_INCLUDED || r.NNSCR_INCLUDED) && !sync_id(w, r)) return false;
+  if (universal && r.EXTRA_PARMS && r.SCR_INCLUDED) {
     if (!w.need(1)) return false;
     w.u(r.CC_INFO_INCL, "CC_INFO_INCL", 1);
     if (r.CC_INFO_INCL) {
@@ -867,7 +870,7 @@ void layout(W& w, F3xPilot& r, const Ctx& c) {
   if ((fch || dcch) && (c.ordq & 8u)) {
     if (!w.need(1)) return;
     w.u(r.F3X_SCH_INFO_INCL, "F3X_SCH_INFO_INCL", 1);
-    if (r.F3X_SCH_INFO_INCL) w.counted("SCHs", "ACTIVE_SET_REC_F3X_PILOTs_SCHs", r.SCHs, r.NUM_SCH, c);
+    if (r.F3X_SCH_INFO_INCL) w.counted("F3X_SCHs", "ACTIVE_SET_REC_F3X_FCHs_DCCHs_F3X_SCHs", r.SCHs, r.NUM_SCH, c);
   }
 }
 
@@ -882,10 +885,24 @@ void layout(W& w, CcshPilot& r, const Ctx& c) {
 }
 
 // Labels of the per-pilot records that follow the 1X pilots (NUM_PILOTS is 3 bits).
-constexpr const char* kF3xPilotLabel[8] = {"F3X_PILOTs[0]", "F3X_PILOTs[1]", "F3X_PILOTs[2]", "F3X_PILOTs[3]",
-                                           "F3X_PILOTs[4]", "F3X_PILOTs[5]", "F3X_PILOTs[6]", "F3X_PILOTs[7]"};
+constexpr const char* kF3xPilotLabel[8] = {"F3X_FCHs[0]", "F3X_FCHs[1]", "F3X_FCHs[2]", "F3X_FCHs[3]",
+                                           "F3X_FCHs[4]", "F3X_FCHs[5]", "F3X_FCHs[6]", "F3X_FCHs[7]"};
 constexpr const char* kCcshPilotLabel[8] = {"CCSH_PILOTs[0]", "CCSH_PILOTs[1]", "CCSH_PILOTs[2]", "CCSH_PILOTs[3]",
                                             "CCSH_PILOTs[4]", "CCSH_PILOTs[5]", "CCSH_PILOTs[6]", "CCSH_PILOTs[7]"};
+
+// The common power control subchannel of one pilot for broadcast-multicast on the dedicated
+// channels (P_REV 10).
+struct AsrCpcch {
+  std::uint8_t FOR_CPCCH_WALSH;
+  std::uint8_t FOR_CPCSCH;
+};
+
+template <class W>
+void layout(W& w, AsrCpcch& r, const Ctx&) {
+  if (!w.need(12)) return;
+  w.u(r.FOR_CPCCH_WALSH, "FOR_CPCCH_WALSH", 7);
+  w.u(r.FOR_CPCSCH, "FOR_CPCSCH", 5);
+}
 
 // ACTIVE_SET_REC_FIELDS for the channel indicators with a Fundamental or Dedicated Control
 // Channel: the supplemental channels, the 1X pilots, from P_REV 7 the 3X code channels of each
@@ -905,7 +922,18 @@ struct ActiveSetRec {
   std::uint8_t USE_CCSH_ENCODER_TIME;
   std::uint8_t CCSH_ENCODER_ACTION_TIME;
   PoolArray<CcshPilot> CCSH_PILOTs;
+  // P_REV 10 and later
+  std::uint8_t FUNDICATED_BCMC_IND;
+  std::uint8_t REV_FCH_ASSIGNED;
+  std::uint8_t ADD_PLCM_FOR_FCH_INCL;
+  std::uint8_t ADD_PLCM_FOR_FCH_TYPE;
+  Bytes ADD_PLCM_FOR_FCH_39;
+  std::uint8_t FOR_CPCCH_INFO_INCL;
+  PoolArray<AsrCpcch> FOR_CPCH_RECs;
 };
+
+template <class W>
+bool asr_ccsh(W& w, ActiveSetRec& r, const Ctx& c);
 
 template <class W>
 void layout(W& w, ActiveSetRec& r, const Ctx& c) {
@@ -946,19 +974,47 @@ void layout(W& w, ActiveSetRec& r, const Ctx& c) {
     f3x.ordq = static_cast<std::uint8_t>((c.ordq & 15u) | (r.F3X_FCH_INFO_INCL ? 32u : 0u) |
                                          (r.F3X_DCCH_INFO_INCL ? 64u : 0u));
     for (std::uint32_t i = 0; i < r.F3X_PILOTs.count && i < 8; ++i)
-      if (!w.sub(kF3xPilotLabel[i], "ACTIVE_SET_REC_F3X_PILOTs", r.F3X_PILOTs[i], f3x)) return;
+      if (!w.sub(kF3xPilotLabel[i], "ACTIVE_SET_REC_F3X_FCHs", r.F3X_PILOTs[i], f3x)) return;
   }
   if (c.p_rev < 8) return;
   if (!w.need(1)) return;
   w.u(r.CCSH_INCLUDED, "CCSH_INCLUDED", 1);
-  if (!r.CCSH_INCLUDED) return;
+  if (r.CCSH_INCLUDED && !asr_ccsh(w, r, c)) return;
+  if (c.p_rev < 10 || !asr_dcch(ch_ind)) return;
+  // From P_REV 10 a Dedicated Control Channel may carry broadcast-multicast; with the
+  // Fundamental Channel too ('111') the common power control subchannels are optional.
   if (!w.need(1)) return;
+  w.u(r.FUNDICATED_BCMC_IND, "FUNDICATED_BCMC_IND", 1);
+  if (ch_ind == 7 && r.FUNDICATED_BCMC_IND) {
+    if (!w.need(2)) return;
+    w.u(r.REV_FCH_ASSIGNED, "REV_FCH_ASSIGNED", 1);
+    w.u(r.ADD_PLCM_FOR_FCH_INCL, "ADD_PLCM_FOR_FCH_INCL", 1);
+    if (r.ADD_PLCM_FOR_FCH_INCL) {
+      if (!w.need(1)) return;
+      w.u(r.ADD_PLCM_FOR_FCH_TYPE, "ADD_PLCM_FOR_FCH_TYPE", 1);
+      if (r.ADD_PLCM_FOR_FCH_TYPE) {
+        if (!w.need(39)) return;
+        w.bits(r.ADD_PLCM_FOR_FCH_39, "ADD_PLCM_FOR_FCH_39", 39);
+      }
+    }
+    if (!w.need(1)) return;
+    w.u(r.FOR_CPCCH_INFO_INCL, "FOR_CPCCH_INFO_INCL", 1);
+  }
+  const bool cpcch = r.FUNDICATED_BCMC_IND && (ch_ind != 7 || r.FOR_CPCCH_INFO_INCL);
+  if (cpcch) w.counted("FOR_CPCH_RECs", "ACTIVE_SET_REC_FOR_CPCH_RECs", r.FOR_CPCH_RECs, r.NUM_PILOTS, c);
+}
+
+// USE_CCSH_ENCODER_TIME .. the encoder types of each pilot's supplemental channels.
+template <class W>
+bool asr_ccsh(W& w, ActiveSetRec& r, const Ctx& c) {
+  const bool sch_incl = c.ordq & 8u;
+  if (!w.need(1)) return false;
   w.u(r.USE_CCSH_ENCODER_TIME, "USE_CCSH_ENCODER_TIME", 1);
   if (r.USE_CCSH_ENCODER_TIME) {
-    if (!w.need(6)) return;
+    if (!w.need(6)) return false;
     w.u(r.CCSH_ENCODER_ACTION_TIME, "CCSH_ENCODER_ACTION_TIME", 6);
   }
-  if (!sch_incl) return;
+  if (!sch_incl) return true;
   if constexpr (W::kReading) {
     r.CCSH_PILOTs.data = w.arena().template alloc<CcshPilot>(r.PILOTs.count);
     r.CCSH_PILOTs.count = r.CCSH_PILOTs.data ? r.PILOTs.count : 0;
@@ -971,7 +1027,267 @@ void layout(W& w, ActiveSetRec& r, const Ctx& c) {
       for (std::uint32_t j = 0; j < r.PILOTs[i].SCHs.count; ++j) carried += r.PILOTs[i].SCHs[j].PILOT_INCL ? 1u : 0u;
     }
     ccsh.ordq = static_cast<std::uint8_t>(carried);
-    if (!w.sub(kCcshPilotLabel[i], "ACTIVE_SET_REC_CCSH_PILOTs", r.CCSH_PILOTs[i], ccsh)) return;
+    if (!w.sub(kCcshPilotLabel[i], "ACTIVE_SET_REC_CCSH_PILOTs", r.CCSH_PILOTs[i], ccsh)) return false;
+  }
+  return true;
+}
+
+// ---- The extended active set record (CH_IND '000', P_REV 9) ------------------------------
+
+// EXT_CH_IND names the forward and reverse channels beside the Packet Data Channel:
+// 1 F-CPCCH / R-FCH, 2 F-CPCCH / R-DCCH, 3 F-FCH / R-FCH, 4 F-DCCH / R-DCCH,
+// 5 F-FCH / R-FCH and R-DCCH, 6 F-FCH and F-DCCH / R-FCH and R-DCCH. Other values carry no record.
+constexpr bool ext_known(unsigned ext) { return ext >= 1 && ext <= 6; }
+constexpr bool ext_cpcch(unsigned ext) { return ext == 1 || ext == 2; }
+constexpr bool ext_fwd_fch(unsigned ext) { return ext == 3 || ext == 5 || ext == 6; }
+constexpr bool ext_fwd_dcch(unsigned ext) { return ext == 4 || ext == 6; }
+constexpr bool ext_rev_fch(unsigned ext) { return ext == 1 || ext == 3 || ext == 5 || ext == 6; }
+
+// What the pilots of the record depend on: the message's EXT_CH_IND and SCH_INCL and the
+// record's own inclusion flags.
+struct ExtAsrCtx : Ctx {
+  std::uint8_t ext_ch_ind;
+  bool sch_incl;
+  bool srch_offset_incl;
+  bool pdch_common_parms;
+  bool pdch_group_ind_incl;
+};
+
+struct ExtPdcch {
+  std::uint8_t FOR_PDCCH_WALSH;
+};
+
+template <class W>
+void layout(W& w, ExtPdcch& r, const Ctx&) {
+  if (!w.need(6)) return;
+  w.u(r.FOR_PDCCH_WALSH, "FOR_PDCCH_WALSH", 6);
+}
+
+struct ExtPilot {
+  std::uint16_t PILOT_PN;
+  std::uint8_t SRCH_OFFSET;
+  std::uint8_t ADD_PILOT_REC_INCL;
+  std::uint8_t PILOT_REC_TYPE;
+  std::uint8_t RECORD_LEN;
+  PilotRec REC;
+  std::uint8_t FOR_PDCH_INCL;
+  std::uint8_t WALSH_TABLE_ID;
+  std::uint8_t NUM_PDCCH;   // records sent: NUM_PDCCH + 1
+  PoolArray<ExtPdcch> PDCCH_RECs;
+  std::uint8_t MAC_ID;
+  std::uint8_t REV_CQICH_COVER;
+  std::uint8_t FOR_CPCCH_WALSH;
+  std::uint8_t FOR_CPCSCH;
+  std::uint8_t PWR_COMB_IND;
+  std::uint8_t PDCH_GROUP_IND;
+  std::uint16_t CODE_CHAN_FCH;
+  std::uint8_t QOF_MASK_ID_FCH;
+  std::uint16_t CODE_CHAN_DCCH;
+  std::uint8_t QOF_MASK_ID_DCCH;
+  std::uint8_t NUM_SCH;
+  PoolArray<AsrPilotSch> SCHs;
+};
+
+template <class W>
+void layout(W& w, ExtPilot& r, const ExtAsrCtx& c) {
+  if (!w.need(9)) return;
+  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  if (c.srch_offset_incl) {
+    if (!w.need(3)) return;
+    w.u(r.SRCH_OFFSET, "SRCH_OFFSET", 3);
+  }
+  if (!add_pilot_rec(w, r, "PILOT_REC_TYPE")) return;
+  if (!w.need(1)) return;
+  w.u(r.FOR_PDCH_INCL, "FOR_PDCH_INCL", 1);
+  // Without common packet data parameters each pilot names its own control channels.
+  if (r.FOR_PDCH_INCL && !c.pdch_common_parms) {
+    if (!w.need(6)) return;
+    w.u(r.WALSH_TABLE_ID, "WALSH_TABLE_ID", 3);
+    w.u(r.NUM_PDCCH, "NUM_PDCCH", 3);
+    if (!w.counted("PDCCH_RECs", "EXT_ACTIVE_SET_REC_PILOT_RECs_PDCCH_RECs", r.PDCCH_RECs, r.NUM_PDCCH + 1u, c))
+      return;
+  }
+  if (r.FOR_PDCH_INCL) {
+    if (!w.need(11)) return;
+    w.u(r.MAC_ID, "MAC_ID", 8);
+    w.u(r.REV_CQICH_COVER, "REV_CQICH_COVER", 3);
+    if (ext_cpcch(c.ext_ch_ind)) {
+      if (!w.need(12)) return;
+      w.u(r.FOR_CPCCH_WALSH, "FOR_CPCCH_WALSH", 7);
+      w.u(r.FOR_CPCSCH, "FOR_CPCSCH", 5);
+    }
+  }
+  if (!w.need(1)) return;
+  w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
+  if (c.pdch_group_ind_incl) {
+    if (!w.need(1)) return;
+    w.u(r.PDCH_GROUP_IND, "PDCH_GROUP_IND", 1);
+  }
+  if (ext_fwd_fch(c.ext_ch_ind)) {
+    if (!w.need(13)) return;
+    w.u(r.CODE_CHAN_FCH, "CODE_CHAN_FCH", 11);
+    w.u(r.QOF_MASK_ID_FCH, "QOF_MASK_ID_FCH", 2);
+  }
+  if (ext_fwd_dcch(c.ext_ch_ind)) {
+    if (!w.need(13)) return;
+    w.u(r.CODE_CHAN_DCCH, "CODE_CHAN_DCCH", 11);
+    w.u(r.QOF_MASK_ID_DCCH, "QOF_MASK_ID_DCCH", 2);
+  }
+  if (c.sch_incl) {
+    if (!w.need(5)) return;
+    w.u(r.NUM_SCH, "NUM_SCH", 5);
+    w.counted("SCHs", "EXT_ACTIVE_SET_REC_PILOT_RECs_SCHs", r.SCHs, r.NUM_SCH, c);
+  }
+}
+
+// EXT_ACTIVE_SET_REC_FIELDS after EXT_CH_IND and its reserved bits: the packet data channel
+// parameters, the supplemental channels, the pilots and the common power control encoders.
+struct ExtActiveSetRec {
+  std::uint8_t PDCH_CONTROL_HOLD;
+  std::uint8_t FULL_CI_FEEDBACK_IND;
+  std::uint8_t REV_CQICH_FRAME_OFFSET;
+  std::uint8_t REV_CQICH_REPS;
+  std::uint8_t REV_ACKCH_REPS;
+  std::uint8_t NUM_FOR_SCH;
+  PoolArray<AsrForSch> FOR_SCHs;
+  std::uint8_t NUM_REV_SCH;
+  PoolArray<AsrRevSch> REV_SCHs;
+  std::uint8_t NUM_PILOTS;
+  std::uint8_t SRCH_OFFSET_INCL;
+  std::uint8_t PDCH_GROUP_IND_INCL;
+  std::uint8_t FOR_PDCH_PARMS_INCL;
+  std::uint8_t FOR_PDCH_RLGAIN_INCL;
+  std::uint8_t RLGAIN_ACKCH_PILOT;
+  std::uint8_t RLGAIN_CQICH_PILOT;
+  std::uint8_t NUM_SOFT_SWITCHING_FRAMES;
+  std::uint8_t NUM_SOFTER_SWITCHING_FRAMES;
+  std::uint8_t NUM_SOFT_SWITCHING_SLOTS;
+  std::uint8_t NUM_SOFTER_SWITCHING_SLOTS;
+  std::uint8_t CHM_SWITCHING_PARMS_INCL;
+  std::uint8_t NUM_SOFT_SWITCHING_FRAMES_CHM;
+  std::uint8_t NUM_SOFTER_SWITCHING_FRAMES_CHM;
+  std::uint8_t NUM_SOFT_SWITCHING_SLOTS_CHM;
+  std::uint8_t NUM_SOFTER_SWITCHING_SLOTS_CHM;
+  std::uint8_t PDCH_SOFT_SWITCHING_DELAY;
+  std::uint8_t PDCH_SOFTER_SWITCHING_DELAY;
+  std::uint8_t FOR_PDCH_COMMON_PARMS;
+  std::uint8_t WALSH_TABLE_ID;
+  std::uint8_t NUM_PDCCH;   // records sent: NUM_PDCCH + 1
+  PoolArray<ExtPdcch> PDCCH_RECs;
+  PoolArray<ExtPilot> PILOT_RECs;
+  std::uint8_t CCSH_INCLUDED;
+  std::uint8_t USE_CCSH_ENCODER_TIME;
+  std::uint8_t CCSH_ENCODER_ACTION_TIME;
+  PoolArray<CcshPilot> CCSH_PILOTs;
+};
+
+template <class W>
+void layout(W& w, ExtActiveSetRec& r, const ExtAsrCtx& c) {
+  if (!ext_known(c.ext_ch_ind)) return;
+  if (!w.need(10)) return;
+  w.u(r.PDCH_CONTROL_HOLD, "PDCH_CONTROL_HOLD", 1);
+  w.u(r.FULL_CI_FEEDBACK_IND, "FULL_CI_FEEDBACK_IND", 1);
+  w.u(r.REV_CQICH_FRAME_OFFSET, "REV_CQICH_FRAME_OFFSET", 4);
+  w.u(r.REV_CQICH_REPS, "REV_CQICH_REPS", 2);
+  w.u(r.REV_ACKCH_REPS, "REV_ACKCH_REPS", 2);
+  // With the common power control channel there is no forward supplemental channel.
+  if (c.sch_incl && !ext_cpcch(c.ext_ch_ind)) {
+    if (!w.need(5)) return;
+    w.u(r.NUM_FOR_SCH, "NUM_FOR_SCH", 5);
+    if (!w.counted("FOR_SCHs", "EXT_ACTIVE_SET_REC_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+  }
+  if (c.sch_incl) {
+    if (!w.need(5)) return;
+    w.u(r.NUM_REV_SCH, "NUM_REV_SCH", 5);
+    if (!w.counted("REV_SCHs", "EXT_ACTIVE_SET_REC_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+  }
+  if (!w.need(6)) return;
+  w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
+  w.u(r.SRCH_OFFSET_INCL, "SRCH_OFFSET_INCL", 1);
+  w.u(r.PDCH_GROUP_IND_INCL, "PDCH_GROUP_IND_INCL", 1);
+  w.u(r.FOR_PDCH_PARMS_INCL, "FOR_PDCH_PARMS_INCL", 1);
+  if (r.FOR_PDCH_PARMS_INCL) {
+    if (!w.need(1)) return;
+    w.u(r.FOR_PDCH_RLGAIN_INCL, "FOR_PDCH_RLGAIN_INCL", 1);
+    if (r.FOR_PDCH_RLGAIN_INCL) {
+      if (!w.need(12)) return;
+      w.u(r.RLGAIN_ACKCH_PILOT, "RLGAIN_ACKCH_PILOT", 6);
+      w.u(r.RLGAIN_CQICH_PILOT, "RLGAIN_CQICH_PILOT", 6);
+    }
+    if (!w.need(13)) return;
+    w.u(r.NUM_SOFT_SWITCHING_FRAMES, "NUM_SOFT_SWITCHING_FRAMES", 4);
+    w.u(r.NUM_SOFTER_SWITCHING_FRAMES, "NUM_SOFTER_SWITCHING_FRAMES", 4);
+    w.u(r.NUM_SOFT_SWITCHING_SLOTS, "NUM_SOFT_SWITCHING_SLOTS", 2);
+    w.u(r.NUM_SOFTER_SWITCHING_SLOTS, "NUM_SOFTER_SWITCHING_SLOTS", 2);
+    w.u(r.CHM_SWITCHING_PARMS_INCL, "CHM_SWITCHING_PARMS_INCL", 1);
+    if (r.CHM_SWITCHING_PARMS_INCL) {
+      if (!w.need(12)) return;
+      w.u(r.NUM_SOFT_SWITCHING_FRAMES_CHM, "NUM_SOFT_SWITCHING_FRAMES_CHM", 4);
+      w.u(r.NUM_SOFTER_SWITCHING_FRAMES_CHM, "NUM_SOFTER_SWITCHING_FRAMES_CHM", 4);
+      w.u(r.NUM_SOFT_SWITCHING_SLOTS_CHM, "NUM_SOFT_SWITCHING_SLOTS_CHM", 2);
+      w.u(r.NUM_SOFTER_SWITCHING_SLOTS_CHM, "NUM_SOFTER_SWITCHING_SLOTS_CHM", 2);
+    }
+    if (!w.need(17)) return;
+    w.u(r.PDCH_SOFT_SWITCHING_DELAY, "PDCH_SOFT_SWITCHING_DELAY", 8);
+    w.u(r.PDCH_SOFTER_SWITCHING_DELAY, "PDCH_SOFTER_SWITCHING_DELAY", 8);
+    w.u(r.FOR_PDCH_COMMON_PARMS, "FOR_PDCH_COMMON_PARMS", 1);
+    if (r.FOR_PDCH_COMMON_PARMS) {
+      if (!w.need(6)) return;
+      w.u(r.WALSH_TABLE_ID, "WALSH_TABLE_ID", 3);
+      w.u(r.NUM_PDCCH, "NUM_PDCCH", 3);
+      if (!w.counted("PDCCH_RECs", "EXT_ACTIVE_SET_REC_PDCCH_RECs", r.PDCCH_RECs, r.NUM_PDCCH + 1u, c)) return;
+    }
+  }
+  ExtAsrCtx pilots = c;
+  pilots.srch_offset_incl = r.SRCH_OFFSET_INCL;
+  pilots.pdch_common_parms = r.FOR_PDCH_PARMS_INCL && r.FOR_PDCH_COMMON_PARMS;
+  pilots.pdch_group_ind_incl = r.PDCH_GROUP_IND_INCL;
+  if (!w.counted("PILOT_RECs", "EXT_ACTIVE_SET_REC_PILOT_RECs", r.PILOT_RECs, r.NUM_PILOTS, pilots)) return;
+  if (!w.need(1)) return;
+  w.u(r.CCSH_INCLUDED, "CCSH_INCLUDED", 1);
+  if (!r.CCSH_INCLUDED) return;
+  if (!w.need(1)) return;
+  w.u(r.USE_CCSH_ENCODER_TIME, "USE_CCSH_ENCODER_TIME", 1);
+  if (r.USE_CCSH_ENCODER_TIME) {
+    if (!w.need(6)) return;
+    w.u(r.CCSH_ENCODER_ACTION_TIME, "CCSH_ENCODER_ACTION_TIME", 6);
+  }
+  if (!c.sch_incl) return;
+  // One encoder type for each supplemental channel a pilot carries; the decode counts them
+  // from the pilots just read, printing walks what was stored.
+  if constexpr (W::kReading) {
+    r.CCSH_PILOTs.data = w.arena().template alloc<CcshPilot>(r.PILOT_RECs.count);
+    r.CCSH_PILOTs.count = r.CCSH_PILOTs.data ? r.PILOT_RECs.count : 0;
+  }
+  for (std::uint32_t i = 0; i < r.CCSH_PILOTs.count && i < 8; ++i) {
+    Ctx ccsh = c;
+    std::uint32_t carried = 0;
+    if constexpr (W::kReading) {
+      for (std::uint32_t j = 0; j < r.PILOT_RECs[i].SCHs.count; ++j)
+        carried += r.PILOT_RECs[i].SCHs[j].PILOT_INCL ? 1u : 0u;
+    }
+    ccsh.ordq = static_cast<std::uint8_t>(carried);
+    if (!w.sub(kCcshPilotLabel[i], "EXT_ACTIVE_SET_REC_CCSH_PILOTs", r.CCSH_PILOTs[i], ccsh)) return;
+  }
+}
+
+// Outer coding of one forward supplemental channel carrying broadcast-multicast (P_REV 10).
+struct UhdmSchBcmc {
+  std::uint8_t USE_ADD_PLCM_FOR_SCH;
+  std::uint8_t FSCH_OUTERCODE_INCL;
+  std::uint8_t FSCH_OUTERCODE_RATE;
+  std::uint8_t FSCH_OUTERCODE_OFFSET;
+};
+
+template <class W>
+void layout(W& w, UhdmSchBcmc& r, const Ctx&) {
+  if (!w.need(2)) return;
+  w.u(r.USE_ADD_PLCM_FOR_SCH, "USE_ADD_PLCM_FOR_SCH", 1);
+  w.u(r.FSCH_OUTERCODE_INCL, "FSCH_OUTERCODE_INCL", 1);
+  if (r.FSCH_OUTERCODE_INCL) {
+    if (!w.need(9)) return;
+    w.u(r.FSCH_OUTERCODE_RATE, "FSCH_OUTERCODE_RATE", 3);
+    w.u(r.FSCH_OUTERCODE_OFFSET, "FSCH_OUTERCODE_OFFSET", 6);
   }
 }
 
@@ -1033,7 +1349,9 @@ struct FD_UHDM {
   std::uint8_t CH_IND;
   std::uint8_t ACTIVE_SET_REC_LEN;
   ActiveSetRec ACTIVE_SET_REC_FIELDS;
-  Bytes EXT_ACTIVE_SET_REC_FIELDS;
+  std::uint8_t EXT_CH_IND;
+  std::uint8_t RESERVED;
+  ExtActiveSetRec EXT_ACTIVE_SET_REC_FIELDS;
   std::uint8_t REV_FCH_GATING_MODE;
   std::uint8_t REV_PWR_CNTL_DELAY_INCL;
   std::uint8_t REV_PWR_CNTL_DELAY;
@@ -1049,7 +1367,194 @@ struct FD_UHDM {
   std::uint8_t NUM_CALLS_ASSIGN;
   PoolArray<CallAssign> CALLs;
   std::uint8_t CS_SUPPORTED;
+  // P_REV 9 and later
+  std::uint8_t CHM_SUPPORTED;
+  std::uint8_t CDMA_OFF_TIME_REP_SUP_IND;
+  std::uint8_t CDMA_OFF_TIME_REP_THRESHOLD_UNIT;
+  std::uint8_t CDMA_OFF_TIME_REP_THRESHOLD;
+  std::uint8_t RELEASE_TO_IDLE_IND;
+  std::uint8_t MSG_INTEGRITY_SUP;
+  std::uint8_t GEN_2G_KEY;
+  std::uint8_t REGISTER_IN_IDLE;
+  std::uint8_t PLCM_TYPE_INCL;
+  std::uint8_t PLCM_TYPE;
+  Bytes PLCM_39;
+  std::uint8_t T_TDROP_RANGE_INCL;
+  std::uint8_t T_TDROP_RANGE;
+  std::uint8_t FOR_PDCH_SUPPORTED;
+  std::uint8_t PDCH_CHM_SUPPORTED;
+  std::uint8_t PILOT_INFO_REQ_SUPPORTED;
+  std::uint8_t ENC_SUPPORTED;
+  std::uint8_t SIG_ENCRYPT_SUP;
+  std::uint8_t UI_ENCRYPT_SUP;
+  std::uint8_t USE_SYNC_ID;
+  std::uint8_t SID_INCL;
+  std::uint16_t SID;
+  std::uint8_t NID_INCL;
+  std::uint16_t NID;
+  std::uint8_t SDB_SUPPORTED;
+  std::uint8_t MOB_QOS;
+  std::uint8_t MS_INIT_POS_LOC_SUP_IND;
+  // P_REV 10 and later
+  std::uint8_t REV_PDCH_SUPPORTED;
+  std::uint8_t PZ_HYST_ENABLED;
+  std::uint8_t PZ_HYST_INFO_INCL;
+  std::uint8_t PZ_HYST_LIST_LEN;
+  std::uint8_t PZ_HYST_ACT_TIMER;
+  std::uint8_t PZ_HYST_TIMER_MUL;
+  std::uint8_t PZ_HYST_TIMER_EXP;
+  std::uint8_t BCMC_ON_TRAFFIC_SUP;
+  std::uint8_t AUTO_REQ_TRAFFIC_ALLOWED_IND;
+  std::uint8_t SCH_BCMC_IND;
+  std::uint8_t ADD_PLCM_FOR_SCH_INCL;
+  std::uint8_t ADD_PLCM_FOR_SCH_TYPE;
+  Bytes ADD_PLCM_FOR_SCH_35;
+  PoolArray<UhdmSchBcmc> SCH_BCMCs;
+  std::uint8_t MAX_ADD_SERV_INSTANCE;
+  std::uint8_t USE_CH_CFG_RRM;
+  std::uint8_t TX_PWR_LIMIT_INCL;
+  std::uint8_t TX_PWR_LIMIT_DEFAULT;
+  std::uint8_t TX_PWR_LIMIT;
 };
+
+// The capabilities and idle-state parameters that follow CS_SUPPORTED from P_REV 9 on.
+template <class W>
+bool uhdm_rel_c(W& w, FD_UHDM& r) {
+  if (!w.need(2)) return false;
+  w.u(r.CHM_SUPPORTED, "CHM_SUPPORTED", 1);
+  w.u(r.CDMA_OFF_TIME_REP_SUP_IND, "CDMA_OFF_TIME_REP_SUP_IND", 1);
+  if (r.CDMA_OFF_TIME_REP_SUP_IND) {
+    if (!w.need(4)) return false;
+    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD_UNIT, "CDMA_OFF_TIME_REP_THRESHOLD_UNIT", 1);
+    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD, "CDMA_OFF_TIME_REP_THRESHOLD", 3);
+  }
+  if (!w.need(5)) return false;
+  w.u(r.RELEASE_TO_IDLE_IND, "RELEASE_TO_IDLE_IND", 1);
+  w.u(r.MSG_INTEGRITY_SUP, "MSG_INTEGRITY_SUP", 1);
+  w.u(r.GEN_2G_KEY, "GEN_2G_KEY", 1);
+  w.u(r.REGISTER_IN_IDLE, "REGISTER_IN_IDLE", 1);
+  w.u(r.PLCM_TYPE_INCL, "PLCM_TYPE_INCL", 1);
+  if (r.PLCM_TYPE_INCL) {
+    if (!w.need(4)) return false;
+    w.u(r.PLCM_TYPE, "PLCM_TYPE", 4);
+    if (r.PLCM_TYPE == 1) {   // the mask itself only for the base-station-specified type
+      if (!w.need(39)) return false;
+      w.bits(r.PLCM_39, "PLCM_39", 39);
+    }
+  }
+  if (r.SEARCH_INCLUDED) {
+    if (!w.need(1)) return false;
+    w.u(r.T_TDROP_RANGE_INCL, "T_TDROP_RANGE_INCL", 1);
+    if (r.T_TDROP_RANGE_INCL) {
+      if (!w.need(4)) return false;
+      w.u(r.T_TDROP_RANGE, "T_TDROP_RANGE", 4);
+    }
+  }
+  if (!w.need(1)) return false;
+  w.u(r.FOR_PDCH_SUPPORTED, "FOR_PDCH_SUPPORTED", 1);
+  if (r.FOR_PDCH_SUPPORTED) {
+    if (!w.need(1)) return false;
+    w.u(r.PDCH_CHM_SUPPORTED, "PDCH_CHM_SUPPORTED", 1);
+  }
+  if (!w.need(2)) return false;
+  w.u(r.PILOT_INFO_REQ_SUPPORTED, "PILOT_INFO_REQ_SUPPORTED", 1);
+  w.u(r.ENC_SUPPORTED, "ENC_SUPPORTED", 1);
+  if (r.ENC_SUPPORTED) {
+    if (!w.need(16)) return false;
+    w.u(r.SIG_ENCRYPT_SUP, "SIG_ENCRYPT_SUP", 8);
+    w.u(r.UI_ENCRYPT_SUP, "UI_ENCRYPT_SUP", 8);
+  }
+  if (!w.need(2)) return false;
+  w.u(r.USE_SYNC_ID, "USE_SYNC_ID", 1);
+  w.u(r.SID_INCL, "SID_INCL", 1);
+  if (r.SID_INCL) {
+    if (!w.need(15)) return false;
+    w.u(r.SID, "SID", 15);
+  }
+  if (!w.need(1)) return false;
+  w.u(r.NID_INCL, "NID_INCL", 1);
+  if (r.NID_INCL) {
+    if (!w.need(16)) return false;
+    w.u(r.NID, "NID", 16);
+  }
+  if (!w.need(1)) return false;
+  w.u(r.SDB_SUPPORTED, "SDB_SUPPORTED", 1);
+  if (r.CS_SUPPORTED) {
+    if (!w.need(1)) return false;
+    w.u(r.MOB_QOS, "MOB_QOS", 1);
+  }
+  if (!w.need(1)) return false;
+  w.u(r.MS_INIT_POS_LOC_SUP_IND, "MS_INIT_POS_LOC_SUP_IND", 1);
+  return true;
+}
+
+// From P_REV 10: reverse packet data, packet zone hysteresis, broadcast-multicast on traffic,
+// additional service instances and the transmit power limit.
+template <class W>
+bool uhdm_rel_d(W& w, FD_UHDM& r, const Ctx& c) {
+  if (r.FOR_PDCH_SUPPORTED) {
+    if (!w.need(1)) return false;
+    w.u(r.REV_PDCH_SUPPORTED, "REV_PDCH_SUPPORTED", 1);
+  }
+  // Hysteresis only means something inside a packet zone.
+  if (r.EXTRA_PARMS && r.PACKET_ZONE_ID != 0) {
+    if (!w.need(1)) return false;
+    w.u(r.PZ_HYST_ENABLED, "PZ_HYST_ENABLED", 1);
+    if (r.PZ_HYST_ENABLED) {
+      if (!w.need(1)) return false;
+      w.u(r.PZ_HYST_INFO_INCL, "PZ_HYST_INFO_INCL", 1);
+      if (r.PZ_HYST_INFO_INCL) {
+        if (!w.need(20)) return false;
+        w.u(r.PZ_HYST_LIST_LEN, "PZ_HYST_LIST_LEN", 4);
+        w.u(r.PZ_HYST_ACT_TIMER, "PZ_HYST_ACT_TIMER", 8);
+        w.u(r.PZ_HYST_TIMER_MUL, "PZ_HYST_TIMER_MUL", 3);
+        w.u(r.PZ_HYST_TIMER_EXP, "PZ_HYST_TIMER_EXP", 5);
+      }
+    }
+  }
+  if (!w.need(1)) return false;
+  w.u(r.BCMC_ON_TRAFFIC_SUP, "BCMC_ON_TRAFFIC_SUP", 1);
+  if (r.BCMC_ON_TRAFFIC_SUP) {
+    if (!w.need(1)) return false;
+    w.u(r.AUTO_REQ_TRAFFIC_ALLOWED_IND, "AUTO_REQ_TRAFFIC_ALLOWED_IND", 1);
+  }
+  // Broadcast on a supplemental channel needs a forward supplemental assignment to ride on.
+  const bool for_sch = r.SCH_INCL && r.NUM_FOR_ASSIGN != 0;
+  if (r.BCMC_ON_TRAFFIC_SUP && for_sch) {
+    if (!w.need(1)) return false;
+    w.u(r.SCH_BCMC_IND, "SCH_BCMC_IND", 1);
+  }
+  if (r.SCH_BCMC_IND && for_sch) {
+    if (!w.need(1)) return false;
+    w.u(r.ADD_PLCM_FOR_SCH_INCL, "ADD_PLCM_FOR_SCH_INCL", 1);
+    if (r.ADD_PLCM_FOR_SCH_INCL) {
+      if (!w.need(1)) return false;
+      w.u(r.ADD_PLCM_FOR_SCH_TYPE, "ADD_PLCM_FOR_SCH_TYPE", 1);
+      if (r.ADD_PLCM_FOR_SCH_TYPE) {
+        if (!w.need(35)) return false;
+        w.bits(r.ADD_PLCM_FOR_SCH_35, "ADD_PLCM_FOR_SCH_35", 35);
+      }
+    }
+    // One record for each forward supplemental channel assigned above.
+    if (!w.counted("SCH_BCMCs", "FD_UHDM_SCH_BCMCs", r.SCH_BCMCs, r.NUM_FOR_ASSIGN, c)) return false;
+  }
+  if (r.CS_SUPPORTED) {
+    if (!w.need(3)) return false;
+    w.u(r.MAX_ADD_SERV_INSTANCE, "MAX_ADD_SERV_INSTANCE", 3);
+  }
+  if (!w.need(2)) return false;
+  w.u(r.USE_CH_CFG_RRM, "USE_CH_CFG_RRM", 1);
+  w.u(r.TX_PWR_LIMIT_INCL, "TX_PWR_LIMIT_INCL", 1);
+  if (r.TX_PWR_LIMIT_INCL) {
+    if (!w.need(1)) return false;
+    w.u(r.TX_PWR_LIMIT_DEFAULT, "TX_PWR_LIMIT_DEFAULT", 1);
+    if (!r.TX_PWR_LIMIT_DEFAULT) {
+      if (!w.need(6)) return false;
+      w.u(r.TX_PWR_LIMIT, "TX_PWR_LIMIT", 6);
+    }
+  }
+  return true;
+}
 
 template <class W>
 void layout(W& w, FD_UHDM& r, const Ctx& c) {
@@ -1126,11 +1631,20 @@ void layout(W& w, FD_UHDM& r, const Ctx& c) {
   w.u(r.ACTIVE_SET_REC_LEN, "ACTIVE_SET_REC_LEN", 8);
   const std::uint64_t rec_bits = 8u * r.ACTIVE_SET_REC_LEN;
   if (r.CH_IND == 0 && c.p_rev >= 9) {
-    // '000' refers to the extended channel indicator of the packet data channels; its record
-    // is kept as sent, in hexadecimal.
-    if (rec_bits) {
-      if (!w.need(rec_bits)) return;
-      w.bits(r.EXT_ACTIVE_SET_REC_FIELDS, "EXT_ACTIVE_SET_REC_FIELDS", static_cast<std::uint32_t>(rec_bits));
+    // '000' refers to the extended channel indicator of the packet data channels. Its first
+    // octet is part of the record's length.
+    if (rec_bits >= 8) {
+      if (!w.need(8)) return;
+      w.u(r.EXT_CH_IND, "EXT_CH_IND", 5);
+      w.u(r.RESERVED, "RESERVED", 3);
+      ExtAsrCtx ext{};
+      static_cast<Ctx&>(ext) = c;
+      ext.ext_ch_ind = r.EXT_CH_IND;
+      ext.sch_incl = r.SCH_INCL;
+      if (!w.sized("EXT_ACTIVE_SET_REC_FIELDS", "EXT_ACTIVE_SET_REC", r.EXT_ACTIVE_SET_REC_FIELDS, rec_bits - 8, ext))
+        return;
+    } else {
+      w.skip(rec_bits);
     }
   } else if (asr_fch(r.CH_IND) || asr_dcch(r.CH_IND)) {
     Ctx as = c;
@@ -1139,14 +1653,18 @@ void layout(W& w, FD_UHDM& r, const Ctx& c) {
   } else {
     w.skip(rec_bits);
   }
-  // From P_REV 9 only channel indicators with a Fundamental Channel carry the gating mode.
-  if (c.p_rev < 9 || asr_fch(r.CH_IND)) {
+  // From P_REV 9 only channel assignments with a reverse Fundamental Channel carry the gating
+  // mode.
+  if (c.p_rev < 9 || asr_fch(r.CH_IND) || (r.CH_IND == 0 && ext_rev_fch(r.EXT_CH_IND))) {
     if (!gating(w, r)) return;
   }
   if (c.p_rev < 7) return;
   if (!enc_and_calls(w, r, c, true, "FD_UHDM_CALLs")) return;
   if (!w.need(1)) return;
   w.u(r.CS_SUPPORTED, "CS_SUPPORTED", 1);
+  if (c.p_rev < 9 || !uhdm_rel_c(w, r)) return;
+  if (c.p_rev < 10) return;
+  uhdm_rel_d(w, r, c);
 }
 
 // ---- Extended Supplemental Channel Assignment Message (35) --------------------------------
@@ -1279,6 +1797,83 @@ void layout(W& w, EscamRpcSup& r, const Ctx&) {
   w.u(r.RLGAIN_SCH_PILOT, "RLGAIN_SCH_PILOT", 6);
 }
 
+// ---- P_REV 7 and 8: the 3X code channels, the common power control encoders and the
+// supplemental channel configurations.
+
+// A 3X record names its forward configuration record by FOR_SCH_ID and SCCL_INDEX; it then
+// carries one low/high carrier pair for each of that record's soft handoff pilots.
+struct EscamF3xCtx : Ctx {
+  const PoolArray<EscamForCfg>* for_cfgs;
+  std::uint8_t for_sch_id;
+};
+
+struct EscamF3xSup {
+  F3xCode CODE;
+};
+
+template <class W>
+void layout(W& w, EscamF3xSup& r, const Ctx&) {
+  f3x_code(w, r.CODE, kF3xSch);
+}
+
+struct EscamF3xRec {
+  std::uint8_t SCCL_INDEX;
+  PoolArray<EscamF3xSup> SUP_SHOs;
+};
+
+template <class W>
+void layout(W& w, EscamF3xRec& r, const EscamF3xCtx& c) {
+  if (!w.need(4)) return;
+  w.u(r.SCCL_INDEX, "SCCL_INDEX", 4);
+  // A record that matches no forward configuration has no pilots to describe.
+  std::uint32_t pilots = 0;
+  for (std::uint32_t k = 0; c.for_cfgs && k < c.for_cfgs->count; ++k) {
+    const EscamForCfg& cfg = (*c.for_cfgs)[k];
+    if (cfg.FOR_SCH_ID == c.for_sch_id && cfg.SCCL_INDEX == r.SCCL_INDEX) {
+      pilots = cfg.NUM_SUP_SHO + 1u;
+      break;
+    }
+  }
+  w.counted("SUP_SHOs", "FD_ESCAM_F3X_CFGs_RECs_SUP_SHOs", r.SUP_SHOs, pilots, c);
+}
+
+struct EscamF3xCfg {
+  std::uint8_t FOR_SCH_ID;
+  std::uint8_t NUM_F3X_REC;   // records sent: NUM_F3X_REC + 1
+  PoolArray<EscamF3xRec> RECs;
+};
+
+template <class W>
+void layout(W& w, EscamF3xCfg& r, const EscamF3xCtx& c) {
+  if (!w.need(6)) return;
+  w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
+  w.u(r.NUM_F3X_REC, "NUM_F3X_REC", 5);
+  EscamF3xCtx recs = c;
+  recs.for_sch_id = r.FOR_SCH_ID;
+  w.counted("RECs", "FD_ESCAM_F3X_CFGs_RECs", r.RECs, r.NUM_F3X_REC + 1u, recs);
+}
+
+// One encoder type for each soft handoff pilot of a forward configuration record; the count
+// is the record's NUM_SUP_SHO + 1, kept here by the decode.
+struct EscamCcshCfg {
+  std::uint8_t PILOTS;   // not on the air
+  PoolArray<std::uint8_t> CCSH_ENCODER_TYPE;
+};
+
+template <class W>
+void layout(W& w, EscamCcshCfg& r, const Ctx&) {
+  w.scalars("CCSH_ENCODER_TYPE", r.CCSH_ENCODER_TYPE, r.PILOTS, 1);
+}
+
+// NUM_FOR_CFG_RECS is 5 bits: at most 32 records.
+constexpr const char* kCcshCfgLabel[32] = {
+    "CCSH_CFGs[0]",  "CCSH_CFGs[1]",  "CCSH_CFGs[2]",  "CCSH_CFGs[3]",  "CCSH_CFGs[4]",  "CCSH_CFGs[5]",
+    "CCSH_CFGs[6]",  "CCSH_CFGs[7]",  "CCSH_CFGs[8]",  "CCSH_CFGs[9]",  "CCSH_CFGs[10]", "CCSH_CFGs[11]",
+    "CCSH_CFGs[12]", "CCSH_CFGs[13]", "CCSH_CFGs[14]", "CCSH_CFGs[15]", "CCSH_CFGs[16]", "CCSH_CFGs[17]",
+    "CCSH_CFGs[18]", "CCSH_CFGs[19]", "CCSH_CFGs[20]", "CCSH_CFGs[21]", "CCSH_CFGs[22]", "CCSH_CFGs[23]",
+    "CCSH_CFGs[24]", "CCSH_CFGs[25]", "CCSH_CFGs[26]", "CCSH_CFGs[27]", "CCSH_CFGs[28]", "CCSH_CFGs[29]",
+    "CCSH_CFGs[30]", "CCSH_CFGs[31]"};
+
 struct FD_ESCAM {
   std::uint8_t START_TIME_UNIT;
   std::uint8_t REV_SCH_DTX_DURATION;
@@ -1311,6 +1906,15 @@ struct FD_ESCAM {
   PoolArray<EscamRpcSup> RPC_SUPs;
   // P_REV 7 and later
   std::uint8_t F3X_SCH_INFO_INCL;
+  std::uint8_t NUM_F3X_CFG;
+  PoolArray<EscamF3xCfg> F3X_CFGs;
+  // P_REV 8 and later
+  std::uint8_t CCSH_INCLUDED;
+  PoolArray<EscamCcshCfg> CCSH_CFGs;
+  std::uint8_t FOR_SCH_CC_INCL;
+  PoolArray<ScrForSch> FOR_SCH_CCs;
+  std::uint8_t REV_SCH_CC_INCL;
+  PoolArray<ScrRevSch> REV_SCH_CCs;
 };
 
 template <class W>
@@ -1383,10 +1987,36 @@ void layout(W& w, FD_ESCAM& r, const Ctx& c) {
     if (!w.counted("RPC_SUPs", "FD_ESCAM_RPC_SUPs", r.RPC_SUPs, r.RPC_NUM_SUP + 1u, c)) return;
   }
   if (c.p_rev < 7) return;
-  // The 3X code channels this flag announces and the common power control groups of P_REV 8
-  // that follow them are not decoded.
   if (!w.need(1)) return;
   w.u(r.F3X_SCH_INFO_INCL, "F3X_SCH_INFO_INCL", 1);
+  if (r.F3X_SCH_INFO_INCL) {
+    if (!w.need(2)) return;
+    w.u(r.NUM_F3X_CFG, "NUM_F3X_CFG", 2);
+    EscamF3xCtx f3x{};
+    static_cast<Ctx&>(f3x) = c;
+    f3x.for_cfgs = r.FOR_CFG_INCLUDED ? &r.FOR_CFGs : nullptr;
+    if (!w.counted("F3X_CFGs", "FD_ESCAM_F3X_CFGs", r.F3X_CFGs, r.NUM_F3X_CFG, f3x)) return;
+  }
+  if (c.p_rev < 8) return;
+  if (!w.need(1)) return;
+  w.u(r.CCSH_INCLUDED, "CCSH_INCLUDED", 1);
+  if (r.CCSH_INCLUDED && r.FOR_CFG_INCLUDED) {
+    // One group per forward configuration record, sized by that record's pilots.
+    if constexpr (W::kReading) {
+      r.CCSH_CFGs.data = w.arena().template alloc<EscamCcshCfg>(r.FOR_CFGs.count);
+      r.CCSH_CFGs.count = r.CCSH_CFGs.data ? r.FOR_CFGs.count : 0;
+      for (std::uint32_t i = 0; i < r.CCSH_CFGs.count; ++i)
+        r.CCSH_CFGs[i].PILOTS = static_cast<std::uint8_t>(r.FOR_CFGs[i].NUM_SUP_SHO + 1u);
+    }
+    for (std::uint32_t i = 0; i < r.CCSH_CFGs.count && i < 32; ++i)
+      if (!w.sub(kCcshCfgLabel[i], "FD_ESCAM_CCSH_CFGs", r.CCSH_CFGs[i], c)) return;
+  }
+  if (!w.need(1)) return;
+  w.u(r.FOR_SCH_CC_INCL, "FOR_SCH_CC_INCL", 1);
+  if (r.FOR_SCH_CC_INCL && !w.counted("FOR_SCH_CCs", "FD_ESCAM_FOR_SCH_CCs", r.FOR_SCH_CCs, r.NUM_FOR_SCH, c)) return;
+  if (!w.need(1)) return;
+  w.u(r.REV_SCH_CC_INCL, "REV_SCH_CC_INCL", 1);
+  if (r.REV_SCH_CC_INCL) w.counted("REV_SCH_CCs", "FD_ESCAM_REV_SCH_CCs", r.REV_SCH_CCs, r.NUM_REV_SCH, c);
 }
 
 // ---- Service Connect Message (20) ---------------------------------------------------------
