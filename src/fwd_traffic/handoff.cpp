@@ -559,8 +559,9 @@ void layout(W& w, FD_GHDM& r, const Ctx& c) {
 
 // ---- Universal Handoff Direction Message (34) ---------------------------------------------
 
-// Supplemental channel assignments of the message (SCH_INCL).
-struct UhdmForSchAssign {
+// A forward supplemental channel assignment (the handoff message's SCH_INCL group and the
+// extended supplemental channel assignment share it).
+struct ForSchAssign {
   std::uint8_t FOR_SCH_ID;
   std::uint8_t FOR_SCH_DURATION;
   std::uint8_t FOR_SCH_START_TIME_INCL;
@@ -569,7 +570,7 @@ struct UhdmForSchAssign {
 };
 
 template <class W>
-void layout(W& w, UhdmForSchAssign& r, const Ctx&) {
+void layout(W& w, ForSchAssign& r, const Ctx&) {
   if (!w.need(6)) return;
   w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
   w.u(r.FOR_SCH_DURATION, "FOR_SCH_DURATION", 4);
@@ -1340,7 +1341,7 @@ struct FD_UHDM {
   std::uint8_t CLEAR_RETRY_DELAY;
   std::uint8_t SCH_INCL;
   std::uint8_t NUM_FOR_ASSIGN;
-  PoolArray<UhdmForSchAssign> FOR_SCH_ASSIGNs;
+  PoolArray<ForSchAssign> FOR_SCH_ASSIGNs;
   std::uint8_t NUM_REV_ASSIGN;
   PoolArray<UhdmRevSchAssign> REV_SCH_ASSIGNs;
   std::uint8_t FPC_SUBCHAN_GAIN;
@@ -1744,28 +1745,6 @@ void layout(W& w, EscamForCfg& r, const Ctx& c) {
   w.counted("SUP_SHOs", "FD_ESCAM_FOR_CFGs_SUP_SHOs", r.SUP_SHOs, r.NUM_SUP_SHO + 1u, c);
 }
 
-struct EscamForSch {
-  std::uint8_t FOR_SCH_ID;
-  std::uint8_t FOR_SCH_DURATION;
-  std::uint8_t FOR_SCH_START_TIME_INCL;
-  std::uint8_t FOR_SCH_START_TIME;
-  std::uint8_t SCCL_INDEX;
-};
-
-template <class W>
-void layout(W& w, EscamForSch& r, const Ctx&) {
-  if (!w.need(6)) return;
-  w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
-  w.u(r.FOR_SCH_DURATION, "FOR_SCH_DURATION", 4);
-  w.u(r.FOR_SCH_START_TIME_INCL, "FOR_SCH_START_TIME_INCL", 1);
-  if (r.FOR_SCH_START_TIME_INCL) {
-    if (!w.need(5)) return;
-    w.u(r.FOR_SCH_START_TIME, "FOR_SCH_START_TIME", 5);
-  }
-  if (!w.need(4)) return;
-  w.u(r.SCCL_INDEX, "SCCL_INDEX", 4);
-}
-
 // Outer loop parameters of one supplemental channel.
 struct EscamFpcSup {
   std::uint8_t SCH_ID;
@@ -1892,7 +1871,7 @@ struct FD_ESCAM {
   std::uint8_t NUM_FOR_CFG_RECS;   // records sent: NUM_FOR_CFG_RECS + 1
   PoolArray<EscamForCfg> FOR_CFGs;
   std::uint8_t NUM_FOR_SCH;
-  PoolArray<EscamForSch> FOR_SCHs;
+  PoolArray<ForSchAssign> FOR_SCHs;
   std::uint8_t FPC_INCL;
   std::uint8_t FPC_MODE_SCH;
   std::uint8_t FPC_SCH_INIT_SETPT_OP;
