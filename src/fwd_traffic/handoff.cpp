@@ -325,8 +325,12 @@ bool enc_and_calls(W& w, R& r, const Ctx& c, bool universal, const char* calls_h
 
 // A pilot of the General Handoff Direction Message. With forward supplemental code channels
 // assigned (FOR_SUP_CONFIG '10' or '11') each pilot says which it carries; the message hands
-// the pilots that state through Ctx::ordq (bit 3: supplementals specified, low bits:
-// NUM_FOR_SUP), as the layout signature has no other channel for it.
+// its pilots that state in their context.
+struct GhdmPilotCtx : Ctx {
+  bool sup_specified;        // supplemental code channels assigned per pilot
+  std::uint8_t num_for_sup;  // how many
+};
+
 struct GhdmPilot {
   std::uint16_t PILOT_PN;
   std::uint8_t PWR_COMB_IND;
@@ -338,19 +342,19 @@ struct GhdmPilot {
 };
 
 template <class W>
-void layout(W& w, GhdmPilot& r, const Ctx& c) {
+void layout(W& w, GhdmPilot& r, const GhdmPilotCtx& c) {
   if (!w.need(18)) return;
   w.u(r.PILOT_PN, "PILOT_PN", 9);
   w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
   w.u(r.CODE_CHAN, "CODE_CHAN", 8);
-  if (!(c.ordq & 8u)) return;
+  if (!c.sup_specified) return;
   if (!w.need(1)) return;
   w.u(r.FOR_SUP_INCLUDED, "FOR_SUP_INCLUDED", 1);
   if (!r.FOR_SUP_INCLUDED) return;
   if (!w.need(1)) return;
   w.u(r.EXPL_CODE_CHAN, "EXPL_CODE_CHAN", 1);
   if (r.EXPL_CODE_CHAN) {
-    w.scalars("SUP_CODE_CHAN", r.SUP_CODE_CHAN, c.ordq & 7u, 8);
+    w.scalars("SUP_CODE_CHAN", r.SUP_CODE_CHAN, c.num_for_sup, 8);
   } else {
     if (!w.need(8)) return;
     w.u(r.BASE_CODE_CHAN, "BASE_CODE_CHAN", 8);
@@ -529,9 +533,11 @@ void layout(W& w, FD_GHDM& r, const Ctx& c) {
   if (!w.need(3)) return;
   w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
   {
-    Ctx pilots = c;
-    const bool sup = r.SUP_CHAN_PARMS_INCLUDED && r.FOR_INCLUDED && (r.FOR_SUP_CONFIG == 2 || r.FOR_SUP_CONFIG == 3);
-    pilots.ordq = static_cast<std::uint8_t>(sup ? 8u | (r.NUM_FOR_SUP & 7u) : 0u);
+    GhdmPilotCtx pilots{};
+    static_cast<Ctx&>(pilots) = c;
+    pilots.sup_specified =
+        r.SUP_CHAN_PARMS_INCLUDED && r.FOR_INCLUDED && (r.FOR_SUP_CONFIG == 2 || r.FOR_SUP_CONFIG == 3);
+    pilots.num_for_sup = pilots.sup_specified ? static_cast<std::uint8_t>(r.NUM_FOR_SUP & 7u) : 0;
     if (!w.counted("PILOTs", "FD_GHDM_PILOTs", r.PILOTs, r.NUM_PILOTS, pilots)) return;
   }
   if (c.p_rev < 6) return;
@@ -750,11 +756,22 @@ bool add_pilot_rec(W& w, R& r, const char* type_name) {
 }
 
 // The channel indicator decides which code channels the pilots carry: the Fundamental Channel
-// for CH_IND '101' and '111', the Dedicated Control Channel for '010', '110' and '111'. The
-// active set record hands CH_IND, SCH_INCL and SRCH_OFFSET_INCL to its pilots through
-// Ctx::ordq (bits 0-2, 3 and 4), as the layout signature has no other channel for them.
+// for CH_IND '101' and '111', the Dedicated Control Channel for '010', '110' and '111'.
 constexpr bool asr_fch(unsigned ch_ind) { return ch_ind == 5 || ch_ind == 7; }
 constexpr bool asr_dcch(unsigned ch_ind) { return ch_ind == 2 || ch_ind == 6 || ch_ind == 7; }
+
+// What the records of the active set take from the message and from the record around them.
+struct AsrCtx : Ctx {
+  std::uint8_t ch_ind;     // CH_IND of the message
+  bool sch_incl;           // supplemental channels assigned (SCH_INCL)
+  bool srch_offset_incl;   // the pilots carry SRCH_OFFSET
+  bool f3x_fch, f3x_dcch;  // F3X_FCH_INFO_INCL, F3X_DCCH_INFO_INCL
+};
+
+// The number of encoder types of one pilot (its supplemental channels that carry it).
+struct CcshCtx : Ctx {
+  std::uint8_t count;
+};
 
 struct AsrPilot {
   std::uint16_t PILOT_PN;
@@ -773,11 +790,11 @@ struct AsrPilot {
 };
 
 template <class W>
-void layout(W& w, AsrPilot& r, const Ctx& c) {
-  const unsigned ch_ind = c.ordq & 7u;
+void layout(W& w, AsrPilot& r, const AsrCtx& c) {
+  const unsigned ch_ind = c.ch_ind;
   if (!w.need(9)) return;
   w.u(r.PILOT_PN, "PILOT_PN", 9);
-  if (c.ordq & 16u) {
+  if (c.srch_offset_incl) {
     if (!w.need(3)) return;
     w.u(r.SRCH_OFFSET, "SRCH_OFFSET", 3);
   }
@@ -794,7 +811,7 @@ void layout(W& w, AsrPilot& r, const Ctx& c) {
     w.u(r.CODE_CHAN_DCCH, "CODE_CHAN_DCCH", 11);
     w.u(r.QOF_MASK_ID_DCCH, "QOF_MASK_ID_DCCH", 2);
   }
-  if (c.ordq & 8u) {
+  if (c.sch_incl) {
     if (!w.need(5)) return;
     w.u(r.NUM_SCH, "NUM_SCH", 5);
     w.counted("SCHs", "ACTIVE_SET_REC_PILOTs_SCHs", r.SCHs, r.NUM_SCH, c);
@@ -852,8 +869,6 @@ void layout(W& w, F3xSch& r, const Ctx&) {
   f3x_code(w, r.CODE, kF3xSch);
 }
 
-// Ctx::ordq carries, as for the 1X pilots, the channel indicator (bits 0-2), SCH_INCL (bit 3)
-// and here F3X_FCH_INFO_INCL (bit 5) and F3X_DCCH_INFO_INCL (bit 6).
 struct F3xPilot {
   std::uint8_t NUM_SCH;   // the 1X pilot's count, not on the air here
   F3xCode FCH;
@@ -863,12 +878,11 @@ struct F3xPilot {
 };
 
 template <class W>
-void layout(W& w, F3xPilot& r, const Ctx& c) {
-  const unsigned ch_ind = c.ordq & 7u;
-  const bool fch = asr_fch(ch_ind) && (c.ordq & 32u), dcch = asr_dcch(ch_ind) && (c.ordq & 64u);
+void layout(W& w, F3xPilot& r, const AsrCtx& c) {
+  const bool fch = asr_fch(c.ch_ind) && c.f3x_fch, dcch = asr_dcch(c.ch_ind) && c.f3x_dcch;
   if (fch && !f3x_code(w, r.FCH, kF3xFch)) return;
   if (dcch && !f3x_code(w, r.DCCH, kF3xDcch)) return;
-  if ((fch || dcch) && (c.ordq & 8u)) {
+  if ((fch || dcch) && c.sch_incl) {
     if (!w.need(1)) return;
     w.u(r.F3X_SCH_INFO_INCL, "F3X_SCH_INFO_INCL", 1);
     if (r.F3X_SCH_INFO_INCL) w.counted("F3X_SCHs", "ACTIVE_SET_REC_F3X_FCHs_DCCHs_F3X_SCHs", r.SCHs, r.NUM_SCH, c);
@@ -881,8 +895,8 @@ struct CcshPilot {
 };
 
 template <class W>
-void layout(W& w, CcshPilot& r, const Ctx& c) {
-  w.scalars("CCSH_ENCODER_TYPE", r.CCSH_ENCODER_TYPE, c.ordq, 1);
+void layout(W& w, CcshPilot& r, const CcshCtx& c) {
+  w.scalars("CCSH_ENCODER_TYPE", r.CCSH_ENCODER_TYPE, c.count, 1);
 }
 
 // Labels of the per-pilot records that follow the 1X pilots (NUM_PILOTS is 3 bits).
@@ -934,12 +948,12 @@ struct ActiveSetRec {
 };
 
 template <class W>
-bool asr_ccsh(W& w, ActiveSetRec& r, const Ctx& c);
+bool asr_ccsh(W& w, ActiveSetRec& r, const AsrCtx& c);
 
 template <class W>
-void layout(W& w, ActiveSetRec& r, const Ctx& c) {
-  const unsigned ch_ind = c.ordq & 7u;
-  const bool sch_incl = c.ordq & 8u;
+void layout(W& w, ActiveSetRec& r, const AsrCtx& c) {
+  const unsigned ch_ind = c.ch_ind;
+  const bool sch_incl = c.sch_incl;
   if (sch_incl) {
     if (!w.need(5)) return;
     w.u(r.NUM_FOR_SCH, "NUM_FOR_SCH", 5);
@@ -951,8 +965,8 @@ void layout(W& w, ActiveSetRec& r, const Ctx& c) {
   if (!w.need(4)) return;
   w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
   w.u(r.SRCH_OFFSET_INCL, "SRCH_OFFSET_INCL", 1);
-  Ctx pilots = c;
-  pilots.ordq = static_cast<std::uint8_t>((c.ordq & 15u) | (r.SRCH_OFFSET_INCL ? 16u : 0u));
+  AsrCtx pilots = c;
+  pilots.srch_offset_incl = r.SRCH_OFFSET_INCL;
   if (!w.counted("PILOTs", "ACTIVE_SET_REC_PILOTs", r.PILOTs, r.NUM_PILOTS, pilots)) return;
   if (c.p_rev < 7) return;
   if (asr_fch(ch_ind)) {
@@ -971,9 +985,9 @@ void layout(W& w, ActiveSetRec& r, const Ctx& c) {
       r.F3X_PILOTs.count = r.F3X_PILOTs.data ? r.PILOTs.count : 0;
       for (std::uint32_t i = 0; i < r.F3X_PILOTs.count; ++i) r.F3X_PILOTs[i].NUM_SCH = r.PILOTs[i].NUM_SCH;
     }
-    Ctx f3x = c;
-    f3x.ordq = static_cast<std::uint8_t>((c.ordq & 15u) | (r.F3X_FCH_INFO_INCL ? 32u : 0u) |
-                                         (r.F3X_DCCH_INFO_INCL ? 64u : 0u));
+    AsrCtx f3x = c;
+    f3x.f3x_fch = r.F3X_FCH_INFO_INCL;
+    f3x.f3x_dcch = r.F3X_DCCH_INFO_INCL;
     for (std::uint32_t i = 0; i < r.F3X_PILOTs.count && i < 8; ++i)
       if (!w.sub(kF3xPilotLabel[i], "ACTIVE_SET_REC_F3X_FCHs", r.F3X_PILOTs[i], f3x)) return;
   }
@@ -1007,8 +1021,8 @@ void layout(W& w, ActiveSetRec& r, const Ctx& c) {
 
 // USE_CCSH_ENCODER_TIME .. the encoder types of each pilot's supplemental channels.
 template <class W>
-bool asr_ccsh(W& w, ActiveSetRec& r, const Ctx& c) {
-  const bool sch_incl = c.ordq & 8u;
+bool asr_ccsh(W& w, ActiveSetRec& r, const AsrCtx& c) {
+  const bool sch_incl = c.sch_incl;
   if (!w.need(1)) return false;
   w.u(r.USE_CCSH_ENCODER_TIME, "USE_CCSH_ENCODER_TIME", 1);
   if (r.USE_CCSH_ENCODER_TIME) {
@@ -1022,12 +1036,13 @@ bool asr_ccsh(W& w, ActiveSetRec& r, const Ctx& c) {
   }
   for (std::uint32_t i = 0; i < r.CCSH_PILOTs.count && i < 8; ++i) {
     // One encoder type for each of the pilot's supplemental channels it carries.
-    Ctx ccsh = c;
+    CcshCtx ccsh{};
+    static_cast<Ctx&>(ccsh) = c;
     std::uint32_t carried = 0;
     if constexpr (W::kReading) {
       for (std::uint32_t j = 0; j < r.PILOTs[i].SCHs.count; ++j) carried += r.PILOTs[i].SCHs[j].PILOT_INCL ? 1u : 0u;
     }
-    ccsh.ordq = static_cast<std::uint8_t>(carried);
+    ccsh.count = static_cast<std::uint8_t>(carried);
     if (!w.sub(kCcshPilotLabel[i], "ACTIVE_SET_REC_CCSH_PILOTs", r.CCSH_PILOTs[i], ccsh)) return false;
   }
   return true;
@@ -1261,13 +1276,14 @@ void layout(W& w, ExtActiveSetRec& r, const ExtAsrCtx& c) {
     r.CCSH_PILOTs.count = r.CCSH_PILOTs.data ? r.PILOT_RECs.count : 0;
   }
   for (std::uint32_t i = 0; i < r.CCSH_PILOTs.count && i < 8; ++i) {
-    Ctx ccsh = c;
+    CcshCtx ccsh{};
+    static_cast<Ctx&>(ccsh) = c;
     std::uint32_t carried = 0;
     if constexpr (W::kReading) {
       for (std::uint32_t j = 0; j < r.PILOT_RECs[i].SCHs.count; ++j)
         carried += r.PILOT_RECs[i].SCHs[j].PILOT_INCL ? 1u : 0u;
     }
-    ccsh.ordq = static_cast<std::uint8_t>(carried);
+    ccsh.count = static_cast<std::uint8_t>(carried);
     if (!w.sub(kCcshPilotLabel[i], "EXT_ACTIVE_SET_REC_CCSH_PILOTs", r.CCSH_PILOTs[i], ccsh)) return;
   }
 }
@@ -1648,8 +1664,10 @@ void layout(W& w, FD_UHDM& r, const Ctx& c) {
       w.skip(rec_bits);
     }
   } else if (asr_fch(r.CH_IND) || asr_dcch(r.CH_IND)) {
-    Ctx as = c;
-    as.ordq = static_cast<std::uint8_t>(r.CH_IND | (r.SCH_INCL ? 8u : 0u));
+    AsrCtx as{};
+    static_cast<Ctx&>(as) = c;
+    as.ch_ind = r.CH_IND;
+    as.sch_incl = r.SCH_INCL;
     if (!w.sized("ACTIVE_SET_REC_FIELDS", "ACTIVE_SET_REC", r.ACTIVE_SET_REC_FIELDS, rec_bits, as)) return;
   } else {
     w.skip(rec_bits);
