@@ -5,6 +5,7 @@
 
 #include "codec/layout.h"
 #include "fwd_common/bodies.h"
+#include "fwd_common/forward_shared.h"
 
 namespace cs {
 namespace {
@@ -310,84 +311,6 @@ struct EcamCtx : Ctx {
   u8 direct_ch_assign_ind;
 };
 
-// The type-specific part of an additional pilot record (C.S0005 3.7.2.3.2.21, PILOT_REC_TYPE).
-// Release 0 knows only the common pilot with orthogonal transmit diversity; Release A renames
-// its power level, adds the diversity mode and the auxiliary and 3X pilot types. The record is
-// RECORD_LEN octets whatever the type reads.
-struct AddPilotRec {
-  u8 OTD_POWER_LEVEL, TD_POWER_LEVEL, TD_MODE, QOF, WALSH_LENGTH;
-  u16 AUX_PILOT_WALSH, AUX_WALSH;
-  u8 AUX_TD_POWER_LEVEL, SR3_PRIMARY_PILOT, SR3_PILOT_POWER1, SR3_PILOT_POWER2;
-  u8 ADD_INFO_INCL1, QOF1, WALSH_LENGTH1;
-  u16 AUX_PILOT_WALSH1;
-  u8 ADD_INFO_INCL2, QOF2, WALSH_LENGTH2;
-  u16 AUX_PILOT_WALSH2;
-};
-struct AddPilotCtx : Ctx {
-  u8 pilot_rec_type;
-};
-
-// A Walsh code of an auxiliary pilot is WALSH_LENGTH + 6 bits long.
-template <class W>
-void aux_walsh(W& w, u8& qof, const char* qof_name, u8& len, const char* len_name, u16& code, const char* code_name) {
-  if (!w.need(5)) return;
-  w.u(qof, qof_name, 2);
-  w.u(len, len_name, 3);
-  if (!w.need(len + 6u)) return;
-  w.u(code, code_name, len + 6u);
-}
-
-template <class W>
-void sr3_powers(W& w, AddPilotRec& r) {
-  if (!w.need(8)) return;
-  w.u(r.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2);
-  w.u(r.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3);
-  w.u(r.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3);
-}
-
-template <class W>
-void layout(W& w, AddPilotRec& r, const AddPilotCtx& c) {
-  if (c.p_rev < 7) {
-    if (c.pilot_rec_type != 0) return;
-    if (!w.need(2)) return;
-    w.u(r.OTD_POWER_LEVEL, "OTD_POWER_LEVEL", 2);
-    return;
-  }
-  switch (c.pilot_rec_type) {
-    case 0:   // 1X common pilot with transmit diversity
-      if (!w.need(4)) return;
-      w.u(r.TD_POWER_LEVEL, "TD_POWER_LEVEL", 2);
-      w.u(r.TD_MODE, "TD_MODE", 2);
-      break;
-    case 1:   // 1X auxiliary pilot
-      aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
-      break;
-    case 2:   // 1X auxiliary pilot with transmit diversity
-      aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_WALSH, "AUX_WALSH");
-      if (!w.need(4)) return;
-      w.u(r.AUX_TD_POWER_LEVEL, "AUX_TD_POWER_LEVEL", 2);
-      w.u(r.TD_MODE, "TD_MODE", 2);
-      break;
-    case 3:   // 3X common pilot
-      sr3_powers(w, r);
-      break;
-    case 4:   // 3X auxiliary pilot: the powers, then a Walsh code per carrier as far as included
-      sr3_powers(w, r);
-      aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
-      if (!w.need(1)) return;
-      w.u(r.ADD_INFO_INCL1, "ADD_INFO_INCL1", 1);
-      if (r.ADD_INFO_INCL1)
-        aux_walsh(w, r.QOF1, "QOF1", r.WALSH_LENGTH1, "WALSH_LENGTH1", r.AUX_PILOT_WALSH1, "AUX_PILOT_WALSH1");
-      if (!w.need(1)) return;
-      w.u(r.ADD_INFO_INCL2, "ADD_INFO_INCL2", 1);
-      if (r.ADD_INFO_INCL2)
-        aux_walsh(w, r.QOF2, "QOF2", r.WALSH_LENGTH2, "WALSH_LENGTH2", r.AUX_PILOT_WALSH2, "AUX_PILOT_WALSH2");
-      break;
-    default:   // reserved types: only RECORD_LEN is known
-      break;
-  }
-}
-
 // PILOT_PN and the optional additional pilot record that open a pilot record of modes '100' and
 // '101'; `header` names the nested record after its parent.
 template <class W, class P>
@@ -399,7 +322,7 @@ bool pilot_head(W& w, P& r, const Ctx& c, const char* header) {
   if (!w.need(6)) return false;
   w.u(r.PILOT_REC_TYPE, "PILOT_REC_TYPE", 3);
   w.u(r.RECORD_LEN, "RECORD_LEN", 3);
-  AddPilotCtx ac;
+  fwd::AddPilotCtx ac;
   static_cast<Ctx&>(ac) = c;
   ac.pilot_rec_type = r.PILOT_REC_TYPE;
   return w.sized("ADD_PILOT_REC", header, r.ADD_PILOT_REC, r.RECORD_LEN * 8u, ac);
@@ -410,7 +333,7 @@ bool pilot_head(W& w, P& r, const Ctx& c, const char* header) {
 struct Am4PilotRec {
   u16 PILOT_PN;
   u8 ADD_PILOT_REC_INCL, PILOT_REC_TYPE, RECORD_LEN;
-  AddPilotRec ADD_PILOT_REC;
+  fwd::AddPilotRec ADD_PILOT_REC;
   u8 PWR_COMB_IND;
   u16 CODE_CHAN_FCH;
   u8 QOF_MASK_ID_FCH;
@@ -718,7 +641,7 @@ void layout(W& w, PdcchRec& r, const Ctx&) {
 struct Am5PilotRec {
   u16 PILOT_PN;
   u8 ADD_PILOT_REC_INCL, PILOT_REC_TYPE, RECORD_LEN;
-  AddPilotRec ADD_PILOT_REC;
+  fwd::AddPilotRec ADD_PILOT_REC;
   u8 FOR_PDCH_INCL, WALSH_TABLE_ID, NUM_PDCCH;
   PoolArray<PdcchRec> PDCCH_RECs;
   u8 MAC_ID, REV_CQICH_COVER, FOR_CPCCH_WALSH, FOR_CPCSCH, PWR_COMB_IND, PDCH_GROUP_IND;

@@ -88,4 +88,84 @@ bool call_rescue(W& w, R& r) {
   return w.scalars("NGHBR_RESQ_CONFIGURED", r.NGHBR_RESQ_CONFIGURED, r.NUM_NGHBR, 1);
 }
 
+// The type-specific part of an additional pilot record (C.S0005 pilot record types, PILOT_REC_TYPE),
+// carried by the channel assignment, handoff and neighbour messages alike.
+// Release 0 knows only the common pilot with orthogonal transmit diversity; Release A renames
+// its power level, adds the diversity mode and the auxiliary and 3X pilot types. The record is
+// RECORD_LEN octets whatever the type reads.
+struct AddPilotRec {
+  std::uint8_t OTD_POWER_LEVEL, TD_POWER_LEVEL, TD_MODE, QOF, WALSH_LENGTH;
+  std::uint16_t AUX_PILOT_WALSH, AUX_WALSH;
+  std::uint8_t AUX_TD_POWER_LEVEL, SR3_PRIMARY_PILOT, SR3_PILOT_POWER1, SR3_PILOT_POWER2;
+  std::uint8_t ADD_INFO_INCL1, QOF1, WALSH_LENGTH1;
+  std::uint16_t AUX_PILOT_WALSH1;
+  std::uint8_t ADD_INFO_INCL2, QOF2, WALSH_LENGTH2;
+  std::uint16_t AUX_PILOT_WALSH2;
+};
+struct AddPilotCtx : Ctx {
+  std::uint8_t pilot_rec_type;   // the record type read just before the record
+};
+
+// A Walsh code of an auxiliary pilot is WALSH_LENGTH + 6 bits long.
+template <class W>
+void aux_walsh(W& w, std::uint8_t& qof, const char* qof_name, std::uint8_t& len, const char* len_name,
+               std::uint16_t& code, const char* code_name) {
+  if (!w.need(5)) return;
+  w.u(qof, qof_name, 2);
+  w.u(len, len_name, 3);
+  if (!w.need(len + 6u)) return;
+  w.u(code, code_name, len + 6u);
+}
+
+template <class W>
+void sr3_powers(W& w, AddPilotRec& r) {
+  if (!w.need(8)) return;
+  w.u(r.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2);
+  w.u(r.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3);
+  w.u(r.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3);
+}
+
+template <class W>
+void layout(W& w, AddPilotRec& r, const AddPilotCtx& c) {
+  if (c.p_rev < 7) {
+    if (c.pilot_rec_type != 0) return;
+    if (!w.need(2)) return;
+    w.u(r.OTD_POWER_LEVEL, "OTD_POWER_LEVEL", 2);
+    return;
+  }
+  switch (c.pilot_rec_type) {
+    case 0:   // 1X common pilot with transmit diversity
+      if (!w.need(4)) return;
+      w.u(r.TD_POWER_LEVEL, "TD_POWER_LEVEL", 2);
+      w.u(r.TD_MODE, "TD_MODE", 2);
+      break;
+    case 1:   // 1X auxiliary pilot
+      aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
+      break;
+    case 2:   // 1X auxiliary pilot with transmit diversity
+      aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_WALSH, "AUX_WALSH");
+      if (!w.need(4)) return;
+      w.u(r.AUX_TD_POWER_LEVEL, "AUX_TD_POWER_LEVEL", 2);
+      w.u(r.TD_MODE, "TD_MODE", 2);
+      break;
+    case 3:   // 3X common pilot
+      sr3_powers(w, r);
+      break;
+    case 4:   // 3X auxiliary pilot: the powers, then a Walsh code per carrier as far as included
+      sr3_powers(w, r);
+      aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
+      if (!w.need(1)) return;
+      w.u(r.ADD_INFO_INCL1, "ADD_INFO_INCL1", 1);
+      if (r.ADD_INFO_INCL1)
+        aux_walsh(w, r.QOF1, "QOF1", r.WALSH_LENGTH1, "WALSH_LENGTH1", r.AUX_PILOT_WALSH1, "AUX_PILOT_WALSH1");
+      if (!w.need(1)) return;
+      w.u(r.ADD_INFO_INCL2, "ADD_INFO_INCL2", 1);
+      if (r.ADD_INFO_INCL2)
+        aux_walsh(w, r.QOF2, "QOF2", r.WALSH_LENGTH2, "WALSH_LENGTH2", r.AUX_PILOT_WALSH2, "AUX_PILOT_WALSH2");
+      break;
+    default:   // reserved types: only RECORD_LEN is known
+      break;
+  }
+}
+
 }  // namespace cs::fwd

@@ -9,6 +9,7 @@
 #include <cstdint>
 
 #include "codec/layout.h"
+#include "fwd_common/forward_shared.h"
 #include "fwd_traffic/bodies.h"
 #include "fwd_traffic/service_config.h"
 
@@ -662,87 +663,10 @@ void layout(W& w, AsrPilotSch& r, const Ctx&) {
   }
 }
 
-// The type-specific fields of an additional pilot record (C.S0005 pilot record types '000' to
-// '100').
-struct PilotRec {
-  std::uint8_t TD_POWER_LEVEL;
-  std::uint8_t TD_MODE;
-  std::uint8_t QOF;
-  std::uint8_t WALSH_LENGTH;
-  std::uint16_t AUX_PILOT_WALSH;
-  std::uint16_t AUX_WALSH;
-  std::uint16_t AUX_TD_WALSH;
-  std::uint8_t AUX_TD_POWER_LEVEL;
-  std::uint8_t SR3_PRIMARY_PILOT;
-  std::uint8_t SR3_PILOT_POWER1;
-  std::uint8_t SR3_PILOT_POWER2;
-  std::uint8_t ADD_INFO_INCL1;
-  std::uint8_t QOF1;
-  std::uint8_t WALSH_LENGTH1;
-  std::uint16_t AUX_PILOT_WALSH1;
-  std::uint8_t ADD_INFO_INCL2;
-  std::uint8_t QOF2;
-  std::uint8_t WALSH_LENGTH2;
-  std::uint16_t AUX_PILOT_WALSH2;
-};
-
-// QOF, WALSH_LENGTH and a Walsh code of WALSH_LENGTH + 6 bits.
-template <class W>
-bool aux_walsh(W& w, std::uint8_t& qof, const char* qof_name, std::uint8_t& len, const char* len_name,
-               std::uint16_t& walsh, const char* walsh_name) {
-  if (!w.need(5)) return false;
-  w.u(qof, qof_name, 2);
-  w.u(len, len_name, 3);
-  if (!w.need(len + 6u)) return false;
-  w.u(walsh, walsh_name, len + 6u);
-  return true;
-}
-
-template <class W>
-void pilot_rec(W& w, PilotRec& r, std::uint8_t type) {
-  switch (type) {
-    case 0:   // 1X common pilot with transmit diversity
-      if (!w.need(4)) return;
-      w.u(r.TD_POWER_LEVEL, "TD_POWER_LEVEL", 2);
-      w.u(r.TD_MODE, "TD_MODE", 2);
-      break;
-    case 1:   // 1X auxiliary pilot
-      aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
-      break;
-    case 2:   // 1X auxiliary transmit diversity pilot
-      if (!aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_WALSH, "AUX_WALSH")) return;
-      if (!w.need(r.WALSH_LENGTH + 10u)) return;
-      w.u(r.AUX_TD_WALSH, "AUX_TD_WALSH", r.WALSH_LENGTH + 6u);
-      w.u(r.AUX_TD_POWER_LEVEL, "AUX_TD_POWER_LEVEL", 2);
-      w.u(r.TD_MODE, "TD_MODE", 2);
-      break;
-    case 3:   // 3X common pilot
-      if (!w.need(8)) return;
-      w.u(r.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2);
-      w.u(r.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3);
-      w.u(r.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3);
-      break;
-    case 4:   // 3X auxiliary pilot
-      if (!aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH")) return;
-      if (!w.need(1)) return;
-      w.u(r.ADD_INFO_INCL1, "ADD_INFO_INCL1", 1);
-      if (r.ADD_INFO_INCL1 &&
-          !aux_walsh(w, r.QOF1, "QOF1", r.WALSH_LENGTH1, "WALSH_LENGTH1", r.AUX_PILOT_WALSH1, "AUX_PILOT_WALSH1"))
-        return;
-      if (!w.need(1)) return;
-      w.u(r.ADD_INFO_INCL2, "ADD_INFO_INCL2", 1);
-      if (r.ADD_INFO_INCL2)
-        aux_walsh(w, r.QOF2, "QOF2", r.WALSH_LENGTH2, "WALSH_LENGTH2", r.AUX_PILOT_WALSH2, "AUX_PILOT_WALSH2");
-      break;
-    default:   // reserved types: the record's length carries the walk past them
-      break;
-  }
-}
-
 // ADD_PILOT_REC_INCL, PILOT_REC_TYPE and RECORD_LEN (octets of the type-specific fields that
 // follow it), then those fields.
 template <class W, class R>
-bool add_pilot_rec(W& w, R& r, const char* type_name) {
+bool add_pilot_rec(W& w, R& r, const char* type_name, const Ctx& c) {
   if (!w.need(1)) return false;
   w.u(r.ADD_PILOT_REC_INCL, "ADD_PILOT_REC_INCL", 1);
   if (!r.ADD_PILOT_REC_INCL) return true;
@@ -750,7 +674,10 @@ bool add_pilot_rec(W& w, R& r, const char* type_name) {
   w.u(r.PILOT_REC_TYPE, type_name, 3);
   w.u(r.RECORD_LEN, "RECORD_LEN", 3);
   const std::uint64_t start = here(w);
-  pilot_rec(w, r.REC, r.PILOT_REC_TYPE);
+  fwd::AddPilotCtx pc{};
+  static_cast<Ctx&>(pc) = c;
+  pc.pilot_rec_type = r.PILOT_REC_TYPE;
+  layout(w, r.REC, pc);   // shown among the pilot's own fields
   skip_to(w, start, 8u * r.RECORD_LEN);
   return true;
 }
@@ -779,7 +706,7 @@ struct AsrPilot {
   std::uint8_t ADD_PILOT_REC_INCL;
   std::uint8_t PILOT_REC_TYPE;
   std::uint8_t RECORD_LEN;
-  PilotRec REC;
+  fwd::AddPilotRec REC;
   std::uint8_t PWR_COMB_IND;
   std::uint16_t CODE_CHAN_FCH;
   std::uint8_t QOF_MASK_ID_FCH;
@@ -798,7 +725,7 @@ void layout(W& w, AsrPilot& r, const AsrCtx& c) {
     if (!w.need(3)) return;
     w.u(r.SRCH_OFFSET, "SRCH_OFFSET", 3);
   }
-  if (!add_pilot_rec(w, r, "PILOT_REC_TYPE")) return;
+  if (!add_pilot_rec(w, r, "PILOT_REC_TYPE", c)) return;
   if (!w.need(1)) return;
   w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
   if (asr_fch(ch_ind)) {
@@ -1085,7 +1012,7 @@ struct ExtPilot {
   std::uint8_t ADD_PILOT_REC_INCL;
   std::uint8_t PILOT_REC_TYPE;
   std::uint8_t RECORD_LEN;
-  PilotRec REC;
+  fwd::AddPilotRec REC;
   std::uint8_t FOR_PDCH_INCL;
   std::uint8_t WALSH_TABLE_ID;
   std::uint8_t NUM_PDCCH;   // records sent: NUM_PDCCH + 1
@@ -1112,7 +1039,7 @@ void layout(W& w, ExtPilot& r, const ExtAsrCtx& c) {
     if (!w.need(3)) return;
     w.u(r.SRCH_OFFSET, "SRCH_OFFSET", 3);
   }
-  if (!add_pilot_rec(w, r, "PILOT_REC_TYPE")) return;
+  if (!add_pilot_rec(w, r, "PILOT_REC_TYPE", c)) return;
   if (!w.need(1)) return;
   w.u(r.FOR_PDCH_INCL, "FOR_PDCH_INCL", 1);
   // Without common packet data parameters each pilot names its own control channels.
@@ -1730,16 +1657,16 @@ struct EscamSupSho {
   std::uint8_t ADD_PILOT_REC_INCL;
   std::uint8_t PILOT_REC_TYPE;
   std::uint8_t RECORD_LEN;
-  PilotRec REC;
+  fwd::AddPilotRec REC;
   std::uint16_t CODE_CHAN_SCH;
   std::uint8_t QOF_MASK_ID_SCH;
 };
 
 template <class W>
-void layout(W& w, EscamSupSho& r, const Ctx&) {
+void layout(W& w, EscamSupSho& r, const Ctx& c) {
   if (!w.need(9)) return;
   w.u(r.PILOT_PN, "PILOT_PN", 9);
-  if (!add_pilot_rec(w, r, "ACTIVE_PILOT_REC_TYPE")) return;
+  if (!add_pilot_rec(w, r, "ACTIVE_PILOT_REC_TYPE", c)) return;
   if (!w.need(13)) return;
   w.u(r.CODE_CHAN_SCH, "CODE_CHAN_SCH", 11);
   w.u(r.QOF_MASK_ID_SCH, "QOF_MASK_ID_SCH", 2);

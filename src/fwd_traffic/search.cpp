@@ -217,86 +217,10 @@ void layout(W& w, FD_NLUM& r, const Ctx&) {
 
 // ---- Additional pilot records (C.S0005 3.7.2.3.2.x pilot record types) ---------------
 
-// The type-specific fields of a neighbour's additional pilot. `type` is a copy of the
-// NGHBR_PILOT_REC_TYPE read before the record, kept for the printer; it is not a field.
-// The record is RECORD_LEN octets whatever the type reads.
-struct AddPilotFields {
-  std::uint8_t type;
-  std::uint8_t TD_POWER_LEVEL;
-  std::uint8_t TD_MODE;
-  std::uint8_t SR3_PRIMARY_PILOT;
-  std::uint8_t SR3_PILOT_POWER1;
-  std::uint8_t SR3_PILOT_POWER2;
-  std::uint8_t QOF;
-  std::uint8_t WALSH_LENGTH;
-  std::uint16_t AUX_PILOT_WALSH;
-  std::uint8_t AUX_TD_POWER_LEVEL;
-  std::uint8_t ADD_INFO_INCL1;
-  std::uint8_t QOF1;
-  std::uint8_t WALSH_LENGTH1;
-  std::uint16_t AUX_PILOT_WALSH1;
-  std::uint8_t ADD_INFO_INCL2;
-  std::uint8_t QOF2;
-  std::uint8_t WALSH_LENGTH2;
-  std::uint16_t AUX_PILOT_WALSH2;
-};
-
-// An auxiliary pilot's Walsh code: QOF, WALSH_LENGTH and a code of 6 + WALSH_LENGTH bits.
-template <class W>
-bool aux_walsh(W& w, std::uint8_t& qof, const char* qof_name, std::uint8_t& len, const char* len_name,
-               std::uint16_t& walsh, const char* walsh_name) {
-  if (!w.need(5)) return false;
-  w.u(qof, qof_name, 2);
-  w.u(len, len_name, 3);
-  if (!w.need(6u + len)) return false;
-  w.u(walsh, walsh_name, 6u + len);
-  return true;
-}
-
-template <class W>
-void layout(W& w, AddPilotFields& r, const Ctx&) {
-  switch (r.type) {
-    case 0:   // 1X common pilot with transmit diversity
-      if (!w.need(4)) return;
-      w.u(r.TD_POWER_LEVEL, "TD_POWER_LEVEL", 2);
-      w.u(r.TD_MODE, "TD_MODE", 2);
-      break;
-    case 1:   // 1X auxiliary pilot
-      aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
-      break;
-    case 2:   // 1X auxiliary pilot with transmit diversity
-      if (!aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_WALSH")) return;
-      if (!w.need(4)) return;
-      w.u(r.AUX_TD_POWER_LEVEL, "AUX_TD_POWER_LEVEL", 2);
-      w.u(r.TD_MODE, "TD_MODE", 2);
-      break;
-    case 3:   // 3X common pilot
-    case 4:   // 3X auxiliary pilot
-      if (!w.need(8)) return;
-      w.u(r.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2);
-      w.u(r.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3);
-      w.u(r.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3);
-      if (r.type == 3) return;
-      if (!aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH")) return;
-      if (!w.need(1)) return;
-      w.u(r.ADD_INFO_INCL1, "ADD_INFO_INCL1", 1);
-      if (r.ADD_INFO_INCL1 &&
-          !aux_walsh(w, r.QOF1, "QOF1", r.WALSH_LENGTH1, "WALSH_LENGTH1", r.AUX_PILOT_WALSH1, "AUX_PILOT_WALSH1"))
-        return;
-      if (!w.need(1)) return;
-      w.u(r.ADD_INFO_INCL2, "ADD_INFO_INCL2", 1);
-      if (r.ADD_INFO_INCL2)
-        aux_walsh(w, r.QOF2, "QOF2", r.WALSH_LENGTH2, "WALSH_LENGTH2", r.AUX_PILOT_WALSH2, "AUX_PILOT_WALSH2");
-      break;
-    default:
-      break;   // reserved types: RECORD_LEN carries the walk past them
-  }
-}
-
 // ADD_PILOT_REC_INCL and, when set, NGHBR_PILOT_REC_TYPE, RECORD_LEN and the record under
 // `header`. Shared by ENLUM and CFSRQM.
 template <class W>
-bool add_pilot_rec(W& w, std::uint8_t& incl, std::uint8_t& type, std::uint8_t& len, AddPilotFields& rec,
+bool add_pilot_rec(W& w, std::uint8_t& incl, std::uint8_t& type, std::uint8_t& len, fwd::AddPilotRec& rec,
                    const char* header, const Ctx& c) {
   if (!w.need(1)) return false;
   w.u(incl, "ADD_PILOT_REC_INCL", 1);
@@ -304,11 +228,12 @@ bool add_pilot_rec(W& w, std::uint8_t& incl, std::uint8_t& type, std::uint8_t& l
   if (!w.need(6)) return false;
   w.u(type, "NGHBR_PILOT_REC_TYPE", 3);
   w.u(len, "RECORD_LEN", 3);
-  // The record's layout depends on the type read just before it.
-  if constexpr (W::kReading) rec.type = type;
   if (len == 0) return true;
   if (!w.need(8u * len)) return false;
-  return w.sized("TypeSpecificFields", header, rec, 8u * len, c);
+  fwd::AddPilotCtx pc{};
+  static_cast<Ctx&>(pc) = c;
+  pc.pilot_rec_type = type;   // the record's layout depends on the type read just before it
+  return w.sized("TypeSpecificFields", header, rec, 8u * len, pc);
 }
 
 // NGHBR_SRCH_MODE / CF_NGHBR_SRCH_MODE: '01' priorities, '10' windows, '11' both.
@@ -367,7 +292,7 @@ struct FD_ENLUM_ADD_NGHBR {
   std::uint8_t ADD_PILOT_REC_INCL;
   std::uint8_t NGHBR_PILOT_REC_TYPE;
   std::uint8_t RECORD_LEN;
-  AddPilotFields TYPE_SPECIFIC_FIELDS;
+  fwd::AddPilotRec TYPE_SPECIFIC_FIELDS;
   std::uint8_t SRCH_OFFSET_NGHBR;
 };
 
