@@ -330,6 +330,29 @@ TEST(OverheadLists, GlobalServiceRedirectionRecordsAndRevisions) {
   }
 }
 
+TEST(OverheadLists, ExtendedGlobalServiceRedirectionLaterRecordsAreRefused) {
+  // P_REV 11 appends more redirection records after the first, in a form not laid out here: the
+  // first record is shown and the message refused; P_REV 10 ends cleanly after it.
+  Bits m;
+  m.put(5, 9).put(1, 6).put(3, 16).put(0, 3).put(1, 8).put(3, 8).put(123, 15).put(1, 1).put(5, 3).put(17, 5);
+  m.put(0xa5, 8);   // whatever a later revision sends next
+  const std::string first = lines({"FC_EGSRDM", "{", "   PILOT_PN = 5", "   CONFIG_MSG_SEQ = 1",
+                                   "   REDIRECT_ACCOLC = 3", "   RETURN_IF_FAIL = 0", "   DELETE_TMSI = 0",
+                                   "   REDIRECT_P_REV_INCL = 0", "   RECORD_TYPE = 1", "   RECORD_LEN = 3",
+                                   "   TYPE_001 = FC_EGSRDM_TYPE_001", "   {", "      EXPECTED_SID = 123",
+                                   "      IGNORE_CDMA = 1", "      SYS_ORDERING = 5", "      MAX_REDIRECT_DELAY = 17",
+                                   "   }", "}"});
+  const struct {
+    std::uint8_t p_rev;
+    Rc rc;
+  } cases[] = {{10, Rc::ok}, {11, Rc::count}};
+  for (const auto& k : cases) {
+    Body b = run(26, k.p_rev, 1, m);
+    EXPECT_EQ(b.rc, k.rc) << int(k.p_rev);
+    EXPECT_EQ(b.text, first) << int(k.p_rev);
+  }
+}
+
 TEST(OverheadLists, ExtendedGlobalServiceRedirectionAnalogAndUnknownRecords) {
   Bits m;
   m.put(5, 9).put(1, 6).put(3, 16).put(0, 1).put(1, 1).put(1, 1).put(1, 1).put(6, 8).put(9, 8);

@@ -749,20 +749,53 @@ std::string mcrr_rel_c(Bits& b, bool cch, bool pdch) {
   return t;
 }
 
+// Release D: the extended system parameters' groups, with the R-PDCH parameters when `pdch`,
+// SDB_IN_RCNM_IND when `sdb_in_rcnm` and two candidate band classes when `cand`.
+std::string mcrr_rel_d(Bits& b, bool pdch, bool sdb_in_rcnm, bool cand) {
+  std::string t;
+  put(b, t, {{"NEG_SLOT_CYCLE_INDEX_SUP", 1, 1}, {"RER_MODE_SUPPORTED", 1, 0}, {"AUTO_FCSO_ALLOWED", 1, 1},
+             {"SENDING_BSPM", 1, 1}, {"BSPM_PERIOD_INDEX", 4, 9}});
+  if (pdch) {
+    put(b, t, {{"REV_PDCH_SUPPORTED", 1, 1}, {"REV_PDCH_PARMS_INCL", 1, 1}, {"REV_PDCH_RLGAIN_INCL", 1, 1},
+               {"RLGAIN_SPICH_PILOT", 6, 50}, {"RLGAIN_REQCH_PILOT", 6, 51}, {"RLGAIN_PDCCH_PILOT", 6, 52},
+               {"REV_PDCH_PARMS_1_INCL", 1, 1}, {"REV_PDCH_TABLE_SEL", 1, 1}, {"REV_PDCH_MAX_AUTO_TPR", 8, 170},
+               {"REV_PDCH_NUM_ARQ_ROUNDS_NORMAL", 2, 2}, {"REV_PDCH_OPER_PARMS_INCL", 1, 1},
+               {"REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET", 4, 11}, {"REV_PDCH_DEFAULT_PERSISTENCE", 1, 1},
+               {"REV_PDCH_RESET_PERSISTENCE", 1, 0}, {"REV_PDCH_GRANT_PRECEDENCE", 1, 1},
+               {"REV_PDCH_MSIB_SUPPORTED", 1, 0}, {"REV_PDCH_SOFT_SWITCHING_RESET_IND", 1, 1}});
+  }
+  if (sdb_in_rcnm) put(b, t, {{"SDB_IN_RCNM_IND", 1, 1}});
+  put(b, t, {{"CAND_BAND_INFO_REQ", 1, cand}});
+  if (cand) {
+    put(b, t, {{"NUM_CAND_BAND_CLASS", 3, 1}});
+    t += "   CAND_BAND_CLASSs[0] = FC_MCRRPM_CAND_BAND_CLASSs\n   {\n";
+    put(b, t, {{"CAND_BAND_CLASS", 5, 6}, {"SUBCLASS_INFO_INCL", 1, 1}, {"SUBCLASS_REC_LEN", 5, 1}}, 6);
+    b.put(1, 1).put(0, 1);
+    t += "      BAND_SUBCLASS_IND[0] = 1\n      BAND_SUBCLASS_IND[1] = 0\n";
+    t += "   }\n   CAND_BAND_CLASSs[1] = FC_MCRRPM_CAND_BAND_CLASSs\n   {\n";
+    put(b, t, {{"CAND_BAND_CLASS", 5, 15}, {"SUBCLASS_INFO_INCL", 1, 0}}, 6);
+    t += "   }\n";
+  }
+  put(b, t, {{"RESCAN", 1, 1}, {"TX_PWR_LIMIT_INCL", 1, 1}, {"TX_PWR_LIMIT", 6, 45}, {"BYPASS_REG_IND", 2, 2}});
+  return t;
+}
+
 TEST(OverheadParams, McRrParametersLaterReleasesFollowTheMessageRevision) {
   const struct Case {
     const char* what;
     std::uint8_t ctx_p_rev, msg_p_rev;
-    bool cch, pdch;
+    bool cch, pdch, cand;
     Rc rc;
   } cases[] = {
-      {"release B with common channel information", 8, 8, true, false, Rc::ok},
-      {"release B without it: no band class request", 8, 8, false, false, Rc::ok},
-      {"release C with the F-PDCH and two Walsh codes", 9, 9, true, true, Rc::ok},
-      {"release C without common channels: no IMSI_10", 9, 9, false, false, Rc::ok},
-      {"the message's own revision rules, not the caller's", 9, 7, true, true, Rc::ok},
-      {"release D: everything known is shown, then refused", 10, 10, true, true, Rc::count},
-      {"release E likewise", 11, 11, false, true, Rc::count},
+      {"release B with common channel information", 8, 8, true, false, false, Rc::ok},
+      {"release B without it: no band class request", 8, 8, false, false, false, Rc::ok},
+      {"release C with the F-PDCH and two Walsh codes", 9, 9, true, true, false, Rc::ok},
+      {"release C without common channels: no IMSI_10", 9, 9, false, false, false, Rc::ok},
+      {"the message's own revision rules, not the caller's", 9, 7, true, true, false, Rc::ok},
+      {"release D with the R-PDCH, SDB in reconnect and candidate bands", 10, 10, true, true, true, Rc::ok},
+      {"release D without F-PDCH or common channels", 10, 10, false, false, false, Rc::ok},
+      {"release D rules follow the message, not the caller", 9, 10, true, false, true, Rc::ok},
+      {"release E: two more flags are shown, then refused", 11, 11, false, true, false, Rc::count},
   };
   for (const Case& k : cases) {
     Bits b;
@@ -770,26 +803,54 @@ TEST(OverheadParams, McRrParametersLaterReleasesFollowTheMessageRevision) {
     if (k.cch) want += mcrr_cch(b, false, 3);
     if (k.msg_p_rev >= 8) want += mcrr_rel_b(b, k.cch);
     if (k.msg_p_rev >= 9) want += mcrr_rel_c(b, k.cch, k.pdch);
+    // RECONNECT_MSG_IND is 1, and SDB_SUPPORTED is 1 whenever the common channel information is sent.
+    if (k.msg_p_rev >= 10) want += mcrr_rel_d(b, k.pdch, k.cch, k.cand);
+    if (k.msg_p_rev >= 11) put(b, want, {{"RC_BITMAP_CAPABILITY_EXT_ALLOWED", 1, 1}, {"CRRM_MSG_IND", 1, 0}});
     b.put(0x5A, 8);   // whatever follows; read only by releases not laid out here
     auto r = run_bits(30, k.ctx_p_rev, 0, b);
     EXPECT_EQ(r.rc, k.rc) << k.what;
     if (k.rc == Rc::ok) {
       EXPECT_EQ(r.used, b.size() - 8) << k.what;
     }
+    if (k.msg_p_rev == 10) {   // cut inside BYPASS_REG_IND: short, not refused
+      EXPECT_EQ(run(30, k.ctx_p_rev, 0, b.message(0), 0, b.size() - 9).rc, Rc::short_msg) << k.what;
+    }
     EXPECT_EQ(r.text, want + "}\n") << k.what;
   }
 }
 
-TEST(OverheadParams, McRrParametersUnknownOptionalMessagesOfLaterReleasesAreRefused) {
-  // From release D on, the optional-message flags past the fourth may be named fields: the
+TEST(OverheadParams, McRrParametersOptionalMessageFlagsByRelease) {
+  // Release D: flags past the fourth may be named fields this decoder does not know; the
   // message is refused right there, and nothing after them is shown.
-  Bits b;
-  std::string want = mcrr_head(b, 10, false, true);
-  want += mcrr_cch(b, false, 5);
-  auto r = run_bits(30, 10, 0, b);
-  EXPECT_EQ(r.rc, Rc::count);
-  want.erase(want.rfind("   PILOT_INFO_REQ_SUPPORTED"));
-  EXPECT_EQ(r.text, want + "}\n");
+  {
+    Bits b;
+    std::string want = mcrr_head(b, 10, false, true);
+    want += mcrr_cch(b, false, 5);
+    auto r = run_bits(30, 10, 0, b);
+    EXPECT_EQ(r.rc, Rc::count);
+    want.erase(want.rfind("   PILOT_INFO_REQ_SUPPORTED"));
+    EXPECT_EQ(r.text, want + "}\n");
+  }
+  // Release E names eleven flags (mcrr_cch sends the ones past the fourth as 1); a twelfth is
+  // reserved and passed over.
+  {
+    Bits b;
+    std::string want = mcrr_head(b, 11, false, true);
+    std::string cch = mcrr_cch(b, false, 12);
+    std::string named;
+    for (const char* n : {"AP_PILOT_INFO", "AP_IDT", "AP_ID_TEXT", "GEN_OVHD_INF_IND", "FD_CHAN_LST_IND",
+                          "ATIM_IND", "FREQ_GEN_OVHD_INF_IND"})
+      named += std::string("   ") + n + " = 1\n";
+    cch.insert(cch.find("   PILOT_INFO_REQ_SUPPORTED"), named);
+    want += cch;   // one statement per builder: each appends to b in air order
+    want += mcrr_rel_b(b, true);
+    want += mcrr_rel_c(b, true, false);
+    want += mcrr_rel_d(b, false, true, false);
+    put(b, want, {{"RC_BITMAP_CAPABILITY_EXT_ALLOWED", 1, 0}, {"CRRM_MSG_IND", 1, 1}});
+    auto r = run_bits(30, 11, 0, b);
+    EXPECT_EQ(r.rc, Rc::count);   // refused where APPIM_PERIOD_INDEX begins
+    EXPECT_EQ(r.text, want + "}\n");
+  }
 }
 
 TEST(OverheadParams, OtherIdentifiersGoToTheListMessages) {

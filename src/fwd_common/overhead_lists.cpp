@@ -675,6 +675,10 @@ void layout(W& w, FC_EGSRDM& r, const Ctx& c) {
     w.u(r.REDIRECT_P_MAX, "REDIRECT_P_MAX", 8);
   }
   redirection(w, r.rec, labels, headers, c);
+  // From P_REV 11 the redirection record is followed by LAST_SEARCH_RECORD_IND, NUM_ADD_RECORD
+  // and further records. NUM_ADD_RECORD's width (and when the pair is sent) is not known here:
+  // the message is shown up to its first record and refused (result 1).
+  if (c.p_rev >= 11) (void)w.reject(Rc::count);
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -389,6 +389,81 @@ bool cdma_off_time_rep(W& w, R& r) {
   return true;
 }
 
+// The reverse packet data channel parameters of release D, sent when the forward packet data
+// channel is supported; the extended system and the MC-RR parameters messages carry them alike.
+template <class W, class R>
+bool rev_pdch(W& w, R& r) {
+  if (!w.need(1)) return false;
+  w.u(r.REV_PDCH_SUPPORTED, "REV_PDCH_SUPPORTED", 1);
+  if (!r.REV_PDCH_SUPPORTED) return true;
+  if (!w.need(1)) return false;
+  w.u(r.REV_PDCH_PARMS_INCL, "REV_PDCH_PARMS_INCL", 1);
+  if (!r.REV_PDCH_PARMS_INCL) return true;
+  if (!w.need(1)) return false;
+  w.u(r.REV_PDCH_RLGAIN_INCL, "REV_PDCH_RLGAIN_INCL", 1);
+  if (r.REV_PDCH_RLGAIN_INCL) {
+    if (!w.need(18)) return false;
+    w.u(r.RLGAIN_SPICH_PILOT, "RLGAIN_SPICH_PILOT", 6);
+    w.u(r.RLGAIN_REQCH_PILOT, "RLGAIN_REQCH_PILOT", 6);
+    w.u(r.RLGAIN_PDCCH_PILOT, "RLGAIN_PDCCH_PILOT", 6);
+  }
+  if (!w.need(1)) return false;
+  w.u(r.REV_PDCH_PARMS_1_INCL, "REV_PDCH_PARMS_1_INCL", 1);
+  if (r.REV_PDCH_PARMS_1_INCL) {
+    if (!w.need(11)) return false;
+    w.u(r.REV_PDCH_TABLE_SEL, "REV_PDCH_TABLE_SEL", 1);
+    w.u(r.REV_PDCH_MAX_AUTO_TPR, "REV_PDCH_MAX_AUTO_TPR", 8);
+    w.u(r.REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, "REV_PDCH_NUM_ARQ_ROUNDS_NORMAL", 2);
+  }
+  if (!w.need(1)) return false;
+  w.u(r.REV_PDCH_OPER_PARMS_INCL, "REV_PDCH_OPER_PARMS_INCL", 1);
+  if (r.REV_PDCH_OPER_PARMS_INCL) {
+    if (!w.need(9)) return false;
+    w.u(r.REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET, "REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET", 4);
+    w.u(r.REV_PDCH_DEFAULT_PERSISTENCE, "REV_PDCH_DEFAULT_PERSISTENCE", 1);
+    w.u(r.REV_PDCH_RESET_PERSISTENCE, "REV_PDCH_RESET_PERSISTENCE", 1);
+    w.u(r.REV_PDCH_GRANT_PRECEDENCE, "REV_PDCH_GRANT_PRECEDENCE", 1);
+    w.u(r.REV_PDCH_MSIB_SUPPORTED, "REV_PDCH_MSIB_SUPPORTED", 1);
+    w.u(r.REV_PDCH_SOFT_SWITCHING_RESET_IND, "REV_PDCH_SOFT_SWITCHING_RESET_IND", 1);
+  }
+  return true;
+}
+
+template <class W, class R>
+bool sending_bspm(W& w, R& r) {
+  if (!w.need(1)) return false;
+  w.u(r.SENDING_BSPM, "SENDING_BSPM", 1);
+  if (r.SENDING_BSPM) {
+    if (!w.need(4)) return false;
+    w.u(r.BSPM_PERIOD_INDEX, "BSPM_PERIOD_INDEX", 4);
+  }
+  return true;
+}
+
+template <class W, class R>
+bool cand_bands(W& w, R& r, const Ctx& c, const char* header) {
+  if (!w.need(1)) return false;
+  w.u(r.CAND_BAND_INFO_REQ, "CAND_BAND_INFO_REQ", 1);
+  if (!r.CAND_BAND_INFO_REQ) return true;
+  if (!w.need(3)) return false;
+  w.u(r.NUM_CAND_BAND_CLASS, "NUM_CAND_BAND_CLASS", 3);
+  // NUM_CAND_BAND_CLASS is one less than the number of candidate band classes.
+  return w.counted("CAND_BAND_CLASSs", header, r.CAND_BAND_CLASSs, r.NUM_CAND_BAND_CLASS + 1u, c);
+}
+
+template <class W, class R>
+bool tx_pwr_limit_bypass(W& w, R& r) {
+  if (!w.need(1)) return false;
+  w.u(r.TX_PWR_LIMIT_INCL, "TX_PWR_LIMIT_INCL", 1);
+  if (r.TX_PWR_LIMIT_INCL) {
+    if (!w.need(6)) return false;
+    w.u(r.TX_PWR_LIMIT, "TX_PWR_LIMIT", 6);
+  }
+  if (!w.need(2)) return false;
+  w.u(r.BYPASS_REG_IND, "BYPASS_REG_IND", 2);
+  return true;
+}
+
 // A candidate band class the mobile station is asked about (P_REV 10).
 struct FC_ESPM_CAND_BAND_CLASS {
   u8 CAND_BAND_CLASS, SUBCLASS_INFO_INCL, SUBCLASS_REC_LEN;
@@ -616,70 +691,14 @@ void layout(W& w, FC_ESPM& r, const Ctx& c) {
   if (!ext_pref_msid(w, r)) return;
   if (!w.need(1)) return;
   w.u(r.AUTO_FCSO_ALLOWED, "AUTO_FCSO_ALLOWED", 1);
-  if (r.FOR_PDCH_SUPPORTED) {
-    if (!w.need(1)) return;
-    w.u(r.REV_PDCH_SUPPORTED, "REV_PDCH_SUPPORTED", 1);
-    if (r.REV_PDCH_SUPPORTED) {
-      if (!w.need(1)) return;
-      w.u(r.REV_PDCH_PARMS_INCL, "REV_PDCH_PARMS_INCL", 1);
-      if (r.REV_PDCH_PARMS_INCL) {
-        if (!w.need(1)) return;
-        w.u(r.REV_PDCH_RLGAIN_INCL, "REV_PDCH_RLGAIN_INCL", 1);
-        if (r.REV_PDCH_RLGAIN_INCL) {
-          if (!w.need(18)) return;
-          w.u(r.RLGAIN_SPICH_PILOT, "RLGAIN_SPICH_PILOT", 6);
-          w.u(r.RLGAIN_REQCH_PILOT, "RLGAIN_REQCH_PILOT", 6);
-          w.u(r.RLGAIN_PDCCH_PILOT, "RLGAIN_PDCCH_PILOT", 6);
-        }
-        if (!w.need(1)) return;
-        w.u(r.REV_PDCH_PARMS_1_INCL, "REV_PDCH_PARMS_1_INCL", 1);
-        if (r.REV_PDCH_PARMS_1_INCL) {
-          if (!w.need(11)) return;
-          w.u(r.REV_PDCH_TABLE_SEL, "REV_PDCH_TABLE_SEL", 1);
-          w.u(r.REV_PDCH_MAX_AUTO_TPR, "REV_PDCH_MAX_AUTO_TPR", 8);
-          w.u(r.REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, "REV_PDCH_NUM_ARQ_ROUNDS_NORMAL", 2);
-        }
-        if (!w.need(1)) return;
-        w.u(r.REV_PDCH_OPER_PARMS_INCL, "REV_PDCH_OPER_PARMS_INCL", 1);
-        if (r.REV_PDCH_OPER_PARMS_INCL) {
-          if (!w.need(9)) return;
-          w.u(r.REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET, "REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET", 4);
-          w.u(r.REV_PDCH_DEFAULT_PERSISTENCE, "REV_PDCH_DEFAULT_PERSISTENCE", 1);
-          w.u(r.REV_PDCH_RESET_PERSISTENCE, "REV_PDCH_RESET_PERSISTENCE", 1);
-          w.u(r.REV_PDCH_GRANT_PRECEDENCE, "REV_PDCH_GRANT_PRECEDENCE", 1);
-          w.u(r.REV_PDCH_MSIB_SUPPORTED, "REV_PDCH_MSIB_SUPPORTED", 1);
-          w.u(r.REV_PDCH_SOFT_SWITCHING_RESET_IND, "REV_PDCH_SOFT_SWITCHING_RESET_IND", 1);
-        }
-      }
-    }
-  }
+  if (r.FOR_PDCH_SUPPORTED && !rev_pdch(w, r)) return;
   if (r.RECONNECT_MSG_IND && r.SDB_SUPPORTED) {
     if (!w.need(1)) return;
     w.u(r.SDB_IN_RCNM_IND, "SDB_IN_RCNM_IND", 1);
   }
-  if (!w.need(1)) return;
-  w.u(r.SENDING_BSPM, "SENDING_BSPM", 1);
-  if (r.SENDING_BSPM) {
-    if (!w.need(4)) return;
-    w.u(r.BSPM_PERIOD_INDEX, "BSPM_PERIOD_INDEX", 4);
-  }
-  if (!w.need(1)) return;
-  w.u(r.CAND_BAND_INFO_REQ, "CAND_BAND_INFO_REQ", 1);
-  if (r.CAND_BAND_INFO_REQ) {
-    if (!w.need(3)) return;
-    w.u(r.NUM_CAND_BAND_CLASS, "NUM_CAND_BAND_CLASS", 3);
-    if (!w.counted("CAND_BAND_CLASSs", "FC_ESPM_CAND_BAND_CLASSs", r.CAND_BAND_CLASSs, r.NUM_CAND_BAND_CLASS + 1u,
-                   c))
-      return;
-  }
-  if (!w.need(1)) return;
-  w.u(r.TX_PWR_LIMIT_INCL, "TX_PWR_LIMIT_INCL", 1);
-  if (r.TX_PWR_LIMIT_INCL) {
-    if (!w.need(6)) return;
-    w.u(r.TX_PWR_LIMIT, "TX_PWR_LIMIT", 6);
-  }
-  if (!w.need(2)) return;
-  w.u(r.BYPASS_REG_IND, "BYPASS_REG_IND", 2);
+  if (!sending_bspm(w, r)) return;
+  if (!cand_bands(w, r, c, "FC_ESPM_CAND_BAND_CLASSs")) return;
+  tx_pwr_limit_bypass(w, r);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -844,14 +863,29 @@ struct FC_MCRRPM {
   u8 PDCH_SOFT_SWITCHING_DELAY, PDCH_SOFTER_SWITCHING_DELAY, WALSH_TABLE_ID, NUM_PDCCH;
   PoolArray<FC_ESPM_PDCCH_WALSH> PDCCH_WALSHs;
   u8 IMSI_10_INCL, IMSI_10;
+  // release D
+  u8 NEG_SLOT_CYCLE_INDEX_SUP, RER_MODE_SUPPORTED, AUTO_FCSO_ALLOWED, SENDING_BSPM, BSPM_PERIOD_INDEX;
+  u8 REV_PDCH_SUPPORTED, REV_PDCH_PARMS_INCL, REV_PDCH_RLGAIN_INCL;
+  u8 RLGAIN_SPICH_PILOT, RLGAIN_REQCH_PILOT, RLGAIN_PDCCH_PILOT;
+  u8 REV_PDCH_PARMS_1_INCL, REV_PDCH_TABLE_SEL, REV_PDCH_MAX_AUTO_TPR, REV_PDCH_NUM_ARQ_ROUNDS_NORMAL;
+  u8 REV_PDCH_OPER_PARMS_INCL, REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET, REV_PDCH_DEFAULT_PERSISTENCE;
+  u8 REV_PDCH_RESET_PERSISTENCE, REV_PDCH_GRANT_PRECEDENCE, REV_PDCH_MSIB_SUPPORTED;
+  u8 REV_PDCH_SOFT_SWITCHING_RESET_IND;
+  u8 SDB_IN_RCNM_IND, CAND_BAND_INFO_REQ, NUM_CAND_BAND_CLASS;
+  PoolArray<FC_ESPM_CAND_BAND_CLASS> CAND_BAND_CLASSs;
+  u8 RESCAN, TX_PWR_LIMIT_INCL, TX_PWR_LIMIT, BYPASS_REG_IND;
+  // release E
+  u8 AP_PILOT_INFO, AP_IDT, AP_ID_TEXT, GEN_OVHD_INF_IND, FD_CHAN_LST_IND, ATIM_IND, FREQ_GEN_OVHD_INF_IND;
+  u8 RC_BITMAP_CAPABILITY_EXT_ALLOWED, CRRM_MSG_IND;
 };
 
-// Messages of release D and later append groups this decoder does not lay out; such a message
-// is refused (result 1) where its unknown part begins, after everything before it was shown.
-constexpr u8 kMcrrFirstUnknownRev = 10;
+// Release E goes on after CRRM_MSG_IND with APPIM_PERIOD_INDEX, whose width this decoder does
+// not know: such a message is refused (result 1) there, after everything before it was shown.
+constexpr u8 kMcrrRelD = 10, kMcrrRelE = 11;
 
 // NUM_OPT_MSG counts the one-bit "this optional message is sent" flags that follow. Up to
-// release C four are named and the rest are reserved; later releases name more of them.
+// release C four are named and the rest are reserved; release E names eleven. Whether release D
+// names any past the fourth is not known here, so such a message is refused at them.
 template <class W>
 bool optional_messages(W& w, FC_MCRRPM& r) {
   const struct {
@@ -860,17 +894,25 @@ bool optional_messages(W& w, FC_MCRRPM& r) {
   } flags[] = {{&FC_MCRRPM::SENDING_RAND, "SENDING_RAND"},
                {&FC_MCRRPM::PRI_NGHBR_LIST, "PRI_NGHBR_LIST"},
                {&FC_MCRRPM::USER_ZONE_ID, "USER_ZONE_ID"},
-               {&FC_MCRRPM::EXT_GLOBAL_REDIRECT, "EXT_GLOBAL_REDIRECT"}};
-  const unsigned named = r.NUM_OPT_MSG < 4 ? r.NUM_OPT_MSG : 4u;
+               {&FC_MCRRPM::EXT_GLOBAL_REDIRECT, "EXT_GLOBAL_REDIRECT"},
+               {&FC_MCRRPM::AP_PILOT_INFO, "AP_PILOT_INFO"},
+               {&FC_MCRRPM::AP_IDT, "AP_IDT"},
+               {&FC_MCRRPM::AP_ID_TEXT, "AP_ID_TEXT"},
+               {&FC_MCRRPM::GEN_OVHD_INF_IND, "GEN_OVHD_INF_IND"},
+               {&FC_MCRRPM::FD_CHAN_LST_IND, "FD_CHAN_LST_IND"},
+               {&FC_MCRRPM::ATIM_IND, "ATIM_IND"},
+               {&FC_MCRRPM::FREQ_GEN_OVHD_INF_IND, "FREQ_GEN_OVHD_INF_IND"}};
+  const unsigned known = r.P_REV >= kMcrrRelE ? 11u : 4u;
+  const unsigned named = r.NUM_OPT_MSG < known ? r.NUM_OPT_MSG : known;
   if (!w.need(named)) return false;
   for (unsigned k = 0; k < named; ++k) w.u(r.*flags[k].field, flags[k].name, 1);
-  if (r.NUM_OPT_MSG <= 4) return true;
-  if (r.P_REV >= kMcrrFirstUnknownRev) {
+  if (r.NUM_OPT_MSG <= known) return true;
+  if (r.P_REV == kMcrrRelD) {
     (void)w.reject(Rc::count);
     return false;
   }
-  if (!w.need(r.NUM_OPT_MSG - 4u)) return false;
-  w.skip(r.NUM_OPT_MSG - 4u);   // reserved
+  if (!w.need(r.NUM_OPT_MSG - known)) return false;
+  w.skip(r.NUM_OPT_MSG - known);   // reserved
   return true;
 }
 
@@ -1033,7 +1075,32 @@ void layout(W& w, FC_MCRRPM& r, const Ctx& c) {
   if (!for_pdch(w, r, c, "FC_MCRRPM_PDCCH_WALSHs")) return;
   if (r.CCH_INFO_INCL && !imsi_10(w, r)) return;
 
-  if (r.P_REV >= kMcrrFirstUnknownRev) (void)w.reject(Rc::count);
+  // Release D: the groups of the extended system parameters, led by the negative slot cycle
+  // index of the system parameters; here SENDING_BSPM comes before the R-PDCH group and RESCAN
+  // before the transmit power limit.
+  if (r.P_REV < kMcrrRelD) return;
+  if (!w.need(3)) return;
+  w.u(r.NEG_SLOT_CYCLE_INDEX_SUP, "NEG_SLOT_CYCLE_INDEX_SUP", 1);
+  w.u(r.RER_MODE_SUPPORTED, "RER_MODE_SUPPORTED", 1);
+  w.u(r.AUTO_FCSO_ALLOWED, "AUTO_FCSO_ALLOWED", 1);
+  if (!sending_bspm(w, r)) return;
+  if (r.FOR_PDCH_SUPPORTED && !rev_pdch(w, r)) return;
+  // SDB_SUPPORTED is part of the common channel information; without it the zeroed record
+  // reads 0 and the indicator is absent.
+  if (r.RECONNECT_MSG_IND && r.SDB_SUPPORTED) {
+    if (!w.need(1)) return;
+    w.u(r.SDB_IN_RCNM_IND, "SDB_IN_RCNM_IND", 1);
+  }
+  if (!cand_bands(w, r, c, "FC_MCRRPM_CAND_BAND_CLASSs")) return;
+  if (!w.need(1)) return;
+  w.u(r.RESCAN, "RESCAN", 1);
+  if (!tx_pwr_limit_bypass(w, r)) return;
+
+  if (r.P_REV < kMcrrRelE) return;
+  if (!w.need(2)) return;
+  w.u(r.RC_BITMAP_CAPABILITY_EXT_ALLOWED, "RC_BITMAP_CAPABILITY_EXT_ALLOWED", 1);
+  w.u(r.CRRM_MSG_IND, "CRRM_MSG_IND", 1);
+  (void)w.reject(Rc::count);   // APPIM_PERIOD_INDEX is next
 }
 
 // ---------------------------------------------------------------------------------------------
