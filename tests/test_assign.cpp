@@ -275,6 +275,7 @@ TEST(Assign, ExtendedIs2000TrafficAssignment) {
     b.put(0, 1).put(0, 1);                     // MSG_INT_INFO_INCL, PLCM_TYPE_INCL
     b.put(1, 1).put(2, 4).put(0xABCD, 16);     // SYNC_ID
     b.put(0, 1);                               // EARLY_RL_TRANSMIT_IND
+    b.put(1, 1).put(23, 6);                    // TX_PWR_LIMIT_INCL, TX_PWR_LIMIT
     const auto r = run(ecam_body(), b, 11);
     EXPECT_EQ(r.rc, Rc::ok);
     EXPECT_EQ(r.used, b.size());
@@ -286,7 +287,8 @@ TEST(Assign, ExtendedIs2000TrafficAssignment) {
                           "         3X_DCCH_INFO_INCL = 0\n      }\n      REV_FCH_GATING_MODE = 1\n",
                           "\n      C_SIG_ENCRYPT_MODE_INCL = 0\n      F3XFL_1XRL_INCL = 1\n      F1XRL_FREQ_OFFSET = 2\n"
                           "      MSG_INT_INFO_INCL = 0\n      PLCM_TYPE_INCL = 0\n      SYNC_ID_INCL = 1\n"
-                          "      SYNC_ID_LEN = 2\n      SYNC_ID = 0xabcd\n      EARLY_RL_TRANSMIT_IND = 0\n   }\n}\n"})
+                          "      SYNC_ID_LEN = 2\n      SYNC_ID = 0xabcd\n      EARLY_RL_TRANSMIT_IND = 0\n"
+                          "      TX_PWR_LIMIT_INCL = 1\n      TX_PWR_LIMIT = 23\n   }\n}\n"})
       EXPECT_NE(r.text.find(l), std::string::npos) << l;
   }
   {  // a channel record longer than CH_RECORD_LEN says fails
@@ -301,7 +303,7 @@ TEST(Assign, ExtendedIs2000TrafficAssignment) {
 
 // Mode '100' with one pilot on the fundamental channel, P_REV 11: a direct channel assignment
 // with its fields after the sync id, the 3X code channels of the pilot closing the channel
-// record, and the early reverse-link transmit indicator last.
+// record, and the early reverse-link transmit indicator and the transmit power limit last.
 Bits direct_assignment(bool p_rev_11) {
   Bits b;
   b.put(30, 8).put(4, 3);
@@ -315,6 +317,7 @@ Bits direct_assignment(bool p_rev_11) {
   if (p_rev_11) {
     b.put(17, 6).put(29, 5).put(1, 1).put(0, 1).put(1, 1).put(5, 3);
     b.put(1, 1);   // EARLY_RL_TRANSMIT_IND
+    b.put(0, 1);   // TX_PWR_LIMIT_INCL
   }
   return b;
 }
@@ -344,7 +347,8 @@ TEST(Assign, DirectChannelAssignmentFromPrev11) {
                 block(6, {"}", "REV_FCH_GATING_MODE = 0", "C_SIG_ENCRYPT_MODE_INCL = 0", "F3XFL_1XRL_INCL = 0",
                           "MSG_INT_INFO_INCL = 0", "PLCM_TYPE_INCL = 0", "SYNC_ID_INCL = 0", "CONFIG_MSG_SEQ = 17",
                           "RTC_NOM_PWR = 29", "RESPOND_IND = 1", "DIRECT_CH_ASSIGN_RECOVER_IND = 0",
-                          "FIXED_PREAMBLE_TRANSMIT_IND = 1", "NUM_PREAMBLE = 5", "EARLY_RL_TRANSMIT_IND = 1"}) +
+                          "FIXED_PREAMBLE_TRANSMIT_IND = 1", "NUM_PREAMBLE = 5", "EARLY_RL_TRANSMIT_IND = 1",
+                          "TX_PWR_LIMIT_INCL = 0"}) +
                 block(3, {"}"}) + "}\n");
 
   // P_REV 10 has neither the header indicator nor what it enables, nor the early transmit bit.
@@ -352,7 +356,8 @@ TEST(Assign, DirectChannelAssignmentFromPrev11) {
   const auto o = run(ecam_body(), old, 10);
   EXPECT_EQ(o.rc, Rc::ok);
   EXPECT_EQ(o.used, old.size());
-  for (const char* absent : {"DIRECT_CH_ASSIGN_IND", "RESERVED_2", "CONFIG_MSG_SEQ", "EARLY_RL_TRANSMIT_IND"})
+  for (const char* absent :
+       {"DIRECT_CH_ASSIGN_IND", "RESERVED_2", "CONFIG_MSG_SEQ", "EARLY_RL_TRANSMIT_IND", "TX_PWR_LIMIT_INCL"})
     EXPECT_EQ(o.text.find(absent), std::string::npos) << absent;
   EXPECT_NE(o.text.find("      SYNC_ID_INCL = 0\n   }\n}\n"), std::string::npos);
 
@@ -361,12 +366,14 @@ TEST(Assign, DirectChannelAssignmentFromPrev11) {
   Bits plain;
   plain.put(30, 8).put(4, 3).put(0, 5).put(0, 1).put(0, 1).put(2, 2);
   plain.put(0, 3).put(3, 5).put(3, 5).put(1, 4).put(0, 2).put(2, 5).put(0, 4).put(0, 3).put(0, 2).put(0, 5);
-  plain.put(0, 5).put(1, 1);
+  plain.put(0, 5).put(1, 1).put(1, 1).put(63, 6);
   const auto p = run(ecam_body(), plain, 11);
   EXPECT_EQ(p.rc, Rc::ok);
   EXPECT_EQ(p.used, plain.size());
   EXPECT_NE(p.text.find("      GRANTED_MODE = 2\n      DEFAULT_CONFIG = 0\n"), std::string::npos);
-  EXPECT_NE(p.text.find("      PLCM_TYPE_INCL = 0\n      EARLY_RL_TRANSMIT_IND = 1\n   }\n}\n"), std::string::npos);
+  EXPECT_NE(p.text.find("      PLCM_TYPE_INCL = 0\n      EARLY_RL_TRANSMIT_IND = 1\n      TX_PWR_LIMIT_INCL = 1\n"
+                         "      TX_PWR_LIMIT = 63\n   }\n}\n"),
+            std::string::npos);
 }
 
 // A mode '100' assignment whose single pilot carries an additional pilot record of `type`,
@@ -521,7 +528,7 @@ TEST(Assign, PacketDataChannelAssignmentOverRevisions) {
   EXPECT_EQ(early.text, body("FC_ECAM", {"ADD_RECORD_LEN = 9", "ASSIGN_MODE = 5"}));
 
   // From P_REV 11 the header brings its 5 bits; the record is read up to the forward PDCH
-  // parameters, where the later releases insert fields not decoded here.
+  // parameters, where the later releases insert fields not decoded here: it is refused there.
   Bits late;
   late.put(9, 8).put(5, 3).put(0, 1).put(3, 4);
   late.put(0, 1).put(0, 1).put(0, 2).put(0, 4).put(0, 2).put(0, 3);
@@ -530,13 +537,79 @@ TEST(Assign, PacketDataChannelAssignmentOverRevisions) {
   late.put(1, 8).put(1, 5).put(2, 8).put(3, 8);                      // DCCH set points
   late.put(0, 1).put(0, 1);
   const auto r = run(ecam_body(), late, 11);
-  EXPECT_EQ(r.rc, Rc::ok);
-  EXPECT_EQ(r.used, late.size());
+  EXPECT_EQ(r.rc, Rc::count);
   EXPECT_NE(r.text.find(block(3, {"ASSIGN_MODE = 5", "DIRECT_CH_ASSIGN_IND = 0", "RESERVED_2 = 3"})),
             std::string::npos);
   EXPECT_NE(r.text.find(block(6, {"FPC_DCCH_MAX_SETPT = 3", "PDCH_GROUP_IND_INCL = 0", "FOR_PDCH_PARAMS_INCL = 0"}) +
                         block(3, {"}"})),
             std::string::npos);
+}
+
+// Mode '101' from P_REV 10: the Release D channel combinations of EXT_CH_IND and how far the
+// record is read. With a reverse packet data channel its radio configuration follows the
+// forward one; with a common power control channel the record ends after
+// FULL_CI_FEEDBACK_IND, where Release D inserts that channel's rates.
+TEST(Assign, PacketDataChannelReleaseDChannels) {
+  // Header and mode fields up to EXT_CH_IND: no frequency, no restore, no encryption, no
+  // integrity, no long code mask type.
+  auto head = [](unsigned ext) {
+    Bits b;
+    b.put(20, 8).put(5, 3);
+    b.put(0, 1).put(0, 1).put(0, 2).put(2, 4).put(0, 2).put(0, 1).put(0, 1).put(0, 1);
+    b.put(1, 4).put(0, 3).put(ext, 5);
+    return b;
+  };
+  auto framed = [](std::initializer_list<std::string_view> fields) {
+    return "FC_ECAM\n{\n" +
+           block(3, {"ADD_RECORD_LEN = 20", "ASSIGN_MODE = 5", "ECAM_ASSIGN_MODE_101 = FC_ECAM_ECAM_ASSIGN_MODE_101",
+                     "{"}) +
+           block(6, {"FREQ_INCL = 0", "BYPASS_ALERT_ANSWER = 0", "GRANTED_MODE = 0", "FRAME_OFFSET = 2",
+                     "ENCRYPT_MODE = 0", "C_SIG_ENCRYPT_MODE_INCL = 0", "MSG_INT_INFO_INCL = 0", "PLCM_TYPE_INCL = 0",
+                     "RLGAIN_ADJ = 1", "NUM_PILOTS = 0"}) +
+           block(6, fields) + block(3, {"}"}) + "}\n";
+  };
+
+  Bits cpcch = head(9);   // F-CPCCH forward; R-FCH and R-PDCH reverse
+  cpcch.put(0, 1).put(1, 1).put(0x1FFF, 13);
+  Bits rpdch = head(11);   // F-FCH forward; R-FCH and R-PDCH reverse
+  rpdch.put(7, 5).put(0, 1).put(0, 1).put(9, 4).put(1, 2).put(2, 2).put(10, 5).put(4, 5).put(3, 5).put(3, 5);
+  rpdch.put(40, 8).put(2, 5).put(16, 8).put(80, 8).put(0, 1).put(0, 1).put(0x3FF, 10);
+  Bits dcch = head(15);   // F-FCH and F-DCCH forward, R-DCCH reverse: no gating, no R-PDCH
+  dcch.put(5, 5).put(1, 1).put(3, 4).put(0, 2).put(0, 2).put(11, 5).put(4, 5).put(4, 5).put(1, 1);
+  dcch.put(1, 8).put(2, 5).put(3, 8).put(4, 8).put(5, 8).put(6, 5).put(7, 8).put(8, 8).put(0, 1).put(0, 1);
+  dcch.put(0, 16);
+  struct Case {
+    const char* what;
+    Bits bits;
+    std::string want;
+  };
+  const Case cases[] = {
+      {"common power control channel: ends before its rates", cpcch,
+       framed({"EXT_CH_IND = 9", "REV_FCH_GATING_MODE = 0", "FULL_CI_FEEDBACK_IND = 1"})},
+      {"reverse packet data channel brings REV_PDCH_RC", rpdch,
+       framed({"EXT_CH_IND = 11", "FPC_SUBCHAN_GAIN = 7", "REV_FCH_GATING_MODE = 0", "FULL_CI_FEEDBACK_IND = 0",
+               "REV_CQICH_FRAME_OFFSET = 9", "REV_CQICH_REPS = 1", "REV_ACKCH_REPS = 2", "FOR_PDCH_RC = 10",
+               "REV_PDCH_RC = 4", "FOR_FCH_DCCH_RC = 3", "REV_FCH_DCCH_RC = 3", "FPC_FCH_INIT_SETPT = 40",
+               "FPC_FCH_FER = 2", "FPC_FCH_MIN_SETPT = 16", "FPC_FCH_MAX_SETPT = 80", "PDCH_GROUP_IND_INCL = 0",
+               "FOR_PDCH_PARAMS_INCL = 0"})},
+      {"both forward fundicated channels over a reverse DCCH", dcch,
+       framed({"EXT_CH_IND = 15", "FPC_SUBCHAN_GAIN = 5", "FULL_CI_FEEDBACK_IND = 1", "REV_CQICH_FRAME_OFFSET = 3",
+               "REV_CQICH_REPS = 0", "REV_ACKCH_REPS = 0", "FOR_PDCH_RC = 11", "FOR_FCH_DCCH_RC = 4",
+               "REV_FCH_DCCH_RC = 4", "FPC_PRI_CHAN = 1", "FPC_FCH_INIT_SETPT = 1", "FPC_FCH_FER = 2",
+               "FPC_FCH_MIN_SETPT = 3", "FPC_FCH_MAX_SETPT = 4", "FPC_DCCH_INIT_SETPT = 5", "FPC_DCCH_FER = 6",
+               "FPC_DCCH_MIN_SETPT = 7", "FPC_DCCH_MAX_SETPT = 8", "PDCH_GROUP_IND_INCL = 0",
+               "FOR_PDCH_PARAMS_INCL = 0"})},
+  };
+  for (const auto& k : cases) {
+    const auto r = run(ecam_body(), k.bits, 10);
+    EXPECT_EQ(r.rc, Rc::count) << k.what;   // Release D fields follow that are not decoded
+    EXPECT_EQ(r.text, k.want) << k.what;
+  }
+
+  // Before Release D the same indicator is reserved: no fundicated channel is read.
+  const auto c = run(ecam_body(), rpdch, 9);
+  for (const char* absent : {"FPC_SUBCHAN_GAIN", "REV_PDCH_RC", "FOR_FCH_DCCH_RC"})
+    EXPECT_EQ(c.text.find(absent), std::string::npos) << absent;
 }
 
 }  // namespace

@@ -321,9 +321,15 @@ TEST(PagingBodies, AddressedBodiesGolden) {
        {"REJECT_UZID = 1234", "REJECT_ACTION_INDI = 3", "UZID_ASSIGN_INCL = 1", "ASSIGN_UZID = 4321"}},
       {"security mode command", 34, 9, Bits().put(1, 3).put(2, 3).put(1, 1).put(1, 1).put(0, 1),
        {"C_SIG_ENCRYPT_MODE = 1", "ENC_KEY_SIZE = 2", "MSG_INT_INFO_INCL = 1", "CHANGE_KEYS = 1", "USE_UAK = 0"}},
-      {"authentication request", 44, 10,
-       Bits().put_hex("000102030405060708090a0b0c0d0e0f").put_hex("f0e0d0c0b0a090807060504030201000"),
-       {"RANDA = 0x000102030405060708090a0b0c0d0e0f", "AUTN = 0xf0e0d0c0b0a090807060504030201000"}},
+      {"security mode command before message integrity", 34, 8, Bits().put(4, 3).put(1, 3),
+       {"C_SIG_ENCRYPT_MODE = 4", "ENC_KEY_SIZE = 1"}},
+      {"security mode command without encryption, Release E", 34, 11, Bits().put(0, 3).put(0, 1),
+       {"C_SIG_ENCRYPT_MODE = 0", "MSG_INT_INFO_INCL = 0"}},
+      {"authentication request: the token in its three parts", 44, 10,
+       Bits().put_hex("000102030405060708090a0b0c0d0e0f").put_hex("f0e0d0c0b0a0").put(0x9080, 16)
+           .put_hex("7060504030201000"),
+       {"RANDA = 0x000102030405060708090a0b0c0d0e0f", "CON_SQN = 0xf0e0d0c0b0a0", "AMF = 36992",
+        "MAC_A = 0x7060504030201000"}},
   };
   for (const Golden& k : cases) {
     SCOPED_TRACE(k.what);
@@ -349,7 +355,8 @@ TEST(PagingBodies, ShortAddressedBodiesKeepTheFieldsRead) {
   // Nothing at all.
   r = run(addressed_body(44), ctx(10), Bits().put(0, 50).put(0, 50));
   EXPECT_EQ(r.rc, Rc::short_msg);
-  EXPECT_EQ(r.text, lines({"FC_AUREQM", "{", "   RANDA = NULL", "   AUTN = NULL", "}"}));
+  EXPECT_EQ(r.text,
+            lines({"FC_AUREQM", "{", "   RANDA = NULL", "   CON_SQN = NULL", "   AMF = 0", "   MAC_A = NULL", "}"}));
   EXPECT_EQ(addressed_body(7), nullptr);
 }
 

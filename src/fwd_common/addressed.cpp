@@ -185,7 +185,8 @@ void layout(W& w, FC_UZRM& r, const Ctx&) {
   }
 }
 
-// Security Mode Command Message (3.7.2.3.2.34).
+// Security Mode Command Message (3.7.2.3.2.34). The message integrity fields arrived with
+// P_REV 9; Releases D and E add nothing to the message.
 struct FC_SMCM {
   std::uint8_t C_SIG_ENCRYPT_MODE;
   std::uint8_t ENC_KEY_SIZE;
@@ -195,13 +196,14 @@ struct FC_SMCM {
 };
 
 template <class W>
-void layout(W& w, FC_SMCM& r, const Ctx&) {
+void layout(W& w, FC_SMCM& r, const Ctx& c) {
   if (!w.need(3)) return;
   w.u(r.C_SIG_ENCRYPT_MODE, "C_SIG_ENCRYPT_MODE", 3);
   if (r.C_SIG_ENCRYPT_MODE != 0) {
     if (!w.need(3)) return;
     w.u(r.ENC_KEY_SIZE, "ENC_KEY_SIZE", 3);
   }
+  if (c.p_rev < 9) return;
   if (!w.need(1)) return;
   w.u(r.MSG_INT_INFO_INCL, "MSG_INT_INFO_INCL", 1);
   if (r.MSG_INT_INFO_INCL) {
@@ -211,17 +213,23 @@ void layout(W& w, FC_SMCM& r, const Ctx&) {
   }
 }
 
-// Authentication Request Message (3.7.2.3.2.44): the AKA challenge.
+// Authentication Request Message (3.7.2.3.2.44): the AKA challenge, a random number and the
+// authentication token in its three parts: the concealed sequence number, the authentication
+// management field and the network's message authentication code.
 struct FC_AUREQM {
   Bytes RANDA;
-  Bytes AUTN;
+  Bytes CON_SQN;
+  std::uint16_t AMF;
+  Bytes MAC_A;
 };
 
 template <class W>
 void layout(W& w, FC_AUREQM& r, const Ctx&) {
   if (!w.need(256)) return;
   w.bits(r.RANDA, "RANDA", 128);
-  w.bits(r.AUTN, "AUTN", 128);
+  w.bits(r.CON_SQN, "CON_SQN", 48);
+  w.u(r.AMF, "AMF", 16);
+  w.bits(r.MAC_A, "MAC_A", 64);
 }
 
 constexpr BodyOps kDbm = body_ops<fwd::DataBurst>("FC_DBM");

@@ -565,7 +565,7 @@ struct EcamTrafficIs2000 {   // '100'
   u8 SYNC_ID_INCL, SYNC_ID_LEN;
   Bytes SYNC_ID;
   u8 CONFIG_MSG_SEQ, RTC_NOM_PWR, RESPOND_IND, DIRECT_CH_ASSIGN_RECOVER_IND, FIXED_PREAMBLE_TRANSMIT_IND, NUM_PREAMBLE;
-  u8 EARLY_RL_TRANSMIT_IND;
+  u8 EARLY_RL_TRANSMIT_IND, TX_PWR_LIMIT_INCL, TX_PWR_LIMIT;
 };
 template <class W>
 void layout(W& w, EcamTrafficIs2000& r, const EcamCtx& c) {
@@ -605,27 +605,55 @@ void layout(W& w, EcamTrafficIs2000& r, const EcamCtx& c) {
   if (c.p_rev < 11) return;
   if (!w.need(1)) return;
   w.u(r.EARLY_RL_TRANSMIT_IND, "EARLY_RL_TRANSMIT_IND", 1);
+  // Release E also caps the mobile's transmit power on the assigned channel.
+  if (!w.need(1)) return;
+  w.u(r.TX_PWR_LIMIT_INCL, "TX_PWR_LIMIT_INCL", 1);
+  if (r.TX_PWR_LIMIT_INCL) {
+    if (!w.need(6)) return;
+    w.u(r.TX_PWR_LIMIT, "TX_PWR_LIMIT", 6);
+  }
 }
 
 // ---------------------------------------------------------------------------------------------
 // Mode '101' (from P_REV 9), the packet data channel assignment: a forward packet data channel,
 // optionally with fundamental or dedicated control channels, chosen by EXT_CH_IND.
 
-// The channels of EXT_CH_IND (C.S0005 table of extended channel indicators), forward then
-// reverse: 1 PDCH+CPCCH / FCH, 2 PDCH+CPCCH / DCCH, 3 PDCH+FCH / FCH, 4 PDCH+DCCH / DCCH,
-// 5 PDCH+FCH / FCH+DCCH, 6 PDCH+FCH+DCCH / FCH+DCCH.
+// The channels of EXT_CH_IND (C.S0005 table of extended channel indicators) beside the forward
+// packet data channel. Release C defines 1 to 6: 1 CPCCH / FCH, 2 CPCCH / DCCH, 3 FCH / FCH,
+// 4 DCCH / DCCH, 5 FCH / FCH+DCCH, 6 FCH+DCCH / FCH+DCCH (forward / reverse). Release D adds the
+// reverse packet data channel and the remaining combinations, 8 to 22; 7 and 23 on are reserved.
 struct ExtChInd {
-  bool for_fch, for_dcch, rev_fch, rev_dcch, cpcch;
+  bool for_fch, for_dcch, rev_fch, rev_dcch, cpcch, rev_pdch;
 };
-constexpr ExtChInd ext_ch_ind(unsigned v) {
+constexpr ExtChInd ext_ch_ind(unsigned v, std::uint8_t p_rev) {
+  //                 F-FCH  F-DCCH R-FCH  R-DCCH CPCCH  R-PDCH
   switch (v) {
-    case 1: return {false, false, true, false, true};
-    case 2: return {false, false, false, true, true};
-    case 3: return {true, false, true, false, false};
-    case 4: return {false, true, false, true, false};
-    case 5: return {true, false, true, true, false};
-    case 6: return {true, true, true, true, false};
-    default: return {false, false, false, false, false};
+    case 1: return {false, false, true, false, true, false};
+    case 2: return {false, false, false, true, true, false};
+    case 3: return {true, false, true, false, false, false};
+    case 4: return {false, true, false, true, false, false};
+    case 5: return {true, false, true, true, false, false};
+    case 6: return {true, true, true, true, false, false};
+    default: break;
+  }
+  if (p_rev < 10) return {false, false, false, false, false, false};
+  switch (v) {
+    case 8: return {false, false, false, false, true, true};
+    case 9: return {false, false, true, false, true, true};
+    case 10: return {false, false, false, true, true, true};
+    case 11: return {true, false, true, false, false, true};
+    case 12: return {false, true, false, true, false, true};
+    case 13: return {true, false, true, true, false, true};
+    case 14: return {true, true, true, true, false, true};
+    case 15: return {true, true, false, true, false, false};
+    case 16: return {false, true, false, true, true, false};
+    case 17: return {true, true, false, true, true, false};
+    case 18: return {true, true, true, true, true, false};
+    case 19: return {true, true, false, true, false, true};
+    case 20: return {false, true, false, true, true, true};
+    case 21: return {true, true, false, true, true, true};
+    case 22: return {true, true, true, true, true, true};
+    default: return {false, false, false, false, false, false};
   }
 }
 
@@ -656,7 +684,7 @@ struct Am5Ctx : Ctx {
 };
 template <class W>
 void layout(W& w, Am5PilotRec& r, const Am5Ctx& c) {
-  const ExtChInd ch = ext_ch_ind(c.ext_ch_ind);
+  const ExtChInd ch = ext_ch_ind(c.ext_ch_ind, c.p_rev);
   if (!pilot_head(w, r, c, "FC_ECAM_ECAM_ASSIGN_MODE_101_PILOT_RECs_ADD_PILOT_REC")) return;
   if (!w.need(1)) return;
   w.u(r.FOR_PDCH_INCL, "FOR_PDCH_INCL", 1);
@@ -706,7 +734,7 @@ struct EcamPacketData {   // '101'
   Bytes PLCM_39;
   u8 RLGAIN_ADJ, NUM_PILOTS, EXT_CH_IND, FPC_SUBCHAN_GAIN;
   u8 REV_FCH_GATING_MODE, REV_PWR_CNTL_DELAY_INCL, REV_PWR_CNTL_DELAY;
-  u8 FULL_CI_FEEDBACK_IND, REV_CQICH_FRAME_OFFSET, REV_CQICH_REPS, REV_ACKCH_REPS, FOR_PDCH_RC;
+  u8 FULL_CI_FEEDBACK_IND, REV_CQICH_FRAME_OFFSET, REV_CQICH_REPS, REV_ACKCH_REPS, FOR_PDCH_RC, REV_PDCH_RC;
   u8 FOR_FCH_DCCH_RC, REV_FCH_DCCH_RC, FPC_PRI_CHAN;
   u8 FPC_FCH_INIT_SETPT, FPC_FCH_FER, FPC_FCH_MIN_SETPT, FPC_FCH_MAX_SETPT;
   u8 FPC_DCCH_INIT_SETPT, FPC_DCCH_FER, FPC_DCCH_MIN_SETPT, FPC_DCCH_MAX_SETPT;
@@ -744,18 +772,30 @@ void layout(W& w, EcamPacketData& r, const EcamCtx& c) {
   w.u(r.RLGAIN_ADJ, "RLGAIN_ADJ", 4);
   w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
   w.u(r.EXT_CH_IND, "EXT_CH_IND", 5);
-  const ExtChInd ch = ext_ch_ind(r.EXT_CH_IND);
+  const ExtChInd ch = ext_ch_ind(r.EXT_CH_IND, c.p_rev);
   if (ch.for_fch || ch.for_dcch) {   // forward power control subchannel on a fundicated channel
     if (!w.need(5)) return;
     w.u(r.FPC_SUBCHAN_GAIN, "FPC_SUBCHAN_GAIN", 5);
   }
   if (ch.rev_fch) gating(w, r);
-  if (!w.need(14)) return;
+  if (!w.need(1)) return;
   w.u(r.FULL_CI_FEEDBACK_IND, "FULL_CI_FEEDBACK_IND", 1);
+  // Release D follows with the rate and update rate of the common power control channel when
+  // one is assigned. Their widths are not decoded here, so the record is refused (result 1)
+  // before them rather than read the channel quality fields from the wrong bits.
+  if (c.p_rev >= 10 && ch.cpcch) {
+    (void)w.reject(Rc::count);
+    return;
+  }
+  if (!w.need(13)) return;
   w.u(r.REV_CQICH_FRAME_OFFSET, "REV_CQICH_FRAME_OFFSET", 4);
   w.u(r.REV_CQICH_REPS, "REV_CQICH_REPS", 2);
   w.u(r.REV_ACKCH_REPS, "REV_ACKCH_REPS", 2);
   w.u(r.FOR_PDCH_RC, "FOR_PDCH_RC", 5);
+  if (ch.rev_pdch) {   // Release D: the reverse packet data channel's radio configuration
+    if (!w.need(5)) return;
+    w.u(r.REV_PDCH_RC, "REV_PDCH_RC", 5);
+  }
   if (ch.for_fch || ch.for_dcch) {
     if (!w.need(5)) return;
     w.u(r.FOR_FCH_DCCH_RC, "FOR_FCH_DCCH_RC", 5);
@@ -799,10 +839,15 @@ void layout(W& w, EcamPacketData& r, const EcamCtx& c) {
     w.u(r.PDCH_SOFT_SWITCHING_DELAY, "PDCH_SOFT_SWITCHING_DELAY", 8);
     w.u(r.PDCH_SOFTER_SWITCHING_DELAY, "PDCH_SOFTER_SWITCHING_DELAY", 8);
   }
-  // Release D puts the forward grant, rate control and acknowledgment channels and the reverse
-  // packet data channel parameters here. Their layout is not decoded: the walk ends at this
-  // point for P_REV 10 and later, rather than reading the pilots from the wrong bits.
-  if (c.p_rev >= 10) return;
+  // Release D puts the transmitter-disabled timer, the forward grant, rate control and
+  // acknowledgment channels and the reverse packet data channel parameters here. The widths of
+  // TX_DISABLED_TIMER, FOR_RCCH_REPETITION, FOR_RCCH_UPDATE_RATE and FOR_ACKCH_MODE are not
+  // decoded: for P_REV 10 and later the record is refused (result 1) at this point, after
+  // everything before it was shown, rather than read the pilots from the wrong bits.
+  if (c.p_rev >= 10) {
+    (void)w.reject(Rc::count);
+    return;
+  }
   Am5Ctx pc;
   static_cast<Ctx&>(pc) = c;
   pc.ext_ch_ind = r.EXT_CH_IND;
