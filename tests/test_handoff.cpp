@@ -568,7 +568,7 @@ TEST(Handoff, UhdmCapabilityTailByRevision) {
   const std::vector<std::string> rel_d = {
       "      REV_PDCH_SUPPORTED = 1", "      PZ_HYST_ENABLED = 1", "      PZ_HYST_INFO_INCL = 1",
       "      PZ_HYST_LIST_LEN = 3", "      PZ_HYST_ACT_TIMER = 200", "      PZ_HYST_TIMER_MUL = 2",
-      "      PZ_HYST_TIMER_EXP = 17", "      BCMC_ON_TRAFFIC_SUP = 1", "      AUTO_REQ_TRAFFIC_ALLOWED_IND = 0",
+      "      PZ_HYST_TIMER_EXP = 17", "      BCMC_ON_TRAFFIC_SUP = 1", "      AUTO_REQ_TRAF_ALLOWED_IND = 0",
       "      SCH_BCMC_IND = 1", "      ADD_PLCM_FOR_SCH_INCL = 1", "      ADD_PLCM_FOR_SCH_TYPE = 1",
       "      ADD_PLCM_FOR_SCH_35 = 0x0123456789", "      SCH_BCMCs[0] = FD_UHDM_SCH_BCMCs", "      {",
       "         USE_ADD_PLCM_FOR_SCH = 1", "         FSCH_OUTERCODE_INCL = 1", "         FSCH_OUTERCODE_RATE = 5",
@@ -715,6 +715,27 @@ TEST(Handoff, UhdmExtendedActiveSetRecordGoldenAtPrev9) {
   EXPECT_EQ(test::decode(kFtc, 9, 0, ftc(uhdm_ext(9, 12))).rc, 3);
 }
 
+// From P_REV 10 the fields that Release D inserts after FULL_CI_FEEDBACK_IND are not
+// decodable: the record shows its first two fields and the message resumes after all of
+// ACTIVE_SET_REC_LEN.
+TEST(Handoff, UhdmExtendedActiveSetRecordStopsBeforeReleaseDFields) {
+  for (unsigned p_rev : {10u, 11u}) {
+    SCOPED_TRACE(p_rev);
+    Bits b = uhdm_ext(p_rev, 21);
+    b.put(0, 3);   // BCMC_ON_TRAFFIC_SUP, USE_CH_CFG_RRM, TX_PWR_LIMIT_INCL
+    if (p_rev >= 11) b.put(0, 1);   // the SYNC_ID_INCL that P_REV 11 always sends
+    auto r = test::decode(kFtc, static_cast<std::uint8_t>(p_rev), 0, ftc(b));
+    EXPECT_EQ(r.rc, 0);
+    EXPECT_NE(r.text.find(lines({"      EXT_ACTIVE_SET_REC_FIELDS = EXT_ACTIVE_SET_REC", "      {",
+                                 "         PDCH_CONTROL_HOLD = 1", "         FULL_CI_FEEDBACK_IND = 0", "      }",
+                                 "      REV_FCH_GATING_MODE = 0", "      F3XFL_1XRL_INCL = 0"})),
+              std::string::npos)
+        << r.text;
+    EXPECT_EQ(count(r.text, "REV_CQICH_FRAME_OFFSET"), 0u);
+    EXPECT_NE(r.text.find("      TX_PWR_LIMIT_INCL = 0\n   }\n}\n"), std::string::npos) << r.text;
+  }
+}
+
 // ---- SCM ----------------------------------------------------------------------------------
 
 TEST(Handoff, ScmGoldenAtPrev7WithBothRecords) {
@@ -796,6 +817,45 @@ TEST(Handoff, ScmRecordsByRevision) {
                         "      SYNC_ID_LEN = 1\n      SYNC_ID = 0x7e\n      CC_INFO_INCL = 0\n      USE_TYPE0_PLCM = 1\n   }\n"),
             std::string::npos)
       << r.text;
+}
+
+// A P_REV 9+ Service Connect: USE_OLD_SERV_CONFIG `old`, SR_ID 4 when it is '11', no SYNC_ID,
+// an 8-octet service configuration without connections, an empty non-negotiable record, no
+// call assignments and USE_TYPE0_PLCM 1.
+Bits scm_restore(unsigned old) {
+  Bits b = header(20);
+  b.put(0, 1);                                                     // MACI_INCL
+  b.put(0, 1).put(0, 6).put(5, 3).put(0, 2).put(old, 2);
+  if (old == 3) b.put(4, 3);                                       // SR_ID
+  b.put(0, 1);                                                     // SYNC_ID_INCL
+  b.put(1, 8).put(8, 8).put(1, 16).put(1, 16).put(0xF0, 8).put(0xF0, 8).put(0, 8).put(0, 8);
+  b.put(19, 8).put(0, 8).put(0, 1).put(1, 1);                      // .. CC_INFO_INCL, USE_TYPE0_PLCM
+  return b;
+}
+
+TEST(Handoff, ScmServiceReferenceFollowsTheRestoreIndicator) {
+  const std::string records = "      SYNC_ID_INCL = 0\n      RECORD_TYPE = 1\n      RECORD_LEN = 8\n";
+  const std::string tail = "      RECORD_TYPE2 = 19\n      RECORD_LEN2 = 0\n      CC_INFO_INCL = 0\n      USE_TYPE0_PLCM = 1\n   }\n}\n";
+  struct Case {
+    unsigned p_rev, old;
+    std::string start;   // from USE_OLD_SERV_CONFIG
+    bool to_the_end;     // the records and USE_TYPE0_PLCM are read
+  };
+  const Case cases[] = {
+      {9, 3, "      USE_OLD_SERV_CONFIG = 3\n      SR_ID = 4\n" + records, true},
+      {9, 0, "      USE_OLD_SERV_CONFIG = 0\n" + records, true},
+      // Release D follows SR_ID with a bitmap of unknown layout: the message stops there.
+      {10, 3, "      USE_OLD_SERV_CONFIG = 3\n      SR_ID = 4\n   }\n}\n", false},
+      {10, 0, "      USE_OLD_SERV_CONFIG = 0\n" + records, true},
+  };
+  for (const Case& k : cases) {
+    SCOPED_TRACE(testing::Message() << "P_REV " << k.p_rev << ", USE_OLD_SERV_CONFIG " << k.old);
+    auto r = test::decode(kFtc, static_cast<std::uint8_t>(k.p_rev), 0, ftc(scm_restore(k.old)));
+    EXPECT_EQ(r.rc, 0);
+    EXPECT_NE(r.text.find("      SERV_CON_SEQ = 5\n" + k.start), std::string::npos) << r.text;
+    const bool ends = r.text.size() >= tail.size() && r.text.substr(r.text.size() - tail.size()) == tail;
+    EXPECT_EQ(ends, k.to_the_end) << r.text;
+  }
 }
 
 // ---- ESCAM --------------------------------------------------------------------------------
@@ -881,6 +941,49 @@ TEST(Handoff, EscamThreeXAndChannelConfigurationByRevision) {
   for (const Case& k : {Case{6, "      RPC_INCL = 0\n" + end}, Case{7, f3x + end}, Case{8, f3x + rel_b + end}}) {
     SCOPED_TRACE(k.p_rev);
     auto r = test::decode(kFtc, static_cast<std::uint8_t>(k.p_rev), 0, ftc(b));
+    EXPECT_EQ(r.rc, 0);
+    ASSERT_GE(r.text.size(), k.tail.size()) << r.text;
+    EXPECT_EQ(r.text.substr(r.text.size() - k.tail.size()), k.tail) << r.text;
+  }
+}
+
+// A P_REV 9+ ESCAM with no configuration records and `num_for_sch` forward assignments,
+// then the Release D broadcast group with SCH_BCMC_IND `bcmc`, a 35-bit mask and one
+// outer-code record, then one more bit (FPC_BCMC_CHAN, not read).
+Bits escam_bcmc(unsigned num_for_sch, unsigned bcmc) {
+  Bits b = header(35);
+  b.put(0, 1);                                                         // MACI_INCL
+  b.put(0, 3).put(0, 4).put(0, 1).put(0, 1).put(0, 1).put(0, 1).put(0, 2).put(0, 1);   // .. FOR_CFG_INCLUDED
+  b.put(num_for_sch, 2);
+  for (unsigned i = 0; i < num_for_sch; ++i) b.put(1, 1).put(5, 4).put(0, 1).put(4, 4);
+  b.put(0, 1).put(0, 1).put(0, 1).put(0, 1).put(0, 1).put(0, 1);     // FPC_INCL .. REV_SCH_CC_INCL
+  b.put(bcmc, 1).put(1, 1).put(1, 1).put(0x123456789, 35);           // .. ADD_PLCM_FOR_SCH_35
+  b.put(1, 1).put(1, 1).put(5, 3).put(33, 6).put(1, 1);
+  return b;
+}
+
+TEST(Handoff, EscamBroadcastGroupFromPrev10) {
+  const std::string cc = "      FOR_SCH_CC_INCL = 0\n      REV_SCH_CC_INCL = 0\n";
+  const std::string group = lines({"      SCH_BCMC_IND = 1", "      ADD_PLCM_FOR_SCH_INCL = 1",
+                                   "      ADD_PLCM_FOR_SCH_TYPE = 1", "      ADD_PLCM_FOR_SCH_35 = 0x0123456789",
+                                   "      SCH_BCMCs[0] = FD_ESCAM_SCH_BCMCs", "      {", "         USE_ADD_PLCM_FOR_SCH = 1",
+                                   "         FSCH_OUTERCODE_INCL = 1", "         FSCH_OUTERCODE_RATE = 5",
+                                   "         FSCH_OUTERCODE_OFFSET = 33", "      }"});
+  const std::string end = "   }\n}\n";
+  struct Case {
+    const char* what;
+    unsigned p_rev, num_for_sch, bcmc;
+    std::string tail;
+  };
+  const Case cases[] = {
+      {"P_REV 9 ends with the channel configurations", 9, 1, 1, cc + end},
+      {"P_REV 10 with one forward assignment", 10, 1, 1, cc + group + end},
+      {"SCH_BCMC_IND 0 closes the group", 10, 1, 0, cc + "      SCH_BCMC_IND = 0\n" + end},
+      {"no forward assignment, no group", 11, 0, 1, cc + end},
+  };
+  for (const Case& k : cases) {
+    SCOPED_TRACE(k.what);
+    auto r = test::decode(kFtc, static_cast<std::uint8_t>(k.p_rev), 0, ftc(escam_bcmc(k.num_for_sch, k.bcmc)));
     EXPECT_EQ(r.rc, 0);
     ASSERT_GE(r.text.size(), k.tail.size()) << r.text;
     EXPECT_EQ(r.text.substr(r.text.size() - k.tail.size()), k.tail) << r.text;

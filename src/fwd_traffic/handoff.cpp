@@ -975,7 +975,7 @@ bool asr_ccsh(W& w, ActiveSetRec& r, const AsrCtx& c) {
   return true;
 }
 
-// ---- The extended active set record (CH_IND '000', P_REV 9) ------------------------------
+// ---- The extended active set record (CH_IND '000', from P_REV 9) -------------------------
 
 // EXT_CH_IND names the forward and reverse channels beside the Packet Data Channel:
 // 1 F-CPCCH / R-FCH, 2 F-CPCCH / R-DCCH, 3 F-FCH / R-FCH, 4 F-DCCH / R-DCCH,
@@ -1127,9 +1127,15 @@ struct ExtActiveSetRec {
 template <class W>
 void layout(W& w, ExtActiveSetRec& r, const ExtAsrCtx& c) {
   if (!ext_known(c.ext_ch_ind)) return;
-  if (!w.need(10)) return;
+  if (!w.need(2)) return;
   w.u(r.PDCH_CONTROL_HOLD, "PDCH_CONTROL_HOLD", 1);
   w.u(r.FULL_CI_FEEDBACK_IND, "FULL_CI_FEEDBACK_IND", 1);
+  // Release D puts FOR_CPCCH_RATE and FOR_CPCCH_UPDATE_RATE here, each only under a condition,
+  // and adds the reverse packet data channel fields further on. Neither their widths nor
+  // their conditions are known, so from P_REV 10 the record ends here; the message moves on
+  // by ACTIVE_SET_REC_LEN all the same.
+  if (c.p_rev >= 10) return;
+  if (!w.need(8)) return;
   w.u(r.REV_CQICH_FRAME_OFFSET, "REV_CQICH_FRAME_OFFSET", 4);
   w.u(r.REV_CQICH_REPS, "REV_CQICH_REPS", 2);
   w.u(r.REV_ACKCH_REPS, "REV_ACKCH_REPS", 2);
@@ -1215,7 +1221,8 @@ void layout(W& w, ExtActiveSetRec& r, const ExtAsrCtx& c) {
   }
 }
 
-// Outer coding of one forward supplemental channel carrying broadcast-multicast (P_REV 10).
+// Outer coding of one forward supplemental channel carrying broadcast-multicast (P_REV 10),
+// in the Universal Handoff Direction and the Extended Supplemental Channel Assignment messages.
 struct UhdmSchBcmc {
   std::uint8_t USE_ADD_PLCM_FOR_SCH;
   std::uint8_t FSCH_OUTERCODE_INCL;
@@ -1348,7 +1355,7 @@ struct FD_UHDM {
   std::uint8_t PZ_HYST_TIMER_MUL;
   std::uint8_t PZ_HYST_TIMER_EXP;
   std::uint8_t BCMC_ON_TRAFFIC_SUP;
-  std::uint8_t AUTO_REQ_TRAFFIC_ALLOWED_IND;
+  std::uint8_t AUTO_REQ_TRAF_ALLOWED_IND;
   std::uint8_t SCH_BCMC_IND;
   std::uint8_t ADD_PLCM_FOR_SCH_INCL;
   std::uint8_t ADD_PLCM_FOR_SCH_TYPE;
@@ -1460,7 +1467,7 @@ bool uhdm_rel_d(W& w, FD_UHDM& r, const Ctx& c) {
   w.u(r.BCMC_ON_TRAFFIC_SUP, "BCMC_ON_TRAFFIC_SUP", 1);
   if (r.BCMC_ON_TRAFFIC_SUP) {
     if (!w.need(1)) return false;
-    w.u(r.AUTO_REQ_TRAFFIC_ALLOWED_IND, "AUTO_REQ_TRAFFIC_ALLOWED_IND", 1);
+    w.u(r.AUTO_REQ_TRAF_ALLOWED_IND, "AUTO_REQ_TRAF_ALLOWED_IND", 1);
   }
   // Broadcast on a supplemental channel needs a forward supplemental assignment to ride on.
   const bool for_sch = r.SCH_INCL && r.NUM_FOR_ASSIGN != 0;
@@ -1839,6 +1846,12 @@ struct FD_ESCAM {
   PoolArray<ScrForSch> FOR_SCH_CCs;
   std::uint8_t REV_SCH_CC_INCL;
   PoolArray<ScrRevSch> REV_SCH_CCs;
+  // P_REV 10 and later
+  std::uint8_t SCH_BCMC_IND;
+  std::uint8_t ADD_PLCM_FOR_SCH_INCL;
+  std::uint8_t ADD_PLCM_FOR_SCH_TYPE;
+  Bytes ADD_PLCM_FOR_SCH_35;
+  PoolArray<UhdmSchBcmc> SCH_BCMCs;
 };
 
 template <class W>
@@ -1940,7 +1953,25 @@ void layout(W& w, FD_ESCAM& r, const Ctx& c) {
   if (r.FOR_SCH_CC_INCL && !w.counted("FOR_SCH_CCs", "FD_ESCAM_FOR_SCH_CCs", r.FOR_SCH_CCs, r.NUM_FOR_SCH, c)) return;
   if (!w.need(1)) return;
   w.u(r.REV_SCH_CC_INCL, "REV_SCH_CC_INCL", 1);
-  if (r.REV_SCH_CC_INCL) w.counted("REV_SCH_CCs", "FD_ESCAM_REV_SCH_CCs", r.REV_SCH_CCs, r.NUM_REV_SCH, c);
+  if (r.REV_SCH_CC_INCL && !w.counted("REV_SCH_CCs", "FD_ESCAM_REV_SCH_CCs", r.REV_SCH_CCs, r.NUM_REV_SCH, c)) return;
+  if (c.p_rev < 10 || r.NUM_FOR_SCH == 0) return;
+  // Release D: broadcast-multicast on the forward supplemental channels just assigned, with
+  // the same outer-code record per channel as the Universal Handoff Direction Message.
+  if (!w.need(1)) return;
+  w.u(r.SCH_BCMC_IND, "SCH_BCMC_IND", 1);
+  if (!r.SCH_BCMC_IND) return;
+  if (!w.need(1)) return;
+  w.u(r.ADD_PLCM_FOR_SCH_INCL, "ADD_PLCM_FOR_SCH_INCL", 1);
+  if (r.ADD_PLCM_FOR_SCH_INCL) {
+    if (!w.need(1)) return;
+    w.u(r.ADD_PLCM_FOR_SCH_TYPE, "ADD_PLCM_FOR_SCH_TYPE", 1);
+    if (r.ADD_PLCM_FOR_SCH_TYPE) {
+      if (!w.need(35)) return;
+      w.bits(r.ADD_PLCM_FOR_SCH_35, "ADD_PLCM_FOR_SCH_35", 35);
+    }
+  }
+  w.counted("SCH_BCMCs", "FD_ESCAM_SCH_BCMCs", r.SCH_BCMCs, r.NUM_FOR_SCH, c);
+  // FPC_BCMC_CHAN (one bit) closes the message under a condition not known here: not read.
 }
 
 // ---- Service Connect Message (20) ---------------------------------------------------------
@@ -1951,6 +1982,7 @@ struct FD_SCM {
   std::uint8_t SERV_CON_SEQ;
   // P_REV 7 and later
   std::uint8_t USE_OLD_SERV_CONFIG;
+  std::uint8_t SR_ID;   // P_REV 9 and later
   std::uint8_t SYNC_ID_INCL;
   std::uint8_t SYNC_ID_LEN;
   Bytes SYNC_ID;
@@ -1966,7 +1998,6 @@ struct FD_SCM {
   std::uint8_t NUM_CALLS_ASSIGN;
   PoolArray<CallAssign> CALLs;
   // P_REV 9 and later
-  std::uint8_t SR_ID;
   std::uint8_t USE_TYPE0_PLCM;
 };
 
@@ -1981,6 +2012,15 @@ void layout(W& w, FD_SCM& r, const Ctx& c) {
   } else {
     w.skip(2);   // RESERVED
     w.u(r.USE_OLD_SERV_CONFIG, "USE_OLD_SERV_CONFIG", 2);
+    // '11' (from P_REV 9) restores the stored configuration of one service reference, named
+    // right after the indicator.
+    if (c.p_rev >= 9 && r.USE_OLD_SERV_CONFIG == 3) {
+      if (!w.need(3)) return;
+      w.u(r.SR_ID, "SR_ID", 3);
+      // Release D follows it with SR_ID_RESTORE_BITMAP, whose width and condition are not
+      // known: the message is not read further.
+      if (c.p_rev >= 10) return;
+    }
     if (!sync_id(w, r)) return;
   }
   // '01' keeps the stored configuration alone; the other values send the records.
@@ -1997,13 +2037,10 @@ void layout(W& w, FD_SCM& r, const Ctx& c) {
     if (!w.counted("CALLs", "FD_SCM_CALLs", r.CALLs, r.NUM_CALLS_ASSIGN, c)) return;
   }
   if (c.p_rev < 9) return;
-  // '11' keeps the stored configuration of one service reference.
-  if (r.USE_OLD_SERV_CONFIG == 3) {
-    if (!w.need(3)) return;
-    w.u(r.SR_ID, "SR_ID", 3);
-  }
   if (!w.need(1)) return;
   w.u(r.USE_TYPE0_PLCM, "USE_TYPE0_PLCM", 1);
+  // Release D appends SYNC_ID_BS_INITIATED_IND and the SR_ID_RELEASE_BITMAP group under
+  // conditions not known here; the message ends at USE_TYPE0_PLCM.
 }
 
 constexpr BodyOps kHdm = body_ops<FD_HDM>("FD_HDM");
