@@ -722,9 +722,12 @@ void layout(W& w, BssPilotInfo& r, const Ctx& c) {
     w.counted("PILOTs", "FD_BSSRSPM_PILOTs", r.PILOTs, r.NUM_PILOTS, c);
 }
 
+// A record of the response: RECORD_TYPE and RECORD_LENGTH (in octets), then the fields of
+// the type (the record names follow the message table: RECORD_LENGTH here, against the
+// RECORD_LEN of each pilot record inside).
 struct BssRecord {
   std::uint8_t RECORD_TYPE;
-  std::uint8_t RECORD_LEN;
+  std::uint8_t RECORD_LENGTH;
   BssPilotInfo PILOT_INFO;
 };
 
@@ -732,12 +735,12 @@ template <class W>
 void layout(W& w, BssRecord& r, const Ctx& c) {
   if (!w.need(16)) return;
   w.u(r.RECORD_TYPE, "RECORD_TYPE", 8);
-  w.u(r.RECORD_LEN, "RECORD_LEN", 8);
-  if (!w.need(8u * r.RECORD_LEN)) return;
+  w.u(r.RECORD_LENGTH, "RECORD_LENGTH", 8);
+  if (!w.need(8u * r.RECORD_LENGTH)) return;
   if (r.RECORD_TYPE == 0)
-    w.sized("TypeSpecificFields", "FD_BSSRSPM_PILOT_INFO", r.PILOT_INFO, 8u * r.RECORD_LEN, c);
+    w.sized("TypeSpecificFields", "FD_BSSRSPM_PILOT_INFO", r.PILOT_INFO, 8u * r.RECORD_LENGTH, c);
   else
-    w.skip(8u * r.RECORD_LEN);   // a record type this revision does not define
+    w.skip(8u * r.RECORD_LENGTH);   // a record type this revision does not define
 }
 
 struct FD_BSSRSPM {
@@ -745,7 +748,7 @@ struct FD_BSSRSPM {
   std::uint8_t QUAL_INFO_LEN;
   std::uint8_t BAND_CLASS;
   std::uint8_t OP_MODE;
-  std::uint8_t NUM_RECORD;
+  std::uint8_t NUM_RECORDS;
   PoolArray<BssRecord> RECORDs;
 };
 
@@ -756,8 +759,28 @@ void layout(W& w, FD_BSSRSPM& r, const Ctx& c) {
   w.u(r.QUAL_INFO_LEN, "QUAL_INFO_LEN", 3);
   if (!qual_info(w, r.QUAL_INFO_TYPE, r.QUAL_INFO_LEN, r.BAND_CLASS, r.OP_MODE)) return;
   if (!w.need(4)) return;
-  w.u(r.NUM_RECORD, "NUM_RECORD", 4);
-  w.counted("RECORDs", "FD_BSSRSPM_RECORDs", r.RECORDs, r.NUM_RECORD, c);
+  w.u(r.NUM_RECORDS, "NUM_RECORDS", 4);
+  w.counted("RECORDs", "FD_BSSRSPM_RECORDs", r.RECORDs, r.NUM_RECORDS, c);
+}
+
+// ---- In-Traffic BCMC Service Parameters Message (52) --------------------------------------
+
+// Release D. The message goes on with BCMC_FLOWS_ON_TRAFFIC_ONLY_IND, AUTH_SIGNATURE_REQUIRED,
+// NON_DEFAULT_VALUE_INCLUDED, the time stamp lengths and unit and the BCMC program list; the
+// decode stops after BCMC_ON_IDLE_SUP_IND because the condition that includes
+// BCMC_FLOWS_ON_TRAFFIC_ONLY_IND is not known here, and the fields after it depend on it: the
+// message is refused (result 1) after the two fields shown.
+struct FD_ITBSPM {
+  std::uint8_t AUTO_REQ_TRAF_ALLOWED_IND;
+  std::uint8_t BCMC_ON_IDLE_SUP_IND;
+};
+
+template <class W>
+void layout(W& w, FD_ITBSPM& r, const Ctx&) {
+  if (!w.need(2)) return;
+  w.u(r.AUTO_REQ_TRAF_ALLOWED_IND, "AUTO_REQ_TRAF_ALLOWED_IND", 1);
+  w.u(r.BCMC_ON_IDLE_SUP_IND, "BCMC_ON_IDLE_SUP_IND", 1);
+  (void)w.reject(Rc::count);
 }
 
 // ---- The table ------------------------------------------------------------------------------
@@ -783,6 +806,7 @@ constexpr BodyOps kErm = body_ops<FD_ERM>("FD_ERM");
 constexpr BodyOps kClam = body_ops<FD_CLAM>("FD_CLAM");
 constexpr BodyOps kSmcm = body_ops<FD_SMCM>("FD_SMCM");
 constexpr BodyOps kBssrspm = body_ops<FD_BSSRSPM>("FD_BSSRSPM");
+constexpr BodyOps kItbspm = body_ops<FD_ITBSPM>("FD_ITBSPM");
 
 }  // namespace
 
@@ -809,6 +833,7 @@ const BodyOps* fd_message_body(std::uint8_t msg_type) {
     case 43: return &kSmcm;
     case 49: return &kBssrspm;
     case 50: return &kAureqm;
+    case 52: return &kItbspm;
     default: break;
   }
   if (const BodyOps* ops = fd_search_body(msg_type)) return ops;

@@ -364,6 +364,8 @@ struct FD_PCNM {
   std::uint8_t RPC_INCL;
   std::uint8_t RPC_NUM_REC;
   PoolArray<FD_PCNM_RPC_REC> RPC_RECs;
+  std::uint8_t REV_PDCH_PARMS_INCL;
+  std::uint8_t REV_PDCH_NUM_ARQ_ROUNDS_NORMAL;
 };
 
 template <class W>
@@ -429,7 +431,20 @@ void layout(W& w, FD_PCNM& r, const Ctx& c) {
   if (r.RPC_INCL) {
     if (!w.need(2)) return;
     w.u(r.RPC_NUM_REC, "RPC_NUM_REC", 2);
-    w.counted("RPC_RECs", "FD_PCNM_RPC_RECs", r.RPC_RECs, r.RPC_NUM_REC, c);
+    if (!w.counted("RPC_RECs", "FD_PCNM_RPC_RECs", r.RPC_RECs, r.RPC_NUM_REC, c)) return;
+  }
+  if (c.p_rev < kRelD) return;
+  // Release D: the reverse packet data channel's ARQ rounds. The decode stops after
+  // REV_PDCH_NUM_ARQ_ROUNDS_NORMAL: the width of REV_PDCH_NUM_ARQ_ROUNDS_BOOST and the
+  // condition of the FPC_BCMC_CHAN that follows are not known here, and guessing them would
+  // shift every later field. When the boost count is certainly there the message is refused
+  // (result 1) after what was shown.
+  if (!w.need(1)) return;
+  w.u(r.REV_PDCH_PARMS_INCL, "REV_PDCH_PARMS_INCL", 1);
+  if (r.REV_PDCH_PARMS_INCL) {
+    if (!w.need(2)) return;
+    w.u(r.REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, "REV_PDCH_NUM_ARQ_ROUNDS_NORMAL", 2);
+    (void)w.reject(Rc::count);
   }
 }
 
@@ -448,7 +463,7 @@ struct FD_PUFM {
   std::uint8_t MAX_PWR_PUF;
   std::uint8_t PUF_FREQ_INCL;
   std::uint8_t PUF_BAND_CLASS;
-  std::uint16_t PUF_FREQ;
+  std::uint16_t PUF_CDMA_FREQ;
 };
 
 template <class W>
@@ -468,7 +483,7 @@ void layout(W& w, FD_PUFM& r, const Ctx&) {
   if (r.PUF_FREQ_INCL) {
     if (!w.need(16)) return;
     w.u(r.PUF_BAND_CLASS, "PUF_BAND_CLASS", 5);
-    w.u(r.PUF_FREQ, "PUF_FREQ", 11);
+    w.u(r.PUF_CDMA_FREQ, "PUF_CDMA_FREQ", 11);
   }
 }
 
@@ -604,6 +619,11 @@ struct FD_RATCHGM {
   PoolArray<FD_RATCHGM_CQICH_GAIN> RECs;
   std::uint8_t REV_ACKCH_RATE_CHANGE_INCL;
   std::uint8_t REV_ACKCH_REPS;
+  std::uint8_t REV_PDCH_MAX_PARMS_INCL;
+  std::uint8_t REV_PDCH_MAX_AUTO_TPR;
+  std::uint8_t REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET;
+  std::uint8_t REV_PDCH_PARMS_INCL;
+  std::uint8_t REV_PDCH_NUM_ARQ_ROUNDS_NORMAL;
 };
 
 template <class W>
@@ -642,6 +662,25 @@ void layout(W& w, FD_RATCHGM& r, const Ctx& c) {
   if (r.REV_ACKCH_RATE_CHANGE_INCL) {
     if (!w.need(2)) return;
     w.u(r.REV_ACKCH_REPS, "REV_ACKCH_REPS", 2);
+  }
+  if (c.p_rev < kRelD) return;
+  // Release D: limits and ARQ rounds of the reverse packet data channel, with the widths of
+  // the same fields in the Extended System Parameters Message. The decode stops after
+  // REV_PDCH_NUM_ARQ_ROUNDS_NORMAL: the width of REV_PDCH_NUM_ARQ_ROUNDS_BOOST, which follows
+  // it, is not known here, so the message is refused (result 1) there.
+  if (!w.need(1)) return;
+  w.u(r.REV_PDCH_MAX_PARMS_INCL, "REV_PDCH_MAX_PARMS_INCL", 1);
+  if (r.REV_PDCH_MAX_PARMS_INCL) {
+    if (!w.need(12)) return;
+    w.u(r.REV_PDCH_MAX_AUTO_TPR, "REV_PDCH_MAX_AUTO_TPR", 8);
+    w.u(r.REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET, "REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET", 4);
+  }
+  if (!w.need(1)) return;
+  w.u(r.REV_PDCH_PARMS_INCL, "REV_PDCH_PARMS_INCL", 1);
+  if (r.REV_PDCH_PARMS_INCL) {
+    if (!w.need(2)) return;
+    w.u(r.REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, "REV_PDCH_NUM_ARQ_ROUNDS_NORMAL", 2);
+    (void)w.reject(Rc::count);
   }
 }
 

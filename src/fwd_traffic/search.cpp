@@ -60,22 +60,17 @@ struct FD_ITSPM {
   std::uint8_t PZ_HYST_TIMER_MUL;
   std::uint8_t PZ_HYST_TIMER_EXP;
   std::uint8_t BCMC_ON_TRAFFIC_SUP;
-  std::uint8_t AUTO_RE_TRAFFIC_ALLOWED_IND;
+  std::uint8_t AUTO_REQ_TRAF_ALLOWED_IND;
   std::uint8_t MAX_ADD_SERV_INSTANCE;
   std::uint8_t USE_CH_CFG_RRM;
-  std::uint8_t TX_PWR_LIMIT_INCL;
-  std::uint8_t TX_PWR_LIMIT_DEFAULT;
-  std::uint8_t TX_PWR_LIMIT;
 };
 
-// Release D (P_REV 10): reverse packet data, packet zone hysteresis, BCMC on the traffic
-// channel, additional service instances and the transmit power limit.
+// Release D (P_REV 10): packet zone hysteresis, BCMC on the traffic channel, reverse packet
+// data and additional service instances, in the order of the C.S0005-D/E message table.
+// Unlike the Universal Handoff Direction Message, REV_PDCH_SUPPORTED follows the BCMC group
+// here, and the message carries no transmit power limit.
 template <class W>
 void itspm_rel_d(W& w, FD_ITSPM& r) {
-  if (r.FOR_PDCH_SUPPORTED) {
-    if (!w.need(1)) return;
-    w.u(r.REV_PDCH_SUPPORTED, "REV_PDCH_SUPPORTED", 1);
-  }
   // Hysteresis only means something inside a packet zone.
   if (r.PACKET_ZONE_ID != 0) {
     if (!w.need(1)) return;
@@ -84,8 +79,9 @@ void itspm_rel_d(W& w, FD_ITSPM& r) {
       if (!w.need(1)) return;
       w.u(r.PZ_HYST_INFO_INCL, "PZ_HYST_INFO_INCL", 1);
       if (r.PZ_HYST_INFO_INCL) {
-        if (!w.need(17)) return;
-        w.u(r.PZ_HYST_LIST_LEN, "PZ_HYST_LIST_LEN", 1);
+        // The same hysteresis group as in ESPM and UHDM: a 4-bit list length.
+        if (!w.need(20)) return;
+        w.u(r.PZ_HYST_LIST_LEN, "PZ_HYST_LIST_LEN", 4);
         w.u(r.PZ_HYST_ACT_TIMER, "PZ_HYST_ACT_TIMER", 8);
         w.u(r.PZ_HYST_TIMER_MUL, "PZ_HYST_TIMER_MUL", 3);
         w.u(r.PZ_HYST_TIMER_EXP, "PZ_HYST_TIMER_EXP", 5);
@@ -96,22 +92,18 @@ void itspm_rel_d(W& w, FD_ITSPM& r) {
   w.u(r.BCMC_ON_TRAFFIC_SUP, "BCMC_ON_TRAFFIC_SUP", 1);
   if (r.BCMC_ON_TRAFFIC_SUP) {
     if (!w.need(1)) return;
-    w.u(r.AUTO_RE_TRAFFIC_ALLOWED_IND, "AUTO_RE_TRAFFIC_ALLOWED_IND", 1);
+    w.u(r.AUTO_REQ_TRAF_ALLOWED_IND, "AUTO_REQ_TRAF_ALLOWED_IND", 1);
+  }
+  if (r.FOR_PDCH_SUPPORTED) {
+    if (!w.need(1)) return;
+    w.u(r.REV_PDCH_SUPPORTED, "REV_PDCH_SUPPORTED", 1);
   }
   if (r.CS_SUPPORTED) {
     if (!w.need(3)) return;
     w.u(r.MAX_ADD_SERV_INSTANCE, "MAX_ADD_SERV_INSTANCE", 3);
   }
-  if (!w.need(2)) return;
-  w.u(r.USE_CH_CFG_RRM, "USE_CH_CFG_RRM", 1);
-  w.u(r.TX_PWR_LIMIT_INCL, "TX_PWR_LIMIT_INCL", 1);
-  if (!r.TX_PWR_LIMIT_INCL) return;
   if (!w.need(1)) return;
-  w.u(r.TX_PWR_LIMIT_DEFAULT, "TX_PWR_LIMIT_DEFAULT", 1);
-  // The default limit needs no value.
-  if (r.TX_PWR_LIMIT_DEFAULT) return;
-  if (!w.need(6)) return;
-  w.u(r.TX_PWR_LIMIT, "TX_PWR_LIMIT", 6);
+  w.u(r.USE_CH_CFG_RRM, "USE_CH_CFG_RRM", 1);
 }
 
 // The fields after P_REV follow the revision the message itself announces: the base station
