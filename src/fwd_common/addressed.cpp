@@ -213,25 +213,6 @@ void layout(W& w, FC_SMCM& r, const Ctx& c) {
   }
 }
 
-// Authentication Request Message (3.7.2.3.2.44): the AKA challenge, a random number and the
-// authentication token in its three parts: the concealed sequence number, the authentication
-// management field and the network's message authentication code.
-struct FC_AUREQM {
-  Bytes RANDA;
-  Bytes CON_SQN;
-  std::uint16_t AMF;
-  Bytes MAC_A;
-};
-
-template <class W>
-void layout(W& w, FC_AUREQM& r, const Ctx&) {
-  if (!w.need(256)) return;
-  w.bits(r.RANDA, "RANDA", 128);
-  w.bits(r.CON_SQN, "CON_SQN", 48);
-  w.u(r.AMF, "AMF", 16);
-  w.bits(r.MAC_A, "MAC_A", 64);
-}
-
 constexpr BodyOps kDbm = body_ops<fwd::DataBurst>("FC_DBM");
 constexpr BodyOps kAucm = body_ops<fwd::AuthChallenge>("FC_AUCM");
 constexpr BodyOps kSsdum = body_ops<fwd::SsdUpdate>("FC_SSDUM");
@@ -242,7 +223,7 @@ constexpr BodyOps kTasm = body_ops<FC_TASM>("FC_TASM");
 constexpr BodyOps kPacam = body_ops<FC_PACAM>("FC_PACAM");
 constexpr BodyOps kUzrm = body_ops<FC_UZRM>("FC_UZRM");
 constexpr BodyOps kSmcm = body_ops<FC_SMCM>("FC_SMCM");
-constexpr BodyOps kAureqm = body_ops<FC_AUREQM>("FC_AUREQM");
+constexpr BodyOps kAureqm = body_ops<fwd::AuthRequest>("FC_AUREQM");
 
 }  // namespace
 

@@ -55,6 +55,25 @@ void layout(W& w, SsdUpdate& r, const Ctx&) {
   w.bits(r.RANDSSD, "RANDSSD", 56);
 }
 
+// Authentication Request Message: the AKA challenge, a random number and the authentication
+// token in its three parts: the concealed sequence number, the authentication management field
+// and the network's message authentication code.
+struct AuthRequest {
+  Bytes RANDA;
+  Bytes CON_SQN;
+  std::uint16_t AMF;
+  Bytes MAC_A;
+};
+
+template <class W>
+void layout(W& w, AuthRequest& r, const Ctx&) {
+  if (!w.need(256)) return;
+  w.bits(r.RANDA, "RANDA", 128);
+  w.bits(r.CON_SQN, "CON_SQN", 48);
+  w.u(r.AMF, "AMF", 16);
+  w.bits(r.MAC_A, "MAC_A", 64);
+}
+
 // Call rescue parameters of the neighbour list messages, from RESQ_DELAY_TIME through the
 // per-neighbour NGHBR_RESQ_CONFIGURED flags (read when RESQ_ENABLED is 1). The traffic
 // channel's neighbour list update carries no RESQ_NUM_PREAMBLE_RC1_RC2.

@@ -389,24 +389,6 @@ void layout(W& w, FD_UZUM& r, const Ctx&) {
   w.u(r.UZID, "UZID", 16);
 }
 
-// ---- Authentication Request Message (50) ------------------------------------------------
-
-struct FD_AUREQM {
-  Bytes RANDA;
-  Bytes CON_SQN;
-  std::uint16_t AMF;
-  Bytes MAC_A;
-};
-
-template <class W>
-void layout(W& w, FD_AUREQM& r, const Ctx&) {
-  if (!w.need(256)) return;
-  w.bits(r.RANDA, "RANDA", 128);
-  w.bits(r.CON_SQN, "CON_SQN", 48);
-  w.u(r.AMF, "AMF", 16);
-  w.bits(r.MAC_A, "MAC_A", 64);
-}
-
 // ---- Extended Release Message (33) ------------------------------------------------------
 
 struct FD_ERM {
@@ -801,7 +783,7 @@ constexpr BodyOps kTasm = body_ops<FD_TASM>("FD_TASM");
 constexpr BodyOps kSrdm = body_ops<FD_SRDM>("FD_SRDM");
 constexpr BodyOps kUzrm = body_ops<FD_UZRM>("FD_UZRM");
 constexpr BodyOps kUzum = body_ops<FD_UZUM>("FD_UZUM");
-constexpr BodyOps kAureqm = body_ops<FD_AUREQM>("FD_AUREQM");
+constexpr BodyOps kAureqm = body_ops<fwd::AuthRequest>("FD_AUREQM");
 constexpr BodyOps kErm = body_ops<FD_ERM>("FD_ERM");
 constexpr BodyOps kClam = body_ops<FD_CLAM>("FD_CLAM");
 constexpr BodyOps kSmcm = body_ops<FD_SMCM>("FD_SMCM");
