@@ -267,15 +267,7 @@ void layout(W& w, EcamTraffic& r, const Ctx& c) {
   w.u(r.FPC_FCH_FER, "FPC_FCH_FER", 5);
   w.u(r.FPC_FCH_MIN_SETPT, "FPC_FCH_MIN_SETPT", 8);
   w.u(r.FPC_FCH_MAX_SETPT, "FPC_FCH_MAX_SETPT", 8);
-  w.u(r.REV_FCH_GATING_MODE, "REV_FCH_GATING_MODE", 1);
-  if (r.REV_FCH_GATING_MODE) {
-    if (!w.need(1)) return;
-    w.u(r.REV_PWR_CNTL_DELAY_INCL, "REV_PWR_CNTL_DELAY_INCL", 1);
-    if (r.REV_PWR_CNTL_DELAY_INCL) {
-      if (!w.need(2)) return;
-      w.u(r.REV_PWR_CNTL_DELAY, "REV_PWR_CNTL_DELAY", 2);
-    }
-  }
+  if (!fwd::rev_fch_gating(w, r)) return;
   encryption_fields(w, r, c);
   integrity_and_plcm_fields(w, r, c);
 }
@@ -506,20 +498,6 @@ void bypass_grant_restore(W& w, R& r, const Ctx& c) {
   }
 }
 
-template <class W, class R>
-void gating(W& w, R& r) {
-  if (!w.need(1)) return;
-  w.u(r.REV_FCH_GATING_MODE, "REV_FCH_GATING_MODE", 1);
-  if (r.REV_FCH_GATING_MODE) {
-    if (!w.need(1)) return;
-    w.u(r.REV_PWR_CNTL_DELAY_INCL, "REV_PWR_CNTL_DELAY_INCL", 1);
-    if (r.REV_PWR_CNTL_DELAY_INCL) {
-      if (!w.need(2)) return;
-      w.u(r.REV_PWR_CNTL_DELAY, "REV_PWR_CNTL_DELAY", 2);
-    }
-  }
-}
-
 // The synchronisation identifier of the restored service configuration, and the fields of a
 // direct channel assignment, sent without a preceding origination or page response: the
 // overhead sequence the mobile must hold, its initial reverse power, whether it answers, and
@@ -589,7 +567,7 @@ void layout(W& w, EcamTrafficIs2000& r, const EcamCtx& c) {
   if (!w.sized("CH_RECORD_FIELDS", "FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS", r.CH_RECORD_FIELDS,
                r.CH_RECORD_LEN * 8u, mc))
     return;
-  gating(w, r);
+  if (!fwd::rev_fch_gating(w, r)) return;
   encryption_fields(w, r, c);
   if (c.p_rev >= 7) {
     // A 3X forward link may pair with a 1X reverse link on one of its three carriers.
@@ -606,12 +584,7 @@ void layout(W& w, EcamTrafficIs2000& r, const EcamCtx& c) {
   if (!w.need(1)) return;
   w.u(r.EARLY_RL_TRANSMIT_IND, "EARLY_RL_TRANSMIT_IND", 1);
   // Release E also caps the mobile's transmit power on the assigned channel.
-  if (!w.need(1)) return;
-  w.u(r.TX_PWR_LIMIT_INCL, "TX_PWR_LIMIT_INCL", 1);
-  if (r.TX_PWR_LIMIT_INCL) {
-    if (!w.need(6)) return;
-    w.u(r.TX_PWR_LIMIT, "TX_PWR_LIMIT", 6);
-  }
+  fwd::tx_pwr_limit(w, r);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -777,7 +750,7 @@ void layout(W& w, EcamPacketData& r, const EcamCtx& c) {
     if (!w.need(5)) return;
     w.u(r.FPC_SUBCHAN_GAIN, "FPC_SUBCHAN_GAIN", 5);
   }
-  if (ch.rev_fch) gating(w, r);
+  if (ch.rev_fch && !fwd::rev_fch_gating(w, r)) return;
   if (!w.need(1)) return;
   w.u(r.FULL_CI_FEEDBACK_IND, "FULL_CI_FEEDBACK_IND", 1);
   // Release D follows with the rate and update rate of the common power control channel when

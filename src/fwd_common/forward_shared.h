@@ -55,6 +55,32 @@ void layout(W& w, SsdUpdate& r, const Ctx&) {
   w.bits(r.RANDSSD, "RANDSSD", 56);
 }
 
+// REV_FCH_GATING_MODE with the reverse power control delay it enables: the channel assignment
+// and handoff messages that set up a reverse Fundamental Channel carry it alike.
+template <class W, class R>
+bool rev_fch_gating(W& w, R& r) {
+  if (!w.need(1)) return false;
+  w.u(r.REV_FCH_GATING_MODE, "REV_FCH_GATING_MODE", 1);
+  if (!r.REV_FCH_GATING_MODE) return true;
+  if (!w.need(1)) return false;
+  w.u(r.REV_PWR_CNTL_DELAY_INCL, "REV_PWR_CNTL_DELAY_INCL", 1);
+  if (!r.REV_PWR_CNTL_DELAY_INCL) return true;
+  if (!w.need(2)) return false;
+  w.u(r.REV_PWR_CNTL_DELAY, "REV_PWR_CNTL_DELAY", 2);
+  return true;
+}
+
+// TX_PWR_LIMIT_INCL and the transmit power limit it brings (overhead and assignment messages).
+template <class W, class R>
+bool tx_pwr_limit(W& w, R& r) {
+  if (!w.need(1)) return false;
+  w.u(r.TX_PWR_LIMIT_INCL, "TX_PWR_LIMIT_INCL", 1);
+  if (!r.TX_PWR_LIMIT_INCL) return true;
+  if (!w.need(6)) return false;
+  w.u(r.TX_PWR_LIMIT, "TX_PWR_LIMIT", 6);
+  return true;
+}
+
 // Authentication Request Message: the AKA challenge, a random number and the authentication
 // token in its three parts: the concealed sequence number, the authentication management field
 // and the network's message authentication code.

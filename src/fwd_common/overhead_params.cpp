@@ -9,6 +9,7 @@
 
 #include "codec/layout.h"
 #include "fwd_common/bodies.h"
+#include "fwd_common/forward_shared.h"
 
 namespace cs {
 namespace {
@@ -453,12 +454,7 @@ bool cand_bands(W& w, R& r, const Ctx& c, const char* header) {
 
 template <class W, class R>
 bool tx_pwr_limit_bypass(W& w, R& r) {
-  if (!w.need(1)) return false;
-  w.u(r.TX_PWR_LIMIT_INCL, "TX_PWR_LIMIT_INCL", 1);
-  if (r.TX_PWR_LIMIT_INCL) {
-    if (!w.need(6)) return false;
-    w.u(r.TX_PWR_LIMIT, "TX_PWR_LIMIT", 6);
-  }
+  if (!fwd::tx_pwr_limit(w, r)) return false;
   if (!w.need(2)) return false;
   w.u(r.BYPASS_REG_IND, "BYPASS_REG_IND", 2);
   return true;

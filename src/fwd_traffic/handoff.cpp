@@ -232,20 +232,6 @@ bool return_and_scr(W& w, R& r, const Ctx& c) {
   return true;
 }
 
-// REV_FCH_GATING_MODE with the power control delay it enables.
-template <class W, class R>
-bool gating(W& w, R& r) {
-  if (!w.need(1)) return false;
-  w.u(r.REV_FCH_GATING_MODE, "REV_FCH_GATING_MODE", 1);
-  if (!r.REV_FCH_GATING_MODE) return true;
-  if (!w.need(1)) return false;
-  w.u(r.REV_PWR_CNTL_DELAY_INCL, "REV_PWR_CNTL_DELAY_INCL", 1);
-  if (!r.REV_PWR_CNTL_DELAY_INCL) return true;
-  if (!w.need(2)) return false;
-  w.u(r.REV_PWR_CNTL_DELAY, "REV_PWR_CNTL_DELAY", 2);
-  return true;
-}
-
 // SYNC_ID_INCL, SYNC_ID_LEN and SYNC_ID (SYNC_ID_LEN octets, shown in hexadecimal).
 template <class W, class R>
 bool sync_id(W& w, R& r) {
@@ -557,7 +543,7 @@ void layout(W& w, FD_GHDM& r, const Ctx& c) {
     w.u(r.NNSCR_INCLUDED, "NNSCR_INCLUDED", 1);
     if (r.NNSCR_INCLUDED && !nnscr_record(w, r.RECORD_TYPE2, r.RECORD_LEN2, r.NNSCR, c)) return;
   }
-  if (!gating(w, r)) return;
+  if (!fwd::rev_fch_gating(w, r)) return;
   if (c.p_rev < 7) return;
   if (!enc_and_calls(w, r, c, false, "FD_GHDM_CALLs")) return;
   if (!w.need(1)) return;
@@ -1609,7 +1595,7 @@ void layout(W& w, FD_UHDM& r, const Ctx& c) {
   // From P_REV 9 only channel assignments with a reverse Fundamental Channel carry the gating
   // mode.
   if (c.p_rev < 9 || asr_fch(r.CH_IND) || (r.CH_IND == 0 && ext_rev_fch(r.EXT_CH_IND))) {
-    if (!gating(w, r)) return;
+    if (!fwd::rev_fch_gating(w, r)) return;
   }
   if (c.p_rev < 7) return;
   if (!enc_and_calls(w, r, c, true, "FD_UHDM_CALLs")) return;
