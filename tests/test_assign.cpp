@@ -5,7 +5,7 @@
 #include <random>
 
 #include "body_run.h"
-#include "fwd_common/bodies.h"
+#include "fwd_common/tables.h"
 #include "helpers.h"
 
 namespace cs {
@@ -81,7 +81,7 @@ TEST(Assign, ChannelAssignmentModes) {
        body("FC_CAM", {"ASSIGN_MODE = 6", "ADD_RECORD_LEN = 0"})},
   };
   for (const auto& k : cases) {
-    const auto r = run(cam_body(), k.bits, k.p_rev);
+    const auto r = run(paging_messages().body(8), k.bits, k.p_rev);
     EXPECT_EQ(r.rc, Rc::ok) << k.what;
     EXPECT_EQ(r.used, k.used) << k.what;
     EXPECT_EQ(r.text, k.want) << k.what;
@@ -91,24 +91,24 @@ TEST(Assign, ChannelAssignmentModes) {
 TEST(Assign, ChannelAssignmentIsRefusedFromPrevEight) {
   const Bits b = Bits().put(2, 3).put(1, 3).put(0xFF, 8);
   for (std::uint8_t p_rev : {8, 9, 11}) {
-    const auto r = run(cam_body(), b, p_rev);
+    const auto r = run(paging_messages().body(8), b, p_rev);
     EXPECT_EQ(r.rc, Rc::count) << int(p_rev);
     EXPECT_EQ(r.text, "FC_CAM\n{\n}\n") << int(p_rev);
   }
-  EXPECT_EQ(run(cam_body(), b, 7).rc, Rc::ok);
+  EXPECT_EQ(run(paging_messages().body(8), b, 7).rc, Rc::ok);
 }
 
 TEST(Assign, ChannelAssignmentRecordMustFitItsLength) {
   // Mode '000' with a frequency needs 26 bits; a 3-octet record cannot hold it.
   const Bits b = Bits().put(0, 3).put(3, 3).put(1, 1).put(12, 8).put(25, 11).put(3, 4).put(0, 2).put(0, 6);
-  EXPECT_EQ(run(cam_body(), b, 6).rc, Rc::short_msg);
-  EXPECT_EQ(run_body(cam_body(), b.message(8), 0, 5, test::ctx(6)).rc, Rc::short_msg);
+  EXPECT_EQ(run(paging_messages().body(8), b, 6).rc, Rc::short_msg);
+  EXPECT_EQ(run_body(paging_messages().body(8), b.message(8), 0, 5, test::ctx(6)).rc, Rc::short_msg);
 }
 
 TEST(Assign, ExtendedHeaderOrderFollowsPrev) {
   // The same analog control assignment, before and after IS-95B phase II.
-  const auto old = run(ecam_body(), Bits().put(2, 3).put(1, 8).put(1, 1).put(0, 1).put(1, 1).put(0, 5), 4);
-  const auto cur = run(ecam_body(), Bits().put(1, 8).put(2, 3).put(1, 1).put(0, 1).put(1, 1).put(0, 5), 6);
+  const auto old = run(paging_messages().body(21), Bits().put(2, 3).put(1, 8).put(1, 1).put(0, 1).put(1, 1).put(0, 5), 4);
+  const auto cur = run(paging_messages().body(21), Bits().put(1, 8).put(2, 3).put(1, 1).put(0, 1).put(1, 1).put(0, 5), 6);
   const std::initializer_list<std::string_view> mode = {"RESPOND = 1", "ANALOG_SYS = 0", "USE_ANALOG_SYS = 1",
                                                         "BAND_CLASS = 0"};
   EXPECT_EQ(old.rc, Rc::ok);
@@ -118,11 +118,11 @@ TEST(Assign, ExtendedHeaderOrderFollowsPrev) {
   EXPECT_EQ(old.used, 19u);
   EXPECT_EQ(cur.used, 19u);
 
-  const auto none = run(ecam_body(), Bits().put(0, 8).put(7, 3).put(0x1F, 5), 10);
+  const auto none = run(paging_messages().body(21), Bits().put(0, 8).put(7, 3).put(0x1F, 5), 10);
   EXPECT_EQ(none.rc, Rc::ok);
   EXPECT_EQ(none.used, 11u);
   EXPECT_EQ(none.text, body("FC_ECAM", {"ADD_RECORD_LEN = 0", "ASSIGN_MODE = 7"}));
-  EXPECT_EQ(run_body(ecam_body(), Bits().put(0, 11).message(8), 0, 10, test::ctx(6)).rc, Rc::short_msg);
+  EXPECT_EQ(run_body(paging_messages().body(21), Bits().put(0, 11).message(8), 0, 10, test::ctx(6)).rc, Rc::short_msg);
 }
 
 // ECAM mode '000' fixed part with two pilots and a frequency.
@@ -163,7 +163,7 @@ void put_is2000_fch(Bits& b) {
 TEST(Assign, ExtendedTrafficAssignmentOverRevisions) {
   {  // IS-95B phase II order, no IS-2000 fields
     Bits b = ecam_traffic_head(1);
-    const auto r = run(ecam_body(), b, 5);
+    const auto r = run(paging_messages().body(21), b, 5);
     EXPECT_EQ(r.rc, Rc::ok);
     EXPECT_EQ(r.used, b.size());
     EXPECT_EQ(r.text, ecam_traffic(1, {}));
@@ -172,7 +172,7 @@ TEST(Assign, ExtendedTrafficAssignmentOverRevisions) {
     Bits b = ecam_traffic_head(0);
     put_is2000_fch(b);
     b.put(1, 1).put(1, 1).put(2, 2);
-    const auto r = run(ecam_body(), b, 6);
+    const auto r = run(paging_messages().body(21), b, 6);
     EXPECT_EQ(r.rc, Rc::ok);
     EXPECT_EQ(r.used, b.size());
     std::vector<std::string_view> tail(kIs2000Fch);
@@ -190,7 +190,7 @@ TEST(Assign, ExtendedTrafficAssignmentOverRevisions) {
     b.put(5, 3).put(1, 1).put(2, 3);               // ENC_KEY_SIZE, C_SIG_ENCRYPT_MODE_INCL, C_SIG_ENCRYPT_MODE
     b.put(1, 1).put(1, 1).put(0, 1);               // MSG_INT_INFO_INCL, CHANGE_KEYS, USE_UAK
     b.put(1, 1).put(1, 4).put(0x12345678ABull, 39);   // PLCM_TYPE_INCL, PLCM_TYPE, PLCM_39
-    const auto r = run(ecam_body(), b, 9);
+    const auto r = run(paging_messages().body(21), b, 9);
     EXPECT_EQ(r.rc, Rc::ok);
     EXPECT_EQ(r.used, b.size());
     std::string want = ecam_traffic(2, {});
@@ -205,7 +205,7 @@ TEST(Assign, ExtendedTrafficAssignmentOverRevisions) {
   }
   {  // a pilot cut short stops the decode with the pilots read so far
     Bits b = ecam_traffic_head(0);
-    const auto r = run_body(ecam_body(), b.message(8), 0, b.size() - 5, test::ctx(5));
+    const auto r = run_body(paging_messages().body(21), b.message(8), 0, b.size() - 5, test::ctx(5));
     EXPECT_EQ(r.rc, Rc::short_msg);
     EXPECT_NE(r.text.find("PILOTs[0]"), std::string::npos);
     EXPECT_EQ(r.text.find("PILOTs[1]"), std::string::npos);
@@ -215,7 +215,7 @@ TEST(Assign, ExtendedTrafficAssignmentOverRevisions) {
 TEST(Assign, ExtendedPagingAssignment) {
   Bits paging;
   paging.put(7, 8).put(1, 3).put(1, 1).put(1, 1).put(1, 5).put(75, 11).put(2, 6).put(78, 9).put(81, 9).put(84, 9);
-  const auto p = run(ecam_body(), paging, 7);
+  const auto p = run(paging_messages().body(21), paging, 7);
   EXPECT_EQ(p.rc, Rc::ok);
   EXPECT_EQ(p.used, paging.size());
   EXPECT_EQ(p.text, body("FC_ECAM", {"ADD_RECORD_LEN = 7", "ASSIGN_MODE = 1"}, "ECAM_ASSIGN_MODE_001",
@@ -240,7 +240,7 @@ TEST(Assign, ExtendedIs2000TrafficAssignment) {
     b.put(30, 8).put(3, 5).put(10, 8).put(70, 8);
     b.put(100, 9).put(1, 1).put(0, 3).put(1, 3).put(2, 2).put(0, 6).put(0, 1).put(33, 11).put(0, 2).put(0, 5);
     b.put(0, 1);
-    const auto r = run(ecam_body(), b, 6);
+    const auto r = run(paging_messages().body(21), b, 6);
     EXPECT_EQ(r.rc, Rc::ok);
     EXPECT_EQ(r.used, b.size());
     EXPECT_EQ(r.text,
@@ -276,7 +276,7 @@ TEST(Assign, ExtendedIs2000TrafficAssignment) {
     b.put(1, 1).put(2, 4).put(0xABCD, 16);     // SYNC_ID
     b.put(0, 1);                               // EARLY_RL_TRANSMIT_IND
     b.put(1, 1).put(23, 6);                    // TX_PWR_LIMIT_INCL, TX_PWR_LIMIT
-    const auto r = run(ecam_body(), b, 11);
+    const auto r = run(paging_messages().body(21), b, 11);
     EXPECT_EQ(r.rc, Rc::ok);
     EXPECT_EQ(r.used, b.size());
     for (const char* l : {"\n   ASSIGN_MODE = 4\n   DIRECT_CH_ASSIGN_IND = 0\n   RESERVED_2 = 0\n   ECAM_ASSIGN_MODE_100 = ",
@@ -296,7 +296,7 @@ TEST(Assign, ExtendedIs2000TrafficAssignment) {
     b.put(10, 8).put(4, 3).put(0, 1).put(0, 3);
     b.put(0, 3).put(3, 5).put(3, 5).put(2, 4).put(0, 2).put(4, 5).put(1, 4).put(0, 3).put(1, 2).put(3, 5);
     b.put(30, 8).put(3, 5).put(10, 8).put(70, 8).put(100, 9).put(0, 1).put(0, 1).put(33, 11).put(0, 2).put(0, 8);
-    EXPECT_EQ(run(ecam_body(), b, 6).rc, Rc::short_msg);
+    EXPECT_EQ(run(paging_messages().body(21), b, 6).rc, Rc::short_msg);
   }
 }
 
@@ -324,7 +324,7 @@ Bits direct_assignment(bool p_rev_11) {
 
 TEST(Assign, DirectChannelAssignmentFromPrev11) {
   const Bits b = direct_assignment(true);
-  const auto r = run(ecam_body(), b, 11);
+  const auto r = run(paging_messages().body(21), b, 11);
   EXPECT_EQ(r.rc, Rc::ok);
   EXPECT_EQ(r.used, b.size());
   EXPECT_EQ(r.text,
@@ -353,7 +353,7 @@ TEST(Assign, DirectChannelAssignmentFromPrev11) {
 
   // P_REV 10 has neither the header indicator nor what it enables, nor the early transmit bit.
   const Bits old = direct_assignment(false);
-  const auto o = run(ecam_body(), old, 10);
+  const auto o = run(paging_messages().body(21), old, 10);
   EXPECT_EQ(o.rc, Rc::ok);
   EXPECT_EQ(o.used, old.size());
   for (const char* absent :
@@ -367,7 +367,7 @@ TEST(Assign, DirectChannelAssignmentFromPrev11) {
   plain.put(30, 8).put(4, 3).put(0, 5).put(0, 1).put(0, 1).put(2, 2);
   plain.put(0, 3).put(3, 5).put(3, 5).put(1, 4).put(0, 2).put(2, 5).put(0, 4).put(0, 3).put(0, 2).put(0, 5);
   plain.put(0, 5).put(1, 1).put(1, 1).put(63, 6);
-  const auto p = run(ecam_body(), plain, 11);
+  const auto p = run(paging_messages().body(21), plain, 11);
   EXPECT_EQ(p.rc, Rc::ok);
   EXPECT_EQ(p.used, plain.size());
   EXPECT_NE(p.text.find("      GRANTED_MODE = 2\n      DEFAULT_CONFIG = 0\n"), std::string::npos);
@@ -428,7 +428,7 @@ TEST(Assign, AdditionalPilotRecordTypes) {
        with_pilot_record(6, 2, 1, [](Bits& b) { b.put(0xAB, 8); }), {}},
   };
   for (const auto& k : cases) {
-    const auto r = run(ecam_body(), k.bits, k.p_rev);
+    const auto r = run(paging_messages().body(21), k.bits, k.p_rev);
     EXPECT_EQ(r.rc, Rc::ok) << k.what;
     EXPECT_EQ(r.used, k.bits.size()) << k.what;
     std::string want = "ADD_PILOT_REC = FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_PILOT_RECs_ADD_PILOT_REC\n" +
@@ -457,7 +457,7 @@ TEST(Assign, PacketDataChannelAssignment) {
   b.put(81, 9).put(1, 1).put(0, 3).put(1, 3).put(1, 2).put(0, 2).put(0, 4).put(0, 1).put(0, 1).put(0, 1);
   b.put(14, 11).put(0, 2).put(15, 11).put(0, 2);
   b.put(0, 1);   // SYNC_ID_INCL
-  const auto r = run(ecam_body(), b, 9);
+  const auto r = run(paging_messages().body(21), b, 9);
   EXPECT_EQ(r.rc, Rc::ok);
   EXPECT_EQ(r.used, b.size());
   const std::string want =
@@ -503,7 +503,7 @@ TEST(Assign, PacketDataChannelWithCommonPowerControl) {
   b.put(0, 1).put(3, 4).put(0, 2).put(0, 2).put(10, 5).put(4, 5);    // .. FOR_PDCH_RC, REV_FCH_DCCH_RC
   b.put(0, 1).put(0, 1);                                             // PDCH_GROUP_IND_INCL, FOR_PDCH_PARAMS_INCL
   b.put(300, 9).put(0, 1).put(1, 1).put(9, 8).put(2, 3).put(100, 7).put(17, 5).put(1, 1);
-  const auto r = run(ecam_body(), b, 9);
+  const auto r = run(paging_messages().body(21), b, 9);
   EXPECT_EQ(r.rc, Rc::ok);
   EXPECT_EQ(r.used, b.size());
   EXPECT_NE(r.text.find(block(6, {"EXT_CH_IND = 1", "REV_FCH_GATING_MODE = 0", "FULL_CI_FEEDBACK_IND = 0"})),
@@ -522,7 +522,7 @@ TEST(Assign, PacketDataChannelWithCommonPowerControl) {
 
 TEST(Assign, PacketDataChannelAssignmentOverRevisions) {
   // Mode '101' is reserved before P_REV 9: the header alone.
-  const auto early = run(ecam_body(), Bits().put(9, 8).put(5, 3).put(0x1FF, 9), 8);
+  const auto early = run(paging_messages().body(21), Bits().put(9, 8).put(5, 3).put(0x1FF, 9), 8);
   EXPECT_EQ(early.rc, Rc::ok);
   EXPECT_EQ(early.used, 11u);
   EXPECT_EQ(early.text, body("FC_ECAM", {"ADD_RECORD_LEN = 9", "ASSIGN_MODE = 5"}));
@@ -536,7 +536,7 @@ TEST(Assign, PacketDataChannelAssignmentOverRevisions) {
   late.put(0, 1).put(0, 4).put(0, 2).put(0, 2).put(10, 5).put(3, 5).put(3, 5);
   late.put(1, 8).put(1, 5).put(2, 8).put(3, 8);                      // DCCH set points
   late.put(0, 1).put(0, 1);
-  const auto r = run(ecam_body(), late, 11);
+  const auto r = run(paging_messages().body(21), late, 11);
   EXPECT_EQ(r.rc, Rc::count);
   EXPECT_NE(r.text.find(block(3, {"ASSIGN_MODE = 5", "DIRECT_CH_ASSIGN_IND = 0", "RESERVED_2 = 3"})),
             std::string::npos);
@@ -601,13 +601,13 @@ TEST(Assign, PacketDataChannelReleaseDChannels) {
                "FOR_PDCH_PARAMS_INCL = 0"})},
   };
   for (const auto& k : cases) {
-    const auto r = run(ecam_body(), k.bits, 10);
+    const auto r = run(paging_messages().body(21), k.bits, 10);
     EXPECT_EQ(r.rc, Rc::count) << k.what;   // Release D fields follow that are not decoded
     EXPECT_EQ(r.text, k.want) << k.what;
   }
 
   // Before Release D the same indicator is reserved: no fundicated channel is read.
-  const auto c = run(ecam_body(), rpdch, 9);
+  const auto c = run(paging_messages().body(21), rpdch, 9);
   for (const char* absent : {"FPC_SUBCHAN_GAIN", "REV_PDCH_RC", "FOR_FCH_DCCH_RC"})
     EXPECT_EQ(c.text.find(absent), std::string::npos) << absent;
 }

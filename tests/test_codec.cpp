@@ -5,7 +5,7 @@
 
 #include "codec/arena.h"
 #include "codec/bits.h"
-#include "codec/layout.h"
+#include "layout/layout.h"
 #include "text/text.h"
 #include "helpers.h"
 

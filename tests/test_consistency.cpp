@@ -10,8 +10,11 @@
 #include <sstream>
 
 #include "codec/read_walk.h"
-#include "fwd_common/bodies.h"
-#include "fwd_traffic/bodies.h"
+#include "fwd_common/sync.h"
+#include "fwd_common/tables.h"
+#include "fwd_traffic/tables.h"
+#include "rev_access/pdu.h"
+#include "rev_traffic/pdu.h"
 #include "text/text.h"
 
 namespace cs {
@@ -24,25 +27,10 @@ struct Named {
 
 std::vector<Named> all_bodies() {
   std::vector<Named> v;
-  auto add = [&v](std::string where, const BodyOps* ops) {
-    if (ops) v.push_back({std::move(where), ops});
-  };
-  for (unsigned id = 0; id < 64; ++id) {
-    add("overhead " + std::to_string(id), overhead_body(static_cast<std::uint8_t>(id)));
-    add("addressed " + std::to_string(id), addressed_body(static_cast<std::uint8_t>(id)));
-  }
-  add("page 5", page_body(5));
-  add("page 6", page_body(6));
-  add("general page record", gpm_page_record_body());
-  add("cam", cam_body());
-  add("ecam", ecam_body());
-  add("paging order", fc_order_body());
-  add("traffic order", fd_order_body());
-  for (unsigned t = 0; t < 64; ++t) {
-    add("handoff " + std::to_string(t), fd_handoff_body(static_cast<std::uint8_t>(t)));
-    add("info records " + std::to_string(t), fd_inforec_body(static_cast<std::uint8_t>(t)));
-    add("traffic " + std::to_string(t), fd_message_body(static_cast<std::uint8_t>(t)));
-  }
+  for (const MessageTable* t : {&sync_messages(), &paging_messages(), &access_messages(), &fd_messages(), &rd_messages()})
+    for (const MessageTable::Entry& e : t->entries())
+      if (e.ops.decode) v.push_back({e.header, &e.ops});
+  v.push_back({"general page record", gpm_page_record_body()});
   return v;
 }
 
@@ -83,7 +71,7 @@ TEST(Consistency, EveryBodyPrintsExactlyTheFieldsItRead) {
         c.ordq = static_cast<std::uint8_t>(rng());
         arena.reset();
         void* rec = arena.raw(b.ops->size, alignof(std::max_align_t));
-        std::vector<std::string> trace;
+        std::vector<TraceItem> trace;
         g_read_trace = &trace;
         std::uint64_t used = 0;
         const Rc rc = b.ops->decode(rec, c, arena, buf.data(), buf.size(), 0, avail, &used);
@@ -97,7 +85,9 @@ TEST(Consistency, EveryBodyPrintsExactlyTheFieldsItRead) {
         if (rc != Rc::ok) continue;
         ++decoded;
         ASSERT_LE(used, std::max<std::uint64_t>(avail, buf.size() * 8)) << b.where;
-        ASSERT_EQ(printed_names(t.str()), trace) << b.where << " (" << b.ops->header << ") at P_REV " << p_rev
+        std::vector<std::string> names;
+        for (const TraceItem& i : trace) names.push_back(i.name);
+        ASSERT_EQ(printed_names(t.str()), names) << b.where << " (" << b.ops->header << ") at P_REV " << p_rev
                                                   << "\n" << t.str();
       }
     }

@@ -9,7 +9,7 @@
 
 #include "codec/arena.h"
 #include "codec/walk.h"
-#include "fwd_traffic/bodies.h"
+#include "fwd_traffic/tables.h"
 #include "helpers.h"
 #include "text/text.h"
 
@@ -28,7 +28,7 @@ struct BodyResult {
 // Decodes `bits` (exactly the body's bits, or fewer with `cut`) as message `type` and
 // prints the record whatever the decode returned.
 BodyResult run(std::uint8_t type, std::uint8_t p_rev, const Bits& bits, std::size_t cut = 0) {
-  const BodyOps* ops = fd_message_body(type);
+  const BodyOps* ops = fd_messages().body(type);
   EXPECT_NE(ops, nullptr) << "no body for MSG_TYPE " << int(type);
   if (ops == nullptr) return {Rc::count, "", 0};
   Ctx c;

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "codec/arena.h"
-#include "fwd_traffic/bodies.h"
+#include "fwd_traffic/tables.h"
 #include "helpers.h"
 #include "text/text.h"
 
@@ -30,7 +30,7 @@ struct Outcome {
 // Decodes `body` (exactly its bits are available) through the message's BodyOps, as the
 // forward traffic PDU would, and prints the record at indent 0.
 Outcome run(std::uint8_t msg_type, const Bits& body, std::uint8_t p_rev = 7, std::uint8_t encryption = 0) {
-  const BodyOps* ops = fd_inforec_body(msg_type);
+  const BodyOps* ops = fd_messages().body(msg_type);
   EXPECT_NE(ops, nullptr);
   Arena arena;
   Ctx c;

@@ -6,8 +6,8 @@
 #include <random>
 
 #include "body_run.h"
-#include "fwd_common/bodies.h"
-#include "fwd_traffic/bodies.h"
+#include "fwd_common/tables.h"
+#include "fwd_traffic/tables.h"
 #include "helpers.h"
 
 namespace cs {
@@ -27,7 +27,7 @@ TEST(Orders, RealBaseStationAcknowledgementOrders) {
   // ESN, then the order at bit 55; the last 30 bits are the CRC.
   for (const char* hex : {"0711290193922a802d1f8f76", "0735290193922a8017c857c4"}) {
     const auto msg = test::from_hex(hex);
-    const auto r = run_body(fc_order_body(), msg, 55, msg.size() * 8 - 30 - 55, test::ctx(6));
+    const auto r = run_body(paging_messages().body(7), msg, 55, msg.size() * 8 - 30 - 55, test::ctx(6));
     EXPECT_EQ(r.rc, Rc::ok) << hex;
     EXPECT_EQ(r.used, 9u) << hex;
     EXPECT_EQ(r.text, lines({"FC_ORDM", "{", "   ORDER = 16", "   ADD_RECORD_LEN = 0", "}"})) << hex;
@@ -105,7 +105,7 @@ TEST(Orders, CommonChannelGoldenTexts) {
        Bits().put(21, 6).put(2, 3).put(3, 8).put(0xFF, 8), 25, fc({"ORDER = 21", "ADD_RECORD_LEN = 2", "ORDQ = 3"})},
   };
   for (const auto& k : cases) {
-    const auto r = run(fc_order_body(), k.body, k.p_rev);
+    const auto r = run(paging_messages().body(7), k.body, k.p_rev);
     EXPECT_EQ(r.rc, Rc::ok) << k.what;
     EXPECT_EQ(r.used, k.used) << k.what;
     EXPECT_EQ(r.text, k.want) << k.what;
@@ -120,7 +120,7 @@ TEST(Orders, BcmcOrderNestsProgramsAndFlows) {
   b.put(3, 2).put(0, 1).put(0, 1).put(2, 4).put(10, 8);
   b.put(1, 2).put(1, 1);
   b.put(0, 4);
-  const auto r = run(fc_order_body(), b);
+  const auto r = run(paging_messages().body(7), b);
   EXPECT_EQ(r.rc, Rc::ok);
   EXPECT_EQ(r.used, 65u);
   EXPECT_EQ(r.text,
@@ -137,7 +137,7 @@ TEST(Orders, BcmcOrderNestsProgramsAndFlows) {
 
   Bits all;
   all.put(35, 6).put(3, 3).put(0, 8).put(1, 1).put(0, 1).put(4, 4).put(30, 8).put(0, 2);
-  const auto a = run(fc_order_body(), all);
+  const auto a = run(paging_messages().body(7), all);
   EXPECT_EQ(a.rc, Rc::ok);
   EXPECT_EQ(a.text, fc({"ORDER = 35", "ADD_RECORD_LEN = 3", "ORDQ = 0", "OrderSpecificFields.BCMCO = F_BCMC_ORDER",
                         "{", "   ALL_BCMC_FLOWS_IND = 1", "   CLEAR_ALL_RETRY_DELAY = 0", "   BCMC_REASON = 4",
@@ -165,7 +165,7 @@ TEST(Orders, LengthRules) {
        Rc::ok, 65},
   };
   for (const auto& k : cases) {
-    const auto r = run_body(fc_order_body(), k.body.message(8), 0, k.avail ? k.avail : k.body.size(), test::ctx(7));
+    const auto r = run_body(paging_messages().body(7), k.body.message(8), 0, k.avail ? k.avail : k.body.size(), test::ctx(7));
     EXPECT_EQ(r.rc, k.rc) << k.what;
     EXPECT_EQ(r.used, k.used) << k.what;
   }
@@ -174,7 +174,7 @@ TEST(Orders, LengthRules) {
 TEST(Orders, TrafficOrderHasActionTimeAndTrafficRecords) {
   Bits rel;
   rel.put(1, 1).put(33, 6).put(21, 6).put(3, 3).put(3, 8).put(1, 1).put(9, 4).put(2, 2).put(12, 4).put(0, 5);
-  const auto r = run(fd_order_body(), rel, 9);
+  const auto r = run(fd_messages().body(1), rel, 9);
   EXPECT_EQ(r.rc, Rc::ok);
   EXPECT_EQ(r.used, 40u);
   EXPECT_EQ(r.text, lines({"FD_ORDRM", "{", "   USE_TIME = 1", "   ACTION_TIME = 33", "   ORDER = 21",
@@ -185,7 +185,7 @@ TEST(Orders, TrafficOrderHasActionTimeAndTrafficRecords) {
   // Registration orders belong to the common channel: skipped on traffic.
   Bits reg;
   reg.put(0, 1).put(0, 6).put(27, 6).put(2, 3).put(5, 8).put(7, 8);
-  const auto g = run(fd_order_body(), reg, 9);
+  const auto g = run(fd_messages().body(1), reg, 9);
   EXPECT_EQ(g.rc, Rc::ok);
   EXPECT_EQ(g.used, 32u);
   EXPECT_EQ(g.text, lines({"FD_ORDRM", "{", "   USE_TIME = 0", "   ACTION_TIME = 0", "   ORDER = 27",
@@ -194,12 +194,12 @@ TEST(Orders, TrafficOrderHasActionTimeAndTrafficRecords) {
   // The one-shot pilot measurement request has no fields on traffic; the periodic one does.
   Bits once;
   once.put(0, 1).put(0, 6).put(17, 6).put(1, 3).put(0, 8);
-  const auto o = run(fd_order_body(), once, 9);
+  const auto o = run(fd_messages().body(1), once, 9);
   EXPECT_EQ(o.rc, Rc::ok);
   EXPECT_EQ(o.text.find("PPMRO"), std::string::npos);
   Bits periodic;
   periodic.put(0, 1).put(0, 6).put(17, 6).put(3, 3).put(5, 8).put(21, 5).put(9, 5).put(0, 1).put(0, 5);
-  const auto pm = run(fd_order_body(), periodic, 9);
+  const auto pm = run(fd_messages().body(1), periodic, 9);
   EXPECT_EQ(pm.rc, Rc::ok);
   EXPECT_NE(pm.text.find("      MIN_PILOT_PWR_THRESH = 21\n      MIN_PILOT_EC_IO_THRESH = 9\n      INCL_SETPT = 0\n"),
             std::string::npos);

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "codec/arena.h"
-#include "fwd_common/bodies.h"
+#include "fwd_common/tables.h"
 #include "helpers.h"
 #include "text/text.h"
 
@@ -27,7 +27,7 @@ struct Body {
 // Decodes `nbits` bits of a body starting at `start` into a zeroed record, then prints it.
 Body run(std::uint8_t msg_id, std::uint8_t p_rev, std::uint8_t band, const std::vector<std::uint8_t>& buf,
          std::uint64_t start, std::uint64_t nbits, unsigned indent = 0) {
-  const BodyOps* ops = overhead_list_body(msg_id);
+  const BodyOps* ops = paging_messages().body(msg_id);
   EXPECT_NE(ops, nullptr);
   if (ops == nullptr) return {Rc::count, "", 0};
   Arena arena;

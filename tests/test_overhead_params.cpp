@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "codec/arena.h"
-#include "fwd_common/bodies.h"
+#include "fwd_common/tables.h"
 #include "helpers.h"
 #include "text/text.h"
 
@@ -29,7 +29,7 @@ struct Body {
 // Decodes one body from `start` over `avail` bits into a zeroed record and prints it at indent 0.
 Body run(std::uint8_t msg_id, std::uint8_t p_rev, std::uint8_t band, const std::vector<std::uint8_t>& buf,
          std::uint64_t start, std::uint64_t avail) {
-  const BodyOps* ops = overhead_body(msg_id);
+  const BodyOps* ops = paging_messages().body(msg_id);
   EXPECT_NE(ops, nullptr);
   if (!ops) return {Rc::count, "", 0};
   std::vector<std::max_align_t> rec(ops->size / sizeof(std::max_align_t) + 1);
@@ -856,10 +856,10 @@ TEST(OverheadParams, McRrParametersOptionalMessageFlagsByRelease) {
 TEST(OverheadParams, OtherIdentifiersGoToTheListMessages) {
   for (std::uint8_t id = 0; id < 64; ++id) {
     if (id == 1 || id == 2 || id == 13 || id == 29 || id == 30 || id == 31 || id == 32) continue;
-    EXPECT_EQ(overhead_body(id), overhead_list_body(id)) << int(id);
+    EXPECT_EQ(paging_messages().body(id), paging_messages().body(id)) << int(id);
   }
-  EXPECT_STREQ(overhead_body(13)->header, "FC_ESPM");
-  EXPECT_STREQ(overhead_body(30)->header, "FC_MCRRPM");
+  EXPECT_STREQ(paging_messages().body(13)->header, "FC_ESPM");
+  EXPECT_STREQ(paging_messages().body(30)->header, "FC_MCRRPM");
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "fwd_common/bodies.h"
+#include "fwd_common/tables.h"
 #include "helpers.h"
 
 namespace cs::test {
@@ -113,7 +113,7 @@ TEST(Paging, BroadcastPduShowsItsHeaderEvenWhenItsBodyFails) {
   }
   // A body that runs short fails the message, and what was decoded is printed all the same.
   const Raw r = raw(6, {0x01, 0, 0, 0, 0, 0});
-  EXPECT_EQ(r.rc, overhead_body(1) != nullptr ? 3 : 0);
+  EXPECT_EQ(r.rc, paging_messages().body(1) != nullptr ? 3 : 0);
   EXPECT_TRUE(starts_with(r.text, "FC_PCH_BC__PBCCH_PDU\r\n  {\r\n     PD = 0\r\n     MSG_ID = 1\r\n")) << r.text;
   // Four octets do not even hold the type octet and the CRC: no frame, no text.
   const Raw none = raw(6, {0x1C, 0, 0, 0});
@@ -244,7 +244,7 @@ TEST(Paging, AssignmentRecordMaciFollowsTheChannelAssignment) {
   b.put(0, 1);                                            // ENC_FIELDS_INCL
   b.put(7, 3).put(0, 3);                                  // CAM body
   b.put(kMaci, 32);
-  const bool body = cam_body() != nullptr;
+  const bool body = paging_messages().body(8) != nullptr;
   // Without a CAM decoder the MACI is read where the body starts.
   const std::uint32_t maci = body ? kMaci : (0x38u << 26) | (kMaci >> 6);
   const auto r = paging(7, covered(b));
@@ -308,7 +308,7 @@ TEST(Paging, CorpusBaseStationAcksAreAddressedToTheRegisteredEsn) {
     // ORDER and ADD_RECORD_LEN end in the 8 bits that the channel's count leaves out, so
     // the order stage runs short: the address stages stay, with bare line ends.
     const Raw r = raw(6, from_hex(k.hex), 1);
-    const bool order = fc_order_body() != nullptr;
+    const bool order = paging_messages().body(7) != nullptr;
     EXPECT_EQ(r.rc, order ? 3 : 0);
     EXPECT_EQ(r.text, order ? want : crlf(want));
   }
@@ -321,7 +321,7 @@ TEST(Paging, OrderPathStages) {
   std::string want = arq_block(3, 6, 1, 0) + lines({"L2_ADDRESSING_FIELDS", "  {", "     ADDR_TYPE = 4", "     ADDR_LEN = 8",
                                                     "     EXT_ADDR_TYPE = 0", "     RESERVED = 0", "     ADDRESS = FC_ADDRESS",
                                                     "     {", "        MEID = 0x0123456789abcd", "     }", "  }"});
-  if (const BodyOps* ops = fc_order_body())
+  if (const BodyOps* ops = paging_messages().body(7))
     want += lines({ops->header, "  {", "     ORDER = 16", "     ADD_RECORD_LEN = 0", "  }"});
   for (std::uint8_t p_rev : {6, 11}) {
     const Raw r = raw(p_rev, covered(b));

@@ -7,7 +7,7 @@
 #include <random>
 
 #include "codec/arena.h"
-#include "fwd_common/bodies.h"
+#include "fwd_common/tables.h"
 #include "helpers.h"
 #include "text/text.h"
 
@@ -249,7 +249,7 @@ TEST(PagingBodies, SlottedPageAndPageMessages) {
   s.put(13, 6).put(2, 6).put(1, 1);
   add_min_pages(s);
   s.put(0, 3);   // octet padding
-  Outcome r = run(page_body(5), ctx(3), s);
+  Outcome r = run(paging_messages().body(5), ctx(3), s);
   EXPECT_EQ(r.rc, Rc::ok);
   EXPECT_EQ(r.consumed, s.size() - 3);
   EXPECT_EQ(r.text, "FC_SPGM\n{\n   CONFIG_MSG_SEQ = 13\n   ACC_MSG_SEQ = 2\n   MORE_PAGES = 1\n" +
@@ -259,17 +259,16 @@ TEST(PagingBodies, SlottedPageAndPageMessages) {
   Bits p;
   p.put(13, 6).put(2, 6);
   add_min_pages(p);
-  r = run(page_body(6), ctx(3), p);
+  r = run(paging_messages().body(6), ctx(3), p);
   EXPECT_EQ(r.rc, Rc::ok);
   EXPECT_EQ(r.text, "FC_PGM\n{\n   CONFIG_MSG_SEQ = 13\n   ACC_MSG_SEQ = 2\n" + page_lines("FC_PGM_PAGEs") + "}\n");
 
   // A page cut short fails the message and keeps the complete pages before it.
   Bits cut = p;
   cut.put(1, 3).put(0, 1).put(0, 10);
-  r = run(page_body(6), ctx(3), cut);
+  r = run(paging_messages().body(6), ctx(3), cut);
   EXPECT_EQ(r.rc, Rc::short_msg);
   EXPECT_NE(r.text.find("PAGEs[1]"), std::string::npos);
-  EXPECT_EQ(page_body(7), nullptr);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -333,7 +332,7 @@ TEST(PagingBodies, AddressedBodiesGolden) {
   };
   for (const Golden& k : cases) {
     SCOPED_TRACE(k.what);
-    const BodyOps* ops = addressed_body(k.msg_id);
+    const BodyOps* ops = paging_messages().body(k.msg_id);
     ASSERT_NE(ops, nullptr);
     const Outcome r = run(ops, ctx(k.p_rev), k.bits);
     EXPECT_EQ(r.rc, Rc::ok);
@@ -344,27 +343,26 @@ TEST(PagingBodies, AddressedBodiesGolden) {
 
 TEST(PagingBodies, ShortAddressedBodiesKeepTheFieldsRead) {
   // Data burst with NUM_FIELDS 4 but two characters: the characters read stay.
-  Outcome r = run(addressed_body(9), ctx(6), Bits().put(1, 8).put(3, 6).put(1, 8).put(4, 8).put(0x41, 8).put(0x42, 8));
+  Outcome r = run(paging_messages().body(9), ctx(6), Bits().put(1, 8).put(3, 6).put(1, 8).put(4, 8).put(0x41, 8).put(0x42, 8));
   EXPECT_EQ(r.rc, Rc::short_msg);
   EXPECT_EQ(r.text, body_text("FC_DBM", {"MSG_NUMBER = 1", "BURST_TYPE = 3", "NUM_MSGS = 1", "NUM_FIELDS = 4",
                                          "CHARi[0] = 65", "CHARi[1] = 66"}));
   // A redirection record whose declared length runs past the message.
-  r = run(addressed_body(16), ctx(6),
+  r = run(paging_messages().body(16), ctx(6),
           Bits().put(0, 3).put(1, 8).put(9, 8).put(4145, 15).put(0, 1).put(1, 3).put(0, 5));
   EXPECT_EQ(r.rc, Rc::short_msg);
   // Nothing at all.
-  r = run(addressed_body(44), ctx(10), Bits().put(0, 50).put(0, 50));
+  r = run(paging_messages().body(44), ctx(10), Bits().put(0, 50).put(0, 50));
   EXPECT_EQ(r.rc, Rc::short_msg);
   EXPECT_EQ(r.text,
             lines({"FC_AUREQM", "{", "   RANDA = NULL", "   CON_SQN = NULL", "   AMF = 0", "   MAC_A = NULL", "}"}));
-  EXPECT_EQ(addressed_body(7), nullptr);
 }
 
 TEST(PagingBodies, FeatureNotificationFromARealCapture) {
   // Sprint, P_REV 6: the body starts with RELEASE at bit 63 (after an IMSI address of five
   // octets) and holds one record of type 6 and length 1; two padding bits precede the CRC.
   const auto msg = test::from_hex("0c3b4a01a869b8f8060100297eca0a");
-  const Outcome r = run(addressed_body(12), ctx(6, 1), msg, 63, 27);
+  const Outcome r = run(paging_messages().body(12), ctx(6, 1), msg, 63, 27);
   EXPECT_EQ(r.rc, Rc::ok);
   EXPECT_EQ(r.consumed, 25u);
   EXPECT_EQ(r.text.rfind("FC_FNM\n{\n   RELEASE = 0\n   INFO_RECs[0] = FWD_USER_INFO_REC\n", 0), 0u) << r.text;

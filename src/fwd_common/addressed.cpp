@@ -2,9 +2,9 @@
 // (C.S0005 3.7.2.3.2), decoded over the bits that follow the PDU header.
 #include <cstdint>
 
-#include "codec/layout.h"
-#include "fwd_common/forward_shared.h"
-#include "fwd_common/bodies.h"
+#include "layout/layout.h"
+#include "records/forward_shared.h"
+#include "fwd_common/tables.h"
 #include "records/info_records.h"
 
 namespace cs {
@@ -213,35 +213,25 @@ void layout(W& w, FC_SMCM& r, const Ctx& c) {
   }
 }
 
-constexpr BodyOps kDbm = body_ops<fwd::DataBurst>("FC_DBM");
-constexpr BodyOps kAucm = body_ops<fwd::AuthChallenge>("FC_AUCM");
-constexpr BodyOps kSsdum = body_ops<fwd::SsdUpdate>("FC_SSDUM");
-constexpr BodyOps kFnm = body_ops<FC_FNM>("FC_FNM");
-constexpr BodyOps kStrqm = body_ops<FC_STRQM>("FC_STRQM");
-constexpr BodyOps kSrdm = body_ops<FC_SRDM>("FC_SRDM");
-constexpr BodyOps kTasm = body_ops<FC_TASM>("FC_TASM");
-constexpr BodyOps kPacam = body_ops<FC_PACAM>("FC_PACAM");
-constexpr BodyOps kUzrm = body_ops<FC_UZRM>("FC_UZRM");
-constexpr BodyOps kSmcm = body_ops<FC_SMCM>("FC_SMCM");
-constexpr BodyOps kAureqm = body_ops<fwd::AuthRequest>("FC_AUREQM");
-
 }  // namespace
 
-const BodyOps* addressed_body(std::uint8_t msg_id) {
-  switch (msg_id) {
-    case 9: return &kDbm;
-    case 10: return &kAucm;
-    case 11: return &kSsdum;
-    case 12: return &kFnm;
-    case 15: return &kStrqm;
-    case 16: return &kSrdm;
-    case 19: return &kTasm;
-    case 20: return &kPacam;
-    case 28: return &kUzrm;
-    case 34: return &kSmcm;
-    case 44: return &kAureqm;
-    default: return nullptr;
-  }
+Rows paging_addressed_rows() {
+  // The User Zone Reject Message goes to the broadcast PDU, which has no body for it; the
+  // Authentication Request Message lies beyond the dispatch's types.
+  static constexpr MessageRow rows[] = {
+      {9, "DBM", body_ops<fwd::DataBurst>(), kAddressedPdu, kAddressedSdu},
+      {10, "AUCM", body_ops<fwd::AuthChallenge>(), kAddressedPdu, kAddressedSdu},
+      {11, "SSDUM", body_ops<fwd::SsdUpdate>(), kAddressedPdu, kAddressedSdu},
+      {12, "FNM", body_ops<FC_FNM>(), kAddressedPdu, kAddressedSdu},
+      {15, "STRQM", body_ops<FC_STRQM>(), kAddressedPdu, kAddressedSdu},
+      {16, "SRDM", body_ops<FC_SRDM>(), kAddressedPdu, kAddressedSdu},
+      {19, "TASM", body_ops<FC_TASM>(), kAddressedPdu, kAddressedSdu},
+      {20, "PACAM", body_ops<FC_PACAM>(), kAddressedPdu, kAddressedSdu},
+      {28, "UZRM", body_ops<FC_UZRM>(), kBroadcastPdu, kAddressedSdu},
+      {34, "SMCM", body_ops<FC_SMCM>(), kAddressedPdu, kAddressedSdu},
+      {44, "AUREQM", body_ops<fwd::AuthRequest>(), kSilent, kAddressedSdu},
+  };
+  return rows;
 }
 
 }  // namespace cs

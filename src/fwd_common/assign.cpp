@@ -3,9 +3,9 @@
 // each a small header that selects an assignment mode and the record of that mode.
 #include <cstdint>
 
-#include "codec/layout.h"
-#include "fwd_common/bodies.h"
-#include "fwd_common/forward_shared.h"
+#include "layout/layout.h"
+#include "fwd_common/tables.h"
+#include "records/forward_shared.h"
 
 namespace cs {
 namespace {
@@ -877,12 +877,14 @@ void layout(W& w, FC_ECAM& r, const Ctx& c) {
   }
 }
 
-constexpr BodyOps kCam = body_ops<FC_CAM>("FC_CAM");
-constexpr BodyOps kEcam = body_ops<FC_ECAM>("FC_ECAM");
-
 }  // namespace
 
-const BodyOps* cam_body() { return &kCam; }
-const BodyOps* ecam_body() { return &kEcam; }
+Rows paging_assign_rows() {
+  static constexpr MessageRow rows[] = {
+      {8, "CAM", body_ops<FC_CAM>(), kCamPdu, kAssignSdu},
+      {21, "ECAM", body_ops<FC_ECAM>(), kEcamPdu, kAssignSdu},
+  };
+  return rows;
+}
 
 }  // namespace cs

@@ -1,8 +1,8 @@
 // Order Message of the paging / forward common channel (C.S0005 3.7.2.3.2.7): the order
 // record that follows the link-layer fields.
-#include "codec/layout.h"
-#include "fwd_common/bodies.h"
-#include "fwd_common/order_records.h"
+#include "layout/layout.h"
+#include "fwd_common/tables.h"
+#include "records/order_records.h"
 
 namespace cs {
 namespace {
@@ -17,10 +17,11 @@ void layout(W& w, FC_ORDM& r, const Ctx& c) {
   orders::order_fields(w, orders::Link::common, r.ORDER, r.ADD_RECORD_LEN, r.ORDQ, r.specific, c);
 }
 
-constexpr BodyOps kOrder = body_ops<FC_ORDM>("FC_ORDM");
-
 }  // namespace
 
-const BodyOps* fc_order_body() { return &kOrder; }
+Rows paging_order_rows() {
+  static constexpr MessageRow rows[] = {{7, "ORDM", body_ops<FC_ORDM>(), kOrderPath, kNoSdu}};
+  return rows;
+}
 
 }  // namespace cs

@@ -8,8 +8,8 @@
 #include <cstdint>
 
 #include "codec/walk.h"
-#include "fwd_common/bodies.h"
-#include "fwd_common/forward_shared.h"
+#include "fwd_common/tables.h"
+#include "records/forward_shared.h"
 
 namespace cs {
 namespace {
@@ -1037,34 +1037,26 @@ void layout(W& w, FC_UNLM& r, const Ctx& c) {
 }  // namespace
 }  // namespace cs
 
-#include "codec/layout.h"
+#include "layout/layout.h"
 
 namespace cs {
 
-const BodyOps* overhead_list_body(std::uint8_t msg_id) {
-  static constexpr BodyOps nlm = body_ops<FC_NLM>("FC_NLM");
-  static constexpr BodyOps cclm = body_ops<FC_CCLM>("FC_CCLM");
-  static constexpr BodyOps enlm = body_ops<FC_ENLM>("FC_ENLM");
-  static constexpr BodyOps ecclm = body_ops<FC_ECCLM>("FC_ECCLM");
-  static constexpr BodyOps gsrdm = body_ops<FC_GSRDM>("FC_GSRDM");
-  static constexpr BodyOps gnlm = body_ops<FC_GNLM>("FC_GNLM");
-  static constexpr BodyOps uzim = body_ops<FC_UZIM>("FC_UZIM");
-  static constexpr BodyOps pnlm = body_ops<FC_PNLM>("FC_PNLM");
-  static constexpr BodyOps egsrdm = body_ops<FC_EGSRDM>("FC_EGSRDM");
-  static constexpr BodyOps unlm = body_ops<FC_UNLM>("FC_UNLM");
-  switch (msg_id) {
-    case 3: return &nlm;
-    case 4: return &cclm;
-    case 14: return &enlm;
-    case 18: return &gsrdm;
-    case 22: return &gnlm;
-    case 23: return &uzim;
-    case 24: return &pnlm;
-    case 26: return &egsrdm;
-    case 27: return &ecclm;
-    case 33: return &unlm;
-    default: return nullptr;
-  }
+Rows paging_overhead_list_rows() {
+  // The universal neighbour list is a broadcast message this channel's dispatch leaves
+  // undecoded.
+  static constexpr MessageRow rows[] = {
+      {3, "NLM", body_ops<FC_NLM>(), kBroadcastPdu, kBroadcastSdu},
+      {4, "CCLM", body_ops<FC_CCLM>(), kBroadcastPdu, kBroadcastSdu},
+      {14, "ENLM", body_ops<FC_ENLM>(), kBroadcastPdu, kBroadcastSdu},
+      {18, "GSRDM", body_ops<FC_GSRDM>(), kBroadcastPdu, kBroadcastSdu},
+      {22, "GNLM", body_ops<FC_GNLM>(), kBroadcastPdu, kBroadcastSdu},
+      {23, "UZIM", body_ops<FC_UZIM>(), kBroadcastPdu, kBroadcastSdu},
+      {24, "PNLM", body_ops<FC_PNLM>(), kBroadcastPdu, kBroadcastSdu},
+      {26, "EGSRDM", body_ops<FC_EGSRDM>(), kBroadcastPdu, kBroadcastSdu},
+      {27, "ECCLM", body_ops<FC_ECCLM>(), kBroadcastPdu, kBroadcastSdu},
+      {33, "UNLM", body_ops<FC_UNLM>(), kSilent, kBroadcastSdu},
+  };
+  return rows;
 }
 
 }  // namespace cs

@@ -7,9 +7,9 @@
 // and prints it. Presence conditions are re-tested by the printer on what was decoded.
 #include <cstdint>
 
-#include "codec/layout.h"
-#include "fwd_common/bodies.h"
-#include "fwd_common/forward_shared.h"
+#include "layout/layout.h"
+#include "fwd_common/tables.h"
+#include "records/forward_shared.h"
 
 namespace cs {
 namespace {
@@ -1346,35 +1346,21 @@ void layout(W& w, FC_EAPM& r, const Ctx& c) {
   acct(w, r, c, {"ACCT_SO_REC", "FC_EAPM_ACCT_SO_REC", "ACCT_SO_GRP_REC", "FC_EAPM_ACCT_SO_GRP_REC"});
 }
 
-constexpr BodyOps kSpm = body_ops<FC_SPM>("FC_SPM");
-constexpr BodyOps kApm = body_ops<FC_APM>("FC_APM");
-constexpr BodyOps kEspm = body_ops<FC_ESPM>("FC_ESPM");
-constexpr BodyOps kA41spm = body_ops<FC_A41SPM>("FC_A41SPM");
-constexpr BodyOps kMcrrpm = body_ops<FC_MCRRPM>("FC_MCRRPM");
-constexpr BodyOps kA41randm = body_ops<FC_A41RANDM>("FC_A41RANDM");
-constexpr BodyOps kEapm = body_ops<FC_EAPM>("FC_EAPM");
-
 }  // namespace
 
-const BodyOps* overhead_body(std::uint8_t msg_id) {
-  switch (msg_id) {
-    case 1:
-      return &kSpm;
-    case 2:
-      return &kApm;
-    case 13:
-      return &kEspm;
-    case 29:
-      return &kA41spm;
-    case 30:
-      return &kMcrrpm;
-    case 31:
-      return &kA41randm;
-    case 32:
-      return &kEapm;
-    default:
-      return overhead_list_body(msg_id);
-  }
+Rows paging_overhead_param_rows() {
+  // The ANSI-41 parameters, MC-RR parameters and enhanced access parameters are broadcast
+  // messages this channel's dispatch leaves undecoded.
+  static constexpr MessageRow rows[] = {
+      {1, "SPM", body_ops<FC_SPM>(), kBroadcastPdu, kBroadcastSdu},
+      {2, "APM", body_ops<FC_APM>(), kBroadcastPdu, kBroadcastSdu},
+      {13, "ESPM", body_ops<FC_ESPM>(), kBroadcastPdu, kBroadcastSdu},
+      {29, "A41SPM", body_ops<FC_A41SPM>(), kSilent, kBroadcastSdu},
+      {30, "MCRRPM", body_ops<FC_MCRRPM>(), kSilent, kBroadcastSdu},
+      {31, "A41RANDM", body_ops<FC_A41RANDM>(), kSilent, kBroadcastSdu},
+      {32, "EAPM", body_ops<FC_EAPM>(), kSilent, kBroadcastSdu},
+  };
+  return rows;
 }
 
 }  // namespace cs

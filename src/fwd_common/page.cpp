@@ -3,8 +3,8 @@
 // 3.7.2.3.2.17), which the General Page dispatcher walks one record at a time.
 #include <cstdint>
 
-#include "codec/layout.h"
-#include "fwd_common/bodies.h"
+#include "layout/layout.h"
+#include "fwd_common/tables.h"
 
 namespace cs {
 namespace {
@@ -272,20 +272,21 @@ void layout(W& w, L2_PAGE_RECORD& r, const Ctx&) {
   }
 }
 
-constexpr BodyOps kSpgm = body_ops<FC_SPGM>("FC_SPGM");
-constexpr BodyOps kPgm = body_ops<FC_PGM>("FC_PGM");
-constexpr BodyOps kGpmPageRecord = body_ops<L2_PAGE_RECORD>("L2_PAGE_RECORD");
-
 }  // namespace
 
-const BodyOps* page_body(std::uint8_t msg_id) {
-  switch (msg_id) {
-    case 5: return &kSpgm;
-    case 6: return &kPgm;
-    default: return nullptr;
-  }
+Rows paging_page_rows() {
+  // The General Page Message has a path of its own: its records are not a message body.
+  static constexpr MessageRow rows[] = {
+      {5, "SPGM", body_ops<FC_SPGM>(), kBroadcastPdu, kBroadcastSdu},
+      {6, "PGM", body_ops<FC_PGM>(), kBroadcastPdu, kBroadcastSdu},
+      {17, "GPM", {}, kGeneralPage, kNoSdu},
+  };
+  return rows;
 }
 
-const BodyOps* gpm_page_record_body() { return &kGpmPageRecord; }
+const BodyOps* gpm_page_record_body() {
+  static constexpr BodyOps ops = body_ops<L2_PAGE_RECORD>("L2_PAGE_RECORD");
+  return &ops;
+}
 
 }  // namespace cs

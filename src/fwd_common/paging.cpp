@@ -6,42 +6,33 @@
 #include <cstddef>
 #include <cstring>
 
-#include "codec/layout.h"
-#include "fwd_common/bodies.h"
+#include "layout/layout.h"
+#include "fwd_common/tables.h"
 
 namespace cs {
 
 namespace {
 
-struct SduLabel {
-  std::uint8_t msg_id;
-  const char* label;
+// Messages of the channel that only have a name here.
+constexpr MessageRow kNamedRows[] = {
+    {0, "NULL", {}, kSilent, kNoSdu},           {35, "UPM_SEG_UN", {}, kSilent, kNoSdu},
+    {36, "UPM_SEG_FIRST", {}, kSilent, kNoSdu}, {37, "UPM_SEG_MID", {}, kSilent, kNoSdu},
+    {38, "UPM_SEG_FINAL", {}, kSilent, kNoSdu}, {39, "MAPSCHM", {}, kSilent, kNoSdu},
+    {40, "MAPSIM", {}, kSilent, kNoSdu},        {41, "MAPL3M", {}, kSilent, kNoSdu},
+    {42, "RTASM", {}, kSilent, kNoSdu},         {43, "MAPFRM", {}, kSilent, kNoSdu},
+    // No public layout of the BCMC Service Parameters Message is known; it shows its PDU only.
+    {45, "BSPM", {}, kSilent, kBroadcastSdu},
 };
 
-// SDUs of the broadcast PDU. 28 (User Zone Reject) is sent here by the dispatcher but is
-// not in this table: such a PDU shows its header only.
-constexpr SduLabel kBroadcastSdus[] = {
-    {1, "SDU.SPM"},     {2, "SDU.APM"},     {3, "SDU.NLM"},       {4, "SDU.CCLM"},   {5, "SDU.SPGM"},
-    {6, "SDU.PGM"},     {13, "SDU.ESPM"},   {14, "SDU.ENLM"},     {18, "SDU.GSRDM"}, {22, "SDU.GNLM"},
-    {23, "SDU.UZIM"},   {24, "SDU.PNLM"},   {26, "SDU.EGSRDM"},   {27, "SDU.ECCLM"}, {29, "SDU.A41SPM"},
-    {30, "SDU.MCRRPM"}, {31, "SDU.A41RANDM"}, {32, "SDU.EAPM"},   {33, "SDU.UNLM"},  {45, "SDU.BSPM"},
+// The SDU of a PDU kind: its label and body, when the message type has one there.
+struct Sdu {
+  const char* label = nullptr;
+  const BodyOps* ops = nullptr;
 };
-
-// SDUs of the directed PDU.
-constexpr SduLabel kAddressedSdus[] = {
-    {9, "SDU.DBM"},    {10, "SDU.AUCM"}, {11, "SDU.SSDUM"}, {12, "SDU.FNM"},  {15, "SDU.STRQM"},  {16, "SDU.SRDM"},
-    {19, "SDU.TASM"},  {20, "SDU.PACAM"}, {28, "SDU.UZRM"}, {34, "SDU.SMCM"}, {44, "SDU.AUREQM"},
-};
-
-template <std::size_t N>
-const char* label_of(const SduLabel (&table)[N], std::uint8_t msg_id) {
-  for (const SduLabel& e : table)
-    if (e.msg_id == msg_id) return e.label;
-  return nullptr;
-}
-
-const BodyOps* broadcast_body(std::uint8_t msg_id) {
-  return msg_id == 5 || msg_id == 6 ? page_body(msg_id) : overhead_body(msg_id);
+Sdu sdu_of(std::uint8_t msg_id, PagingCarrier carrier) {
+  const MessageTable::Entry* e = paging_messages().find(msg_id);
+  if (e == nullptr || e->row->carrier != carrier) return {};
+  return {e->label.c_str(), e->ops.decode ? &e->ops : nullptr};
 }
 
 // The assignment PDUs size their record array from the bits left (45 bits per CAM record,
@@ -244,7 +235,7 @@ void layout(W& w, FC_PCH_BC__PBCCH_PDU& r, const Ctx& c) {
   if (!w.need(8)) return;
   w.u(r.PD, "PD", 2);
   w.u(r.MSG_ID, "MSG_ID", 6);
-  if (const char* label = label_of(kBroadcastSdus, r.MSG_ID)) w.body(label, broadcast_body(r.MSG_ID), r.sdu, c);
+  if (const Sdu sdu = sdu_of(r.MSG_ID, kBroadcastSdu); sdu.label) w.body(sdu.label, sdu.ops, r.sdu, c);
   // The PDU is reported 2 bits past an octet boundary, so that with the 30-bit CRC it
   // fills whole octets. Unchecked, and nothing on the air follows it.
   w.align(8, 2);
@@ -258,29 +249,30 @@ void layout(W& w, FC_PCH_PDU& r, const Ctx& c) {
   layout(w, r.arq, c);
   addressing(w, r.addr, c.p_rev >= 11, c);
   security(w, r.sec, r.PD);
-  if (const char* label = label_of(kAddressedSdus, r.MSG_ID)) w.body(label, addressed_body(r.MSG_ID), r.sdu, c);
+  if (const Sdu sdu = sdu_of(r.MSG_ID, kAddressedSdu); sdu.label) w.body(sdu.label, sdu.ops, r.sdu, c);
   maci(w, r.MACI, r.PD, r.sec);
 }
 
 // The link-layer fields of an assignment record depend on the PDU's PD, which selects the
 // integrity and encryption fields on this channel.
 template <class W>
-void assign_record(W& w, FC_PCH_ASSIGN_RECORD& r, const Ctx& c, const char* label, const BodyOps* ops) {
+void assign_record(W& w, FC_PCH_ASSIGN_RECORD& r, const Ctx& c, std::uint8_t msg_id) {
   layout(w, r.arq, c);
   addressing(w, r.addr, c.p_rev >= 11, c);
   security(w, r.sec, c.pd);
-  w.body(label, ops, r.sdu, c);
+  const Sdu sdu = sdu_of(msg_id, kAssignSdu);
+  w.body(sdu.label, sdu.ops, r.sdu, c);
   maci(w, r.MACI, c.pd, r.sec);
 }
 
 template <class W>
 void layout(W& w, FC_PCH_CAM_PDU_AssignmentRecords& r, const Ctx& c) {
-  assign_record(w, r, c, "SDU.CAM", cam_body());
+  assign_record(w, r, c, 8);
 }
 
 template <class W>
 void layout(W& w, FC_PCH_ECAM_PDU_ExtChanAssignRecord& r, const Ctx& c) {
-  assign_record(w, r, c, "SDU.ECAM", ecam_body());
+  assign_record(w, r, c, 21);
 }
 
 namespace {
@@ -332,21 +324,6 @@ void layout(W& w, L2_GPM_COMMON_FIELDS& r, const Ctx&) {
 
 namespace {
 
-enum class Group : std::uint8_t { none, broadcast, order, cam, addressed, general_page, ecam };
-
-// By message type 0..34. 25 has no message; 29 to 33 are broadcast messages that this
-// channel's dispatch leaves undecoded; 28 goes to the broadcast PDU although only the
-// directed PDU knows its body.
-constexpr Group kGroups[35] = {
-    Group::none,         Group::broadcast, Group::broadcast, Group::broadcast, Group::broadcast,   // 0-4
-    Group::broadcast,    Group::broadcast, Group::order,     Group::cam,       Group::addressed,   // 5-9
-    Group::addressed,    Group::addressed, Group::addressed, Group::broadcast, Group::broadcast,   // 10-14
-    Group::addressed,    Group::addressed, Group::general_page, Group::broadcast, Group::addressed, // 15-19
-    Group::addressed,    Group::ecam,      Group::broadcast, Group::broadcast, Group::broadcast,   // 20-24
-    Group::none,         Group::broadcast, Group::broadcast, Group::broadcast, Group::none,        // 25-29
-    Group::none,         Group::none,      Group::none,      Group::none,      Group::addressed,   // 30-34
-};
-
 // A run of bits within the message: where the next stage starts and what is left of it.
 struct Cursor {
   std::uint64_t pos, left;
@@ -392,7 +369,7 @@ Rc run_order(PagingState& st, Call& call, const Ctx& c) {
   if (rc != Rc::ok) return rc;
   print(st.addressing, c, "L2_ADDRESSING_FIELDS", 2, call.text);
 
-  if (const BodyOps* ops = fc_order_body()) {
+  if (const BodyOps* ops = paging_messages().body(7)) {
     void* rec = call.arena.raw(ops->size, alignof(std::max_align_t));
     rc = decode_body_at(*ops, rec, c, call, at);
     if (rc != Rc::ok) return rc;
@@ -447,21 +424,30 @@ Rc run_paging(PagingState& st, Call& call) {
   if (call.short_header) return Rc::short_msg;
   // From P_REV 7 the first octet also carries PD in its top two bits.
   const unsigned type = call.p_rev < 7 ? call.msg[0] : call.msg[0] & 63u;
-  const Group group = type < std::size(kGroups) ? kGroups[type] : Group::none;
+  const MessageTable::Entry* e = type < 256 ? paging_messages().find(static_cast<std::uint8_t>(type)) : nullptr;
+  const auto route = e ? static_cast<PagingRoute>(e->row->route) : kSilent;
 
   Ctx c;
   c.p_rev = call.p_rev;
   c.band_class = call.band_class;
-  switch (group) {
-    case Group::none: return Rc::ok;
-    case Group::broadcast: return run_pdu(st.bc, "FC_PCH_BC__PBCCH_PDU", call, c);
-    case Group::cam: return run_pdu(st.cam, "FC_PCH_CAM_PDU", call, c);
-    case Group::ecam: return run_pdu(st.ecam, "FC_PCH_ECAM_PDU", call, c);
-    case Group::addressed: return run_pdu(st.pdu, "FC_PCH_PDU", call, c);
-    case Group::order: return run_order(st, call, c);
-    case Group::general_page: return run_general_page(st, call, c);
+  switch (route) {
+    case kSilent: return Rc::ok;
+    case kBroadcastPdu: return run_pdu(st.bc, "FC_PCH_BC__PBCCH_PDU", call, c);
+    case kCamPdu: return run_pdu(st.cam, "FC_PCH_CAM_PDU", call, c);
+    case kEcamPdu: return run_pdu(st.ecam, "FC_PCH_ECAM_PDU", call, c);
+    case kAddressedPdu: return run_pdu(st.pdu, "FC_PCH_PDU", call, c);
+    case kOrderPath: return run_order(st, call, c);
+    case kGeneralPage: return run_general_page(st, call, c);
   }
   return Rc::ok;
+}
+
+const MessageTable& paging_messages() {
+  static const MessageTable table("FC_", "OVN_DPCH_MSG_ID_",
+                                  {kNamedRows, paging_overhead_param_rows(), paging_overhead_list_rows(),
+                                   paging_page_rows(), paging_order_rows(), paging_assign_rows(),
+                                   paging_addressed_rows()});
+  return table;
 }
 
 }  // namespace cs

@@ -2,7 +2,7 @@
 #pragma once
 #include <cstdint>
 
-#include "api/call.h"
+#include "layout/call.h"
 
 namespace cs {
 

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "codec/layout.h"
+#include "layout/layout.h"
 
 namespace cs {
 
@@ -82,6 +82,12 @@ void layout(W& w, FC_SCHM& r, const Ctx& c) {
     if (!w.need(24)) return;   // 25 bits counted from the flag
     w.u(r.DS_BLOB, "DS_BLOB", 24);
   }
+}
+
+const MessageTable& sync_messages() {
+  static constexpr MessageRow rows[] = {{1, "SCHM", body_ops<FC_SCHM>(), 0, 0}};
+  static const MessageTable table("FC_", "OVN_SCH_MSG_ID_", {rows});
+  return table;
 }
 
 Rc decode_sync(FC_SCHM& r, const Ctx& c, Arena& a, const std::uint8_t* buf, std::size_t n, std::uint64_t start,

@@ -2,8 +2,9 @@
 #pragma once
 #include <cstdint>
 
-#include "api/call.h"
 #include "codec/walk.h"
+#include "layout/call.h"
+#include "layout/table.h"
 
 namespace cs {
 
@@ -32,6 +33,9 @@ struct SyncState {
 
 // Decodes the message after its type octet and prints it at indent 0.
 Rc run_sync(SyncState& st, Call& call);
+
+// The channel's message table.
+const MessageTable& sync_messages();
 
 // The record alone, for tests and tools: decode over `avail` bits from `start`.
 Rc decode_sync(FC_SCHM& r, const Ctx& c, Arena& a, const std::uint8_t* buf, std::size_t n, std::uint64_t start,

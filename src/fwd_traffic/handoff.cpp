@@ -8,9 +8,9 @@
 // message carries its own P_REV.
 #include <cstdint>
 
-#include "codec/layout.h"
-#include "fwd_common/forward_shared.h"
-#include "fwd_traffic/bodies.h"
+#include "layout/layout.h"
+#include "records/forward_shared.h"
+#include "fwd_traffic/tables.h"
 #include "fwd_traffic/service_config.h"
 
 namespace cs {
@@ -2029,25 +2029,18 @@ void layout(W& w, FD_SCM& r, const Ctx& c) {
   // conditions not known here; the message ends at USE_TYPE0_PLCM.
 }
 
-constexpr BodyOps kHdm = body_ops<FD_HDM>("FD_HDM");
-constexpr BodyOps kEhdm = body_ops<FD_EHDM>("FD_EHDM");
-constexpr BodyOps kGhdm = body_ops<FD_GHDM>("FD_GHDM");
-constexpr BodyOps kUhdm = body_ops<FD_UHDM>("FD_UHDM");
-constexpr BodyOps kScm = body_ops<FD_SCM>("FD_SCM");
-constexpr BodyOps kEscam = body_ops<FD_ESCAM>("FD_ESCAM");
-
 }  // namespace
 
-const BodyOps* fd_handoff_body(std::uint8_t msg_type) {
-  switch (msg_type) {
-    case 5: return &kHdm;
-    case 17: return &kEhdm;
-    case 20: return &kScm;
-    case 31: return &kGhdm;
-    case 34: return &kUhdm;
-    case 35: return &kEscam;
-    default: return nullptr;
-  }
+Rows fd_handoff_rows() {
+  static constexpr MessageRow rows[] = {
+      {5, "HDM", body_ops<FD_HDM>()},
+      {17, "EHDM", body_ops<FD_EHDM>()},
+      {20, "SCM", body_ops<FD_SCM>()},
+      {31, "GHDM", body_ops<FD_GHDM>()},
+      {34, "UHDM", body_ops<FD_UHDM>()},
+      {35, "ESCAM", body_ops<FD_ESCAM>()},
+  };
+  return rows;
 }
 
 }  // namespace cs

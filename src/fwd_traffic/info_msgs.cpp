@@ -1,8 +1,8 @@
 // Forward traffic messages that carry information records (C.S0005 3.7.3.3.2):
 // Alert With Information (3) and Flash With Information (14), whose records run to the end
 // of the message, and their extended forms (40, 42) with a connection reference and a count.
-#include "codec/layout.h"
-#include "fwd_traffic/bodies.h"
+#include "layout/layout.h"
+#include "fwd_traffic/tables.h"
 #include "records/info_records.h"
 
 namespace cs {
@@ -37,21 +37,16 @@ void layout(W& w, FD_EAWIM& r, const Ctx& c) {
   w.counted("INFO_RECs", "FWD_USER_INFO_REC", r.INFO_RECs, r.NUM_REC, c);
 }
 
-constexpr BodyOps kAwim = body_ops<FD_AWIM>("FD_AWIM");
-constexpr BodyOps kFwim = body_ops<FD_AWIM>("FD_FWIM");
-constexpr BodyOps kEawim = body_ops<FD_EAWIM>("FD_EAWIM");
-constexpr BodyOps kEfwim = body_ops<FD_EAWIM>("FD_EFWIM");
-
 }  // namespace
 
-const BodyOps* fd_inforec_body(std::uint8_t msg_type) {
-  switch (msg_type) {
-    case 3: return &kAwim;
-    case 14: return &kFwim;
-    case 40: return &kEawim;
-    case 42: return &kEfwim;
-    default: return nullptr;
-  }
+Rows fd_inforec_rows() {
+  static constexpr MessageRow rows[] = {
+      {3, "AWIM", body_ops<FD_AWIM>()},
+      {14, "FWIM", body_ops<FD_AWIM>()},
+      {40, "EAWIM", body_ops<FD_EAWIM>()},
+      {42, "EFWIM", body_ops<FD_EAWIM>()},
+  };
+  return rows;
 }
 
 }  // namespace cs

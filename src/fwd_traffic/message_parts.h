@@ -1,15 +1,11 @@
 // Pieces shared by the files that hold the forward traffic message bodies (messages.cpp,
-// search.cpp, power_control.cpp). Not for other families: they see bodies.h only.
+// search.cpp, power_control.cpp). Not for other families.
 #pragma once
 #include <cstdint>
 
 #include "codec/walk.h"
 
 namespace cs {
-
-// The lookups of search.cpp and power_control.cpp; fd_message_body() asks them in turn.
-const BodyOps* fd_search_body(std::uint8_t msg_type);
-const BodyOps* fd_power_body(std::uint8_t msg_type);
 
 namespace fd_parts {
 

@@ -8,9 +8,9 @@
 // and once to print. Revision-dependent fields test Ctx::p_rev (P_REV_IN_USE).
 #include <cstdint>
 
-#include "codec/layout.h"
-#include "fwd_common/forward_shared.h"
-#include "fwd_traffic/bodies.h"
+#include "layout/layout.h"
+#include "records/forward_shared.h"
+#include "fwd_traffic/tables.h"
 #include "fwd_traffic/message_parts.h"
 #include "fwd_traffic/service_config.h"
 
@@ -767,59 +767,34 @@ void layout(W& w, FD_ITBSPM& r, const Ctx&) {
 
 // ---- The table ------------------------------------------------------------------------------
 
-constexpr BodyOps kAucm = body_ops<fwd::AuthChallenge>("FD_AUCM");
-constexpr BodyOps kDbm = body_ops<fwd::DataBurst>("FD_DBM");
-constexpr BodyOps kAhdm = body_ops<FD_AHDM>("FD_AHDM");
-constexpr BodyOps kBdtmfm = body_ops<FD_BDTMFM>("FD_BDTMFM");
-constexpr BodyOps kRtpm = body_ops<FD_RTPM>("FD_RTPM");
-constexpr BodyOps kStpm = body_ops<FD_STPM>("FD_STPM");
-constexpr BodyOps kSsdum = body_ops<fwd::SsdUpdate>("FD_SSDUM");
-constexpr BodyOps kMsrm = body_ops<FD_MSRM>("FD_MSRM");
-constexpr BodyOps kStrqm = body_ops<FD_STRQM>("FD_STRQM");
-constexpr BodyOps kSrqm = body_ops<FD_SRQM>("FD_SRQM");
-constexpr BodyOps kSrpm = body_ops<FD_SRPM>("FD_SRPM");
-constexpr BodyOps kSocm = body_ops<FD_SOCM>("FD_SOCM");
-constexpr BodyOps kTasm = body_ops<FD_TASM>("FD_TASM");
-constexpr BodyOps kSrdm = body_ops<FD_SRDM>("FD_SRDM");
-constexpr BodyOps kUzrm = body_ops<FD_UZRM>("FD_UZRM");
-constexpr BodyOps kUzum = body_ops<FD_UZUM>("FD_UZUM");
-constexpr BodyOps kAureqm = body_ops<fwd::AuthRequest>("FD_AUREQM");
-constexpr BodyOps kErm = body_ops<FD_ERM>("FD_ERM");
-constexpr BodyOps kClam = body_ops<FD_CLAM>("FD_CLAM");
-constexpr BodyOps kSmcm = body_ops<FD_SMCM>("FD_SMCM");
-constexpr BodyOps kBssrspm = body_ops<FD_BSSRSPM>("FD_BSSRSPM");
-constexpr BodyOps kItbspm = body_ops<FD_ITBSPM>("FD_ITBSPM");
-
 }  // namespace
 
-const BodyOps* fd_message_body(std::uint8_t msg_type) {
-  switch (msg_type) {
-    case 2: return &kAucm;
-    case 4: return &kDbm;
-    case 6: return &kAhdm;
-    case 9: return &kBdtmfm;
-    case 11: return &kRtpm;
-    case 12: return &kStpm;
-    case 13: return &kSsdum;
-    case 15: return &kMsrm;
-    case 16: return &kStrqm;
-    case 18: return &kSrqm;
-    case 19: return &kSrpm;
-    case 21: return &kSocm;
-    case 22: return &kTasm;
-    case 23: return &kSrdm;
-    case 33: return &kErm;
-    case 37: return &kUzrm;
-    case 38: return &kUzum;
-    case 39: return &kClam;
-    case 43: return &kSmcm;
-    case 49: return &kBssrspm;
-    case 50: return &kAureqm;
-    case 52: return &kItbspm;
-    default: break;
-  }
-  if (const BodyOps* ops = fd_search_body(msg_type)) return ops;
-  return fd_power_body(msg_type);
+Rows fd_message_rows() {
+  static constexpr MessageRow rows[] = {
+      {2, "AUCM", body_ops<fwd::AuthChallenge>()},
+      {4, "DBM", body_ops<fwd::DataBurst>()},
+      {6, "AHDM", body_ops<FD_AHDM>()},
+      {9, "BDTMFM", body_ops<FD_BDTMFM>()},
+      {11, "RTPM", body_ops<FD_RTPM>()},
+      {12, "STPM", body_ops<FD_STPM>()},
+      {13, "SSDUM", body_ops<fwd::SsdUpdate>()},
+      {15, "MSRM", body_ops<FD_MSRM>()},
+      {16, "STRQM", body_ops<FD_STRQM>()},
+      {18, "SRQM", body_ops<FD_SRQM>()},
+      {19, "SRPM", body_ops<FD_SRPM>()},
+      {21, "SOCM", body_ops<FD_SOCM>()},
+      {22, "TASM", body_ops<FD_TASM>()},
+      {23, "SRDM", body_ops<FD_SRDM>()},
+      {33, "ERM", body_ops<FD_ERM>()},
+      {37, "UZRM", body_ops<FD_UZRM>()},
+      {38, "UZUM", body_ops<FD_UZUM>()},
+      {39, "CLAM", body_ops<FD_CLAM>()},
+      {43, "SMCM", body_ops<FD_SMCM>()},
+      {49, "BSSRSPM", body_ops<FD_BSSRSPM>()},
+      {50, "AUREQM", body_ops<fwd::AuthRequest>()},
+      {52, "ITBSPM", body_ops<FD_ITBSPM>()},
+  };
+  return rows;
 }
 
 }  // namespace cs

@@ -1,8 +1,8 @@
 // Order Message of the forward traffic channel (C.S0005 3.7.3.3.2.1): the action time, then
 // the order record with the order-specific fields of the traffic channel orders.
-#include "codec/layout.h"
-#include "fwd_common/order_records.h"
-#include "fwd_traffic/bodies.h"
+#include "layout/layout.h"
+#include "records/order_records.h"
+#include "fwd_traffic/tables.h"
 
 namespace cs {
 namespace {
@@ -20,10 +20,13 @@ void layout(W& w, FD_ORDRM& r, const Ctx& c) {
   orders::order_fields(w, orders::Link::traffic, r.ORDER, r.ADD_RECORD_LEN, r.ORDQ, r.specific, c);
 }
 
-constexpr BodyOps kOrder = body_ops<FD_ORDRM>("FD_ORDRM");
-
 }  // namespace
 
-const BodyOps* fd_order_body() { return &kOrder; }
+Rows fd_order_rows() {
+  static constexpr MessageRow rows[] = {
+      {1, "ORDRM", body_ops<FD_ORDRM>()},
+  };
+  return rows;
+}
 
 }  // namespace cs

@@ -1,38 +1,22 @@
 #include "fwd_traffic/pdu.h"
 
-#include "codec/layout.h"
-#include "fwd_traffic/bodies.h"
+#include "layout/layout.h"
+#include "fwd_traffic/tables.h"
 
 namespace cs {
 
 namespace {
 
-// "SDU." and the abbreviation of every MSG_TYPE of the message table; null where the type has
-// no body (0, 41, 44 to 48, 53 and above).
-constexpr const char* kSduLabel[53] = {
-    nullptr,       "SDU.ORDRM",   "SDU.AUCM",   "SDU.AWIM",    "SDU.DBM",     "SDU.HDM",    "SDU.AHDM",
-    "SDU.ITSPM",   "SDU.NLUM",    "SDU.BDTMFM", "SDU.PCNPM",   "SDU.RTPM",    "SDU.STPM",   "SDU.SSDUM",
-    "SDU.FWIM",    "SDU.MSRM",    "SDU.STRQM",  "SDU.EHDM",    "SDU.SRQM",    "SDU.SRPM",   "SDU.SCM",
-    "SDU.SOCM",    "SDU.TASM",    "SDU.SRDM",   "SDU.SCAM",    "SDU.PCNM",    "SDU.ENLUM",  "SDU.CFSRQM",
-    "SDU.CFSCNM",  "SDU.PUFM",    "SDU.PUFCM",  "SDU.GHDM",    "SDU.RAM",     "SDU.ERM",    "SDU.UHDM",
-    "SDU.ESCAM",   "SDU.MABOPM",  "SDU.UZRM",   "SDU.UZUM",    "SDU.CLAM",    "SDU.EAWIM",  nullptr,
-    "SDU.EFWIM",   "SDU.SMCM",    nullptr,      nullptr,       nullptr,       nullptr,      nullptr,
-    "SDU.BSSRSPM", "SDU.AUREQM",  "SDU.RATCHGM", "SDU.ITBSPM",
-};
-
-const char* sdu_label(std::uint8_t msg_type) { return msg_type < 53 ? kSduLabel[msg_type] : nullptr; }
+// Messages of the channel that only have a name here.
+constexpr MessageRow kNamedRows[] = {{0, "NULL", {}, 0, 0}, {56, "ACK", {}, 0, 0}, {57, "RESET", {}, 0, 0}};
 
 }  // namespace
 
-const BodyOps* fd_body_ops(std::uint8_t msg_type) {
-  if (sdu_label(msg_type) == nullptr) return nullptr;
-  switch (msg_type) {
-    case 1: return fd_order_body();
-    case 3: case 14: case 40: case 42: return fd_inforec_body(msg_type);
-    default: break;
-  }
-  if (const BodyOps* ops = fd_handoff_body(msg_type)) return ops;
-  return fd_message_body(msg_type);
+const MessageTable& fd_messages() {
+  static const MessageTable table("FD_", "OVN_FDTCH_MSG_TYPE_",
+                                  {kNamedRows, fd_order_rows(), fd_handoff_rows(), fd_inforec_rows(),
+                                   fd_search_rows(), fd_power_rows(), fd_message_rows()});
+  return table;
 }
 
 template <class W>
@@ -76,8 +60,8 @@ void layout(W& w, FdPdu& r, const Ctx& c) {
   Ctx body_ctx = c;
   body_ctx.encryption = r.ENCRYPTION;
   body_ctx.msg_type = r.MSG_TYPE;
-  const char* label = sdu_label(r.MSG_TYPE);
-  if (!w.body(label ? label : "SDU", fd_body_ops(r.MSG_TYPE), r.body, body_ctx)) return;
+  const MessageTable::Entry* e = fd_messages().find(r.MSG_TYPE);
+  if (!w.body(e ? e->label.c_str() : "SDU", fd_messages().body(r.MSG_TYPE), r.body, body_ctx)) return;
 
   // Octet padding: not checked against the end; only the MACI read behind it is.
   w.align(8, 0);
@@ -99,7 +83,7 @@ Rc run_fwd_traffic(FwdTrafficState& st, Call& call) {
   // A decode that stopped before the body still shows the body of MSG_TYPE, as a record
   // that nothing has filled.
   if (r.body.rec == nullptr) {
-    if (const BodyOps* ops = fd_body_ops(r.MSG_TYPE)) r.body = AnyRec{ops, call.arena.raw(ops->size, alignof(std::max_align_t))};
+    if (const BodyOps* ops = fd_messages().body(r.MSG_TYPE)) r.body = AnyRec{ops, call.arena.raw(ops->size, alignof(std::max_align_t))};
   }
   print(r, c, "FD_PDU", 0, call.text);
   return rc;

@@ -2,7 +2,7 @@
 #pragma once
 #include <cstdint>
 
-#include "api/call.h"
+#include "layout/call.h"
 #include "codec/walk.h"
 
 namespace cs {
@@ -32,9 +32,6 @@ struct FwdTrafficState {
   // message's values (the P_REV 7/8 ENC_SEQ test reads a MACI_INCL left by P_REV 9).
   FdPdu pdu{};
 };
-
-// The body lookup of the message table: null for MSG_TYPE values without a body.
-const BodyOps* fd_body_ops(std::uint8_t msg_type);
 
 // Decodes and prints one message of this channel into call.text.
 Rc run_fwd_traffic(FwdTrafficState& st, Call& call);

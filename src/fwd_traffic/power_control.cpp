@@ -5,8 +5,9 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "codec/layout.h"
+#include "layout/layout.h"
 #include "fwd_traffic/message_parts.h"
+#include "fwd_traffic/tables.h"
 
 namespace cs {
 namespace {
@@ -686,29 +687,20 @@ void layout(W& w, FD_RATCHGM& r, const Ctx& c) {
 
 // ---- The table ------------------------------------------------------------------------------
 
-constexpr BodyOps kPcnpm = body_ops<FD_PCNPM>("FD_PCNPM");
-constexpr BodyOps kScam = body_ops<FD_SCAM>("FD_SCAM");
-constexpr BodyOps kPcnm = body_ops<FD_PCNM>("FD_PCNM");
-constexpr BodyOps kPufm = body_ops<FD_PUFM>("FD_PUFM");
-constexpr BodyOps kPufcm = body_ops<FD_PUFCM>("FD_PUFCM");
-constexpr BodyOps kRam = body_ops<FD_RAM>("FD_RAM");
-constexpr BodyOps kMabopm = body_ops<FD_MABOPM>("FD_MABOPM");
-constexpr BodyOps kRatchgm = body_ops<FD_RATCHGM>("FD_RATCHGM");
-
 }  // namespace
 
-const BodyOps* fd_power_body(std::uint8_t msg_type) {
-  switch (msg_type) {
-    case 10: return &kPcnpm;
-    case 24: return &kScam;
-    case 25: return &kPcnm;
-    case 29: return &kPufm;
-    case 30: return &kPufcm;
-    case 32: return &kRam;
-    case 36: return &kMabopm;
-    case 51: return &kRatchgm;
-    default: return nullptr;
-  }
+Rows fd_power_rows() {
+  static constexpr MessageRow rows[] = {
+      {10, "PCNPM", body_ops<FD_PCNPM>()},
+      {24, "SCAM", body_ops<FD_SCAM>()},
+      {25, "PCNM", body_ops<FD_PCNM>()},
+      {29, "PUFM", body_ops<FD_PUFM>()},
+      {30, "PUFCM", body_ops<FD_PUFCM>()},
+      {32, "RAM", body_ops<FD_RAM>()},
+      {36, "MABOPM", body_ops<FD_MABOPM>()},
+      {51, "RATCHGM", body_ops<FD_RATCHGM>()},
+  };
+  return rows;
 }
 
 }  // namespace cs

@@ -4,9 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "codec/layout.h"
-#include "fwd_common/forward_shared.h"
+#include "layout/layout.h"
+#include "records/forward_shared.h"
 #include "fwd_traffic/message_parts.h"
+#include "fwd_traffic/tables.h"
 
 namespace cs {
 namespace {
@@ -529,23 +530,17 @@ void layout(W& w, FD_CFSCNM& r, const Ctx& c) {
 
 // ---- The table ------------------------------------------------------------------------------
 
-constexpr BodyOps kItspm = body_ops<FD_ITSPM>("FD_ITSPM");
-constexpr BodyOps kNlum = body_ops<FD_NLUM>("FD_NLUM");
-constexpr BodyOps kEnlum = body_ops<FD_ENLUM>("FD_ENLUM");
-constexpr BodyOps kCfsrqm = body_ops<FD_CFSRQM>("FD_CFSRQM");
-constexpr BodyOps kCfscnm = body_ops<FD_CFSCNM>("FD_CFSCNM");
-
 }  // namespace
 
-const BodyOps* fd_search_body(std::uint8_t msg_type) {
-  switch (msg_type) {
-    case 7: return &kItspm;
-    case 8: return &kNlum;
-    case 26: return &kEnlum;
-    case 27: return &kCfsrqm;
-    case 28: return &kCfscnm;
-    default: return nullptr;
-  }
+Rows fd_search_rows() {
+  static constexpr MessageRow rows[] = {
+      {7, "ITSPM", body_ops<FD_ITSPM>()},
+      {8, "NLUM", body_ops<FD_NLUM>()},
+      {26, "ENLUM", body_ops<FD_ENLUM>()},
+      {27, "CFSRQM", body_ops<FD_CFSRQM>()},
+      {28, "CFSCNM", body_ops<FD_CFSCNM>()},
+  };
+  return rows;
 }
 
 }  // namespace cs

@@ -3,7 +3,7 @@
 // "the rest of the record" is simply what the walker has left.
 #include "records/info_records.h"
 
-#include "codec/layout.h"
+#include "layout/layout.h"
 
 namespace cs {
 namespace {

@@ -1,6 +1,6 @@
 // Glue between a record's layout template and the code that calls it: the decode and print
-// wrappers, and the type-erased BodyOps of dispatch tables. Include it in the .cpp that holds
-// the layouts (after them), never in a header other families include.
+// wrappers, and the type-erased BodyOps of the message tables. Include it in the .cpp that
+// holds the layouts (after them), never in a header other families include.
 #pragma once
 #include <cstdint>
 
@@ -9,17 +9,17 @@
 
 namespace cs {
 
-template <class R>
-Rc decode(R& rec, const Ctx& c, Arena& arena, const std::uint8_t* buf, std::size_t buf_bytes, std::uint64_t start,
+template <class R, class C>
+Rc decode(R& rec, const C& c, Arena& arena, const std::uint8_t* buf, std::size_t buf_bytes, std::uint64_t start,
           std::uint64_t avail, std::uint64_t* consumed = nullptr) {
-  ReadWalk w(arena, buf, buf_bytes, start, avail, c);
+  ReadWalk w(arena, buf, buf_bytes, start, avail);
   layout(w, rec, c);
   if (w.rc() == Rc::ok && consumed) *consumed = w.consumed();
   return w.rc();
 }
 
-template <class R>
-void print(R& rec, const Ctx& c, const char* header, unsigned indent, Text& t) {
+template <class R, class C>
+void print(R& rec, const C& c, const char* header, unsigned indent, Text& t) {
   PrintWalk::record(t, header, indent, rec, c);
 }
 
@@ -33,10 +33,10 @@ void body_print(void* rec, const Ctx& c, const char* header, unsigned indent, Te
   print(*static_cast<R*>(rec), c, header, indent, t);
 }
 
-// BodyOps for a record type whose layout is visible here; records that share a layout but
-// print under different headers get one BodyOps each.
+// BodyOps for a record type whose layout is visible here. A message table fills in the
+// header from the row; records outside a table name theirs.
 template <class R>
-constexpr BodyOps body_ops(const char* header) {
+constexpr BodyOps body_ops(const char* header = nullptr) {
   return BodyOps{header, sizeof(R), &body_decode<R>, &body_print<R>};
 }
 
