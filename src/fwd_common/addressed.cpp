@@ -18,8 +18,7 @@ struct FC_FNM {
 
 template <class W>
 void layout(W& w, FC_FNM& r, const Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(r.RELEASE, "RELEASE", 1);
+  w(F(RELEASE, 1));
   w.list_to_end("INFO_RECs", "FWD_USER_INFO_REC", r.INFO_RECs, info_rec_capacity, c);
 }
 
@@ -37,9 +36,7 @@ struct FC_STRQM {
 
 template <class W>
 void layout(W& w, FC_STRQM& r, const Ctx&) {
-  if (!w.need(11)) return;
-  w.u(r.QUAL_INFO_TYPE, "QUAL_INFO_TYPE", 8);
-  w.u(r.QUAL_INFO_LEN, "QUAL_INFO_LEN", 3);
+  w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
   const std::uint32_t declared = 8u * r.QUAL_INFO_LEN;
   if (!w.need(declared)) return;
   std::uint32_t used = 0;
@@ -53,8 +50,7 @@ void layout(W& w, FC_STRQM& r, const Ctx&) {
     }
   }
   w.skip(declared - used);
-  if (!w.need(4)) return;
-  w.u(r.NUM_FIELDS, "NUM_FIELDS", 4);
+  w(F(NUM_FIELDS, 4));
   w.scalars("RECORD_TYPE", r.RECORD_TYPE, r.NUM_FIELDS, 8);
 }
 
@@ -83,49 +79,30 @@ enum RedirectRecord : std::uint8_t { kToAnalog = 1, kToCdma = 2 };
 
 template <class W>
 void layout(W& w, FC_SRDM& r, const Ctx& c) {
-  if (!w.need(2)) return;
-  w.u(r.RETURN_IF_FAIL, "RETURN_IF_FAIL", 1);
-  w.u(r.DELETE_TMSI, "DELETE_TMSI", 1);
-  if (c.p_rev >= 4) {
-    if (!w.need(1)) return;
-    w.u(r.REDIRECT_TYPE, "REDIRECT_TYPE", 1);
-  }
-  if (!w.need(16)) return;
-  w.u(r.RECORD_TYPE, "RECORD_TYPE", 8);
-  w.u(r.RECORD_LEN, "RECORD_LEN", 8);
+  w(F(RETURN_IF_FAIL, 1), F(DELETE_TMSI, 1));
+  if (c.p_rev >= 4) w(F(REDIRECT_TYPE, 1));
+  w(F(RECORD_TYPE, 8), F(RECORD_LEN, 8));
   const std::uint32_t declared = 8u * r.RECORD_LEN;
   std::uint32_t used = 0;
   switch (r.RECORD_TYPE) {
     case kToAnalog:
-      if (!w.need(19)) return;
-      w.u(r.EXPECTED_SID, "EXPECTED_SID", 15);
-      w.u(r.IGNORE_CDMA, "IGNORE_CDMA", 1);
-      w.u(r.SYS_ORDERING, "SYS_ORDERING", 3);
+      w(F(EXPECTED_SID, 15), F(IGNORE_CDMA, 1), F(SYS_ORDERING, 3));
       used = 19;
       // The last five bits were reserved before TIA/EIA-95-B made them MAX_REDIRECT_DELAY.
       if (c.p_rev >= 4) {
-        if (!w.need(5)) return;
-        w.u(r.MAX_REDIRECT_DELAY, "MAX_REDIRECT_DELAY", 5);
+        w(F(MAX_REDIRECT_DELAY, 5));
         used += 5;
       }
       break;
     case kToCdma:
-      if (!w.need(44)) return;
-      w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-      w.u(r.EXPECTED_SID, "EXPECTED_SID", 15);
-      w.u(r.EXPECTED_NID, "EXPECTED_NID", 16);
-      w.skip(4);
-      w.u(r.NUM_CHANS, "NUM_CHANS", 4);
+      w(F(BAND_CLASS, 5), F(EXPECTED_SID, 15), F(EXPECTED_NID, 16), reserved(4), F(NUM_CHANS, 4));
       if (!w.scalars("CDMA_CHAN", r.CDMA_CHAN, r.NUM_CHANS, 11)) return;
       used = 44 + 11u * r.NUM_CHANS;
       break;
     default:
       break;   // an unknown record is skipped whole
   }
-  if (used < declared) {
-    if (!w.need(declared - used)) return;
-    w.skip(declared - used);
-  }
+  if (used < declared) w(reserved(declared - used));
 }
 
 // TMSI Assignment Message (3.7.2.3.2.19).
@@ -138,15 +115,9 @@ struct FC_TASM {
 
 template <class W>
 void layout(W& w, FC_TASM& r, const Ctx&) {
-  if (!w.need(4)) return;
-  w.u(r.TMSI_ZONE_LEN, "TMSI_ZONE_LEN", 4);
-  if (r.TMSI_ZONE_LEN) {
-    if (!w.need(8u * r.TMSI_ZONE_LEN)) return;
-    w.bits(r.TMSI_ZONE, "TMSI_ZONE", 8u * r.TMSI_ZONE_LEN);
-  }
-  if (!w.need(56)) return;
-  w.u(r.TMSI_CODE, "TMSI_CODE", 32);
-  w.u(r.TMSI_EXP_TIME, "TMSI_EXP_TIME", 24);
+  w(F(TMSI_ZONE_LEN, 4));
+  if (r.TMSI_ZONE_LEN) w(F(TMSI_ZONE, 8u * r.TMSI_ZONE_LEN));
+  w(F(TMSI_CODE, 32), F(TMSI_EXP_TIME, 24));
 }
 
 // PACA Message (3.7.2.3.2.20): seven reserved bits, then the queue report.
@@ -158,11 +129,7 @@ struct FC_PACAM {
 
 template <class W>
 void layout(W& w, FC_PACAM& r, const Ctx&) {
-  if (!w.need(22)) return;
-  w.skip(7);
-  w.u(r.PURPOSE, "PURPOSE", 4);
-  w.u(r.Q_POS, "Q_POS", 8);
-  w.u(r.PACA_TIMEOUT, "PACA_TIMEOUT", 3);
+  w(reserved(7), F(PURPOSE, 4), F(Q_POS, 8), F(PACA_TIMEOUT, 3));
 }
 
 // User Zone Reject Message (3.7.2.3.2.28).
@@ -175,14 +142,8 @@ struct FC_UZRM {
 
 template <class W>
 void layout(W& w, FC_UZRM& r, const Ctx&) {
-  if (!w.need(20)) return;
-  w.u(r.REJECT_UZID, "REJECT_UZID", 16);
-  w.u(r.REJECT_ACTION_INDI, "REJECT_ACTION_INDI", 3);
-  w.u(r.UZID_ASSIGN_INCL, "UZID_ASSIGN_INCL", 1);
-  if (r.UZID_ASSIGN_INCL) {
-    if (!w.need(16)) return;
-    w.u(r.ASSIGN_UZID, "ASSIGN_UZID", 16);
-  }
+  w(F(REJECT_UZID, 16), F(REJECT_ACTION_INDI, 3), F(UZID_ASSIGN_INCL, 1));
+  if (r.UZID_ASSIGN_INCL) w(F(ASSIGN_UZID, 16));
 }
 
 // Security Mode Command Message (3.7.2.3.2.34). The message integrity fields arrived with
@@ -197,20 +158,11 @@ struct FC_SMCM {
 
 template <class W>
 void layout(W& w, FC_SMCM& r, const Ctx& c) {
-  if (!w.need(3)) return;
-  w.u(r.C_SIG_ENCRYPT_MODE, "C_SIG_ENCRYPT_MODE", 3);
-  if (r.C_SIG_ENCRYPT_MODE != 0) {
-    if (!w.need(3)) return;
-    w.u(r.ENC_KEY_SIZE, "ENC_KEY_SIZE", 3);
-  }
+  w(F(C_SIG_ENCRYPT_MODE, 3));
+  if (r.C_SIG_ENCRYPT_MODE != 0) w(F(ENC_KEY_SIZE, 3));
   if (c.p_rev < 9) return;
-  if (!w.need(1)) return;
-  w.u(r.MSG_INT_INFO_INCL, "MSG_INT_INFO_INCL", 1);
-  if (r.MSG_INT_INFO_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.CHANGE_KEYS, "CHANGE_KEYS", 1);
-    w.u(r.USE_UAK, "USE_UAK", 1);
-  }
+  w(F(MSG_INT_INFO_INCL, 1));
+  if (r.MSG_INT_INFO_INCL) w(F(CHANGE_KEYS, 1), F(USE_UAK, 1));
 }
 
 }  // namespace

@@ -22,41 +22,23 @@ using u16 = std::uint16_t;
 template <class W, class R>
 void encryption_fields(W& w, R& r, const Ctx& c) {
   if (c.p_rev < 7) return;
-  if (r.ENCRYPT_MODE == 3) {
-    if (!w.need(3)) return;
-    w.u(r.D_SIG_ENCRYPT_MODE, "D_SIG_ENCRYPT_MODE", 3);
-  }
-  if (r.ENCRYPT_MODE == 2 || r.ENCRYPT_MODE == 3) {
-    if (!w.need(3)) return;
-    w.u(r.ENC_KEY_SIZE, "ENC_KEY_SIZE", 3);
-  }
-  if (!w.need(1)) return;
-  w.u(r.C_SIG_ENCRYPT_MODE_INCL, "C_SIG_ENCRYPT_MODE_INCL", 1);
-  if (r.C_SIG_ENCRYPT_MODE_INCL) {
-    if (!w.need(3)) return;
-    w.u(r.C_SIG_ENCRYPT_MODE, "C_SIG_ENCRYPT_MODE", 3);
-  }
+  if (r.ENCRYPT_MODE == 3) w(F(D_SIG_ENCRYPT_MODE, 3));
+  if (r.ENCRYPT_MODE == 2 || r.ENCRYPT_MODE == 3) w(F(ENC_KEY_SIZE, 3));
+  w(F(C_SIG_ENCRYPT_MODE_INCL, 1));
+  if (r.C_SIG_ENCRYPT_MODE_INCL) w(F(C_SIG_ENCRYPT_MODE, 3));
 }
 
 // Message integrity keys and the public long code mask type, from P_REV 9.
 template <class W, class R>
 void integrity_and_plcm_fields(W& w, R& r, const Ctx& c) {
   if (c.p_rev < 9) return;
-  if (!w.need(1)) return;
-  w.u(r.MSG_INT_INFO_INCL, "MSG_INT_INFO_INCL", 1);
-  if (r.MSG_INT_INFO_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.CHANGE_KEYS, "CHANGE_KEYS", 1);
-    w.u(r.USE_UAK, "USE_UAK", 1);
-  }
-  if (!w.need(1)) return;
-  w.u(r.PLCM_TYPE_INCL, "PLCM_TYPE_INCL", 1);
+  w(F(MSG_INT_INFO_INCL, 1));
+  if (r.MSG_INT_INFO_INCL) w(F(CHANGE_KEYS, 1), F(USE_UAK, 1));
+  w(F(PLCM_TYPE_INCL, 1));
   if (r.PLCM_TYPE_INCL) {
-    if (!w.need(4)) return;
-    w.u(r.PLCM_TYPE, "PLCM_TYPE", 4);
+    w(F(PLCM_TYPE, 4));
     if (r.PLCM_TYPE == 1) {   // the mask itself is sent only for the base-station-specified type
-      if (!w.need(39)) return;
-      w.bits(r.PLCM_39, "PLCM_39", 39);
+      w(F(PLCM_39, 39));
     }
   }
 }
@@ -67,11 +49,7 @@ struct AnalogControl {   // mode '010'
 };
 template <class W>
 void layout(W& w, AnalogControl& r, const Ctx&) {
-  if (!w.need(8)) return;
-  w.u(r.RESPOND, "RESPOND", 1);
-  w.u(r.ANALOG_SYS, "ANALOG_SYS", 1);
-  w.u(r.USE_ANALOG_SYS, "USE_ANALOG_SYS", 1);
-  w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+  w(F(RESPOND, 1), F(ANALOG_SYS, 1), F(USE_ANALOG_SYS, 1), F(BAND_CLASS, 5));
 }
 
 struct AnalogVoice {   // mode '011'
@@ -80,15 +58,8 @@ struct AnalogVoice {   // mode '011'
 };
 template <class W>
 void layout(W& w, AnalogVoice& r, const Ctx&) {
-  if (!w.need(40)) return;
-  w.u(r.SID, "SID", 15);
-  w.u(r.VMAC, "VMAC", 3);
-  w.u(r.ANALOG_CHAN, "ANALOG_CHAN", 11);
-  w.u(r.SCC, "SCC", 2);
-  w.u(r.MEM, "MEM", 1);
-  w.u(r.AN_CHAN_TYPE, "AN_CHAN_TYPE", 2);
-  w.u(r.DSCC_MSB, "DSCC_MSB", 1);
-  w.u(r.BAND_CLASS, "BAND_CLASS", 5);
+  w(F(SID, 15), F(VMAC, 3), F(ANALOG_CHAN, 11), F(SCC, 2), F(MEM, 1), F(AN_CHAN_TYPE, 2), F(DSCC_MSB, 1),
+    F(BAND_CLASS, 5));
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -102,16 +73,9 @@ struct CamTraffic {   // '000'
 };
 template <class W>
 void layout(W& w, CamTraffic& r, const Ctx& c) {
-  if (!w.need(9)) return;
-  w.u(r.FREQ_INCL, "FREQ_INCL", 1);
-  w.u(r.CODE_CHAN, "CODE_CHAN", 8);
-  if (r.FREQ_INCL) {
-    if (!w.need(11)) return;
-    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
-  }
-  if (!w.need(6)) return;
-  w.u(r.FRAME_OFFSET, "FRAME_OFFSET", 4);
-  w.u(r.ENCRYPT_MODE, "ENCRYPT_MODE", 2);
+  w(F(FREQ_INCL, 1), F(CODE_CHAN, 8));
+  if (r.FREQ_INCL) w(F(CDMA_FREQ, 11));
+  w(F(FRAME_OFFSET, 4), F(ENCRYPT_MODE, 2));
   encryption_fields(w, r, c);
 }
 
@@ -129,13 +93,8 @@ struct CamPaging {   // '001'
 };
 template <class W>
 void layout(W& w, CamPaging& r, const Ctx&) {
-  if (!w.need(2)) return;
-  w.u(r.RESPOND, "RESPOND", 1);
-  w.u(r.FREQ_INCL, "FREQ_INCL", 1);
-  if (r.FREQ_INCL) {
-    if (!w.need(11)) return;
-    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
-  }
+  w(F(RESPOND, 1), F(FREQ_INCL, 1));
+  if (r.FREQ_INCL) w(F(CDMA_FREQ, 11));
   pilot_pn_list(w, r.PILOT_PN);
 }
 
@@ -146,20 +105,9 @@ struct CamExtTraffic {   // '100'
 };
 template <class W>
 void layout(W& w, CamExtTraffic& r, const Ctx& c) {
-  if (!w.need(24)) return;
-  w.u(r.FREQ_INCL, "FREQ_INCL", 1);
-  w.skip(3);
-  w.u(r.BYPASS_ALERT_ANSWER, "BYPASS_ALERT_ANSWER", 1);
-  w.u(r.DEFAULT_CONFIG, "DEFAULT_CONFIG", 3);
-  w.u(r.GRANTED_MODE, "GRANTED_MODE", 2);
-  w.u(r.CODE_CHAN, "CODE_CHAN", 8);
-  w.u(r.FRAME_OFFSET, "FRAME_OFFSET", 4);
-  w.u(r.ENCRYPT_MODE, "ENCRYPT_MODE", 2);
-  if (r.FREQ_INCL) {
-    if (!w.need(16)) return;
-    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
-  }
+  w(F(FREQ_INCL, 1), reserved(3), F(BYPASS_ALERT_ANSWER, 1), F(DEFAULT_CONFIG, 3), F(GRANTED_MODE, 2),
+    F(CODE_CHAN, 8), F(FRAME_OFFSET, 4), F(ENCRYPT_MODE, 2));
+  if (r.FREQ_INCL) w(F(BAND_CLASS, 5), F(CDMA_FREQ, 11));
   encryption_fields(w, r, c);
 }
 
@@ -170,14 +118,8 @@ struct CamExtPaging {   // '101'
 };
 template <class W>
 void layout(W& w, CamExtPaging& r, const Ctx&) {
-  if (!w.need(2)) return;
-  w.u(r.RESPOND, "RESPOND", 1);
-  w.u(r.FREQ_INCL, "FREQ_INCL", 1);
-  if (r.FREQ_INCL) {
-    if (!w.need(16)) return;
-    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
-  }
+  w(F(RESPOND, 1), F(FREQ_INCL, 1));
+  if (r.FREQ_INCL) w(F(BAND_CLASS, 5), F(CDMA_FREQ, 11));
   pilot_pn_list(w, r.PILOT_PN);
 }
 
@@ -198,9 +140,7 @@ void layout(W& w, FC_CAM& r, const Ctx& c) {
     (void)w.reject(Rc::count);
     return;
   }
-  if (!w.need(6)) return;
-  w.u(r.ASSIGN_MODE, "ASSIGN_MODE", 3);
-  w.u(r.ADD_RECORD_LEN, "ADD_RECORD_LEN", 3);
+  w(F(ASSIGN_MODE, 3), F(ADD_RECORD_LEN, 3));
   const std::uint64_t len = r.ADD_RECORD_LEN * 8u;
   switch (r.ASSIGN_MODE) {
     case 0: w.sized("CAM_ASSIGN_MODE_000", "FC_CAM_CAM_ASSIGN_MODE_000", r.m000, len, c); break;
@@ -222,10 +162,7 @@ struct EcamPilot {   // one active set pilot of mode '000'
 };
 template <class W>
 void layout(W& w, EcamPilot& r, const Ctx&) {
-  if (!w.need(18)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
-  w.u(r.CODE_CHAN, "CODE_CHAN", 8);
+  w(F(PILOT_PN, 9), F(PWR_COMB_IND, 1), F(CODE_CHAN, 8));
 }
 
 struct EcamTraffic {   // '000'
@@ -241,20 +178,9 @@ struct EcamTraffic {   // '000'
 };
 template <class W>
 void layout(W& w, EcamTraffic& r, const Ctx& c) {
-  if (!w.need(17)) return;
-  w.u(r.FREQ_INCL, "FREQ_INCL", 1);
-  w.u(r.DEFAULT_CONFIG, "DEFAULT_CONFIG", 3);
-  w.u(r.BYPASS_ALERT_ANSWER, "BYPASS_ALERT_ANSWER", 1);
-  w.skip(1);
-  w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
-  w.u(r.GRANTED_MODE, "GRANTED_MODE", 2);
-  w.u(r.FRAME_OFFSET, "FRAME_OFFSET", 4);
-  w.u(r.ENCRYPT_MODE, "ENCRYPT_MODE", 2);
-  if (r.FREQ_INCL) {
-    if (!w.need(16)) return;
-    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
-  }
+  w(F(FREQ_INCL, 1), F(DEFAULT_CONFIG, 3), F(BYPASS_ALERT_ANSWER, 1), reserved(1), F(NUM_PILOTS, 3),
+    F(GRANTED_MODE, 2), F(FRAME_OFFSET, 4), F(ENCRYPT_MODE, 2));
+  if (r.FREQ_INCL) w(F(BAND_CLASS, 5), F(CDMA_FREQ, 11));
   if (!w.counted("PILOTs", "FC_ECAM_ECAM_ASSIGN_MODE_000_PILOTs", r.PILOTs, r.NUM_PILOTS + 1u, c)) return;
   if (c.p_rev < 6) return;
   // The fundamental channel's radio configurations and outer loop power control of IS-2000.
@@ -280,16 +206,9 @@ struct EcamPaging {   // '001'
 };
 template <class W>
 void layout(W& w, EcamPaging& r, const Ctx&) {
-  if (!w.need(2)) return;
-  w.u(r.RESPOND, "RESPOND", 1);
-  w.u(r.FREQ_INCL, "FREQ_INCL", 1);
-  if (r.FREQ_INCL) {
-    if (!w.need(16)) return;
-    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
-  }
-  if (!w.need(6)) return;
-  w.u(r.NUM_PILOTS, "NUM_PILOTS", 6);
+  w(F(RESPOND, 1), F(FREQ_INCL, 1));
+  if (r.FREQ_INCL) w(F(BAND_CLASS, 5), F(CDMA_FREQ, 11));
+  w(F(NUM_PILOTS, 6));
   w.scalars("PILOT_PN", r.PILOT_PN, r.NUM_PILOTS + 1u, 9);
 }
 
@@ -307,13 +226,9 @@ struct EcamCtx : Ctx {
 // '101'; `header` names the nested record after its parent.
 template <class W, class P>
 bool pilot_head(W& w, P& r, const Ctx& c, const char* header) {
-  if (!w.need(10)) return false;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.ADD_PILOT_REC_INCL, "ADD_PILOT_REC_INCL", 1);
+  if (!w(F(PILOT_PN, 9), F(ADD_PILOT_REC_INCL, 1))) return false;
   if (!r.ADD_PILOT_REC_INCL) return true;
-  if (!w.need(6)) return false;
-  w.u(r.PILOT_REC_TYPE, "PILOT_REC_TYPE", 3);
-  w.u(r.RECORD_LEN, "RECORD_LEN", 3);
+  if (!w(F(PILOT_REC_TYPE, 3), F(RECORD_LEN, 3))) return false;
   fwd::AddPilotCtx ac;
   static_cast<Ctx&>(ac) = c;
   ac.pilot_rec_type = r.PILOT_REC_TYPE;
@@ -339,17 +254,12 @@ template <class W>
 void layout(W& w, Am4PilotRec& r, const ChIndCtx& c) {
   const unsigned ch_ind = c.ch_ind;
   if (!pilot_head(w, r, c, "FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_PILOT_RECs_ADD_PILOT_REC")) return;
-  if (!w.need(1)) return;
-  w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
+  w(F(PWR_COMB_IND, 1));
   if (ch_ind & 1) {   // fundamental channel
-    if (!w.need(13)) return;
-    w.u(r.CODE_CHAN_FCH, "CODE_CHAN_FCH", 11);
-    w.u(r.QOF_MASK_ID_FCH, "QOF_MASK_ID_FCH", 2);
+    w(F(CODE_CHAN_FCH, 11), F(QOF_MASK_ID_FCH, 2));
   }
   if (ch_ind & 2) {   // dedicated control channel
-    if (!w.need(13)) return;
-    w.u(r.CODE_CHAN_DCCH, "CODE_CHAN_DCCH", 11);
-    w.u(r.QOF_MASK_ID_DCCH, "QOF_MASK_ID_DCCH", 2);
+    w(F(CODE_CHAN_DCCH, 11), F(QOF_MASK_ID_DCCH, 2));
   }
 }
 
@@ -420,30 +330,15 @@ void layout(W& w, Am4ChRecord& r, const Am4Ctx& c) {
   const auto& mc = c;
   switch (mc.ch_ind) {
     case 1:
-      if (!w.need(29)) return;
-      w.u(r.FPC_FCH_INIT_SETPT, "FPC_FCH_INIT_SETPT", 8);
-      w.u(r.FPC_FCH_FER, "FPC_FCH_FER", 5);
-      w.u(r.FPC_FCH_MIN_SETPT, "FPC_FCH_MIN_SETPT", 8);
-      w.u(r.FPC_FCH_MAX_SETPT, "FPC_FCH_MAX_SETPT", 8);
+      w(F(FPC_FCH_INIT_SETPT, 8), F(FPC_FCH_FER, 5), F(FPC_FCH_MIN_SETPT, 8), F(FPC_FCH_MAX_SETPT, 8));
       break;
     case 2:
-      if (!w.need(29)) return;
-      w.u(r.FPC_DCCH_INIT_SETPT, "FPC_DCCH_INIT_SETPT", 8);
-      w.u(r.FPC_DCCH_FER, "FPC_DCCH_FER", 5);
-      w.u(r.FPC_DCCH_MIN_SETPT, "FPC_DCCH_MIN_SETPT", 8);
-      w.u(r.FPC_DCCH_MAX_SETPT, "FPC_DCCH_MAX_SETPT", 8);
+      w(F(FPC_DCCH_INIT_SETPT, 8), F(FPC_DCCH_FER, 5), F(FPC_DCCH_MIN_SETPT, 8), F(FPC_DCCH_MAX_SETPT, 8));
       break;
     case 3:
-      if (!w.need(59)) return;
-      w.u(r.FPC_FCH_INIT_SETPT, "FPC_FCH_INIT_SETPT", 8);
-      w.u(r.FPC_DCCH_INIT_SETPT, "FPC_DCCH_INIT_SETPT", 8);
-      w.u(r.FPC_PRI_CHAN, "FPC_PRI_CHAN", 1);
-      w.u(r.FPC_FCH_FER, "FPC_FCH_FER", 5);
-      w.u(r.FPC_FCH_MIN_SETPT, "FPC_FCH_MIN_SETPT", 8);
-      w.u(r.FPC_FCH_MAX_SETPT, "FPC_FCH_MAX_SETPT", 8);
-      w.u(r.FPC_DCCH_FER, "FPC_DCCH_FER", 5);
-      w.u(r.FPC_DCCH_MIN_SETPT, "FPC_DCCH_MIN_SETPT", 8);
-      w.u(r.FPC_DCCH_MAX_SETPT, "FPC_DCCH_MAX_SETPT", 8);
+      w(F(FPC_FCH_INIT_SETPT, 8), F(FPC_DCCH_INIT_SETPT, 8), F(FPC_PRI_CHAN, 1), F(FPC_FCH_FER, 5),
+        F(FPC_FCH_MIN_SETPT, 8), F(FPC_FCH_MAX_SETPT, 8), F(FPC_DCCH_FER, 5), F(FPC_DCCH_MIN_SETPT, 8),
+        F(FPC_DCCH_MAX_SETPT, 8));
       break;
     default:
       return;   // '00' assigns no fundicated channel here
@@ -467,13 +362,8 @@ void layout(W& w, Am4ChRecord& r, const Am4Ctx& c) {
 
 template <class W, class R>
 void frequency(W& w, R& r) {
-  if (!w.need(1)) return;
-  w.u(r.FREQ_INCL, "FREQ_INCL", 1);
-  if (r.FREQ_INCL) {
-    if (!w.need(16)) return;
-    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
-  }
+  w(F(FREQ_INCL, 1));
+  if (r.FREQ_INCL) w(F(BAND_CLASS, 5), F(CDMA_FREQ, 11));
 }
 
 // GRANTED_MODE '11' (from P_REV 9) restores a stored service configuration: the service to
@@ -486,16 +376,10 @@ bool restores(const R& r, const Ctx& c) {
 }
 template <class W, class R>
 void bypass_grant_restore(W& w, R& r, const Ctx& c) {
-  if (!w.need(3)) return;
-  w.u(r.BYPASS_ALERT_ANSWER, "BYPASS_ALERT_ANSWER", 1);
-  w.u(r.GRANTED_MODE, "GRANTED_MODE", 2);
+  w(F(BYPASS_ALERT_ANSWER, 1), F(GRANTED_MODE, 2));
   if (!restores(r, c)) return;
-  if (!w.need(3)) return;
-  w.u(r.SR_ID_RESTORE, "SR_ID_RESTORE", 3);
-  if (r.SR_ID_RESTORE == kSrIdRestoreBitmap) {
-    if (!w.need(6)) return;
-    w.u(r.SR_ID_RESTORE_BITMAP, "SR_ID_RESTORE_BITMAP", 6);
-  }
+  w(F(SR_ID_RESTORE, 3));
+  if (r.SR_ID_RESTORE == kSrIdRestoreBitmap) w(F(SR_ID_RESTORE_BITMAP, 6));
 }
 
 // The synchronisation identifier of the restored service configuration, and the fields of a
@@ -505,15 +389,10 @@ void bypass_grant_restore(W& w, R& r, const Ctx& c) {
 template <class W, class R>
 void assignment_tail(W& w, R& r, const EcamCtx& c) {
   if (restores(r, c)) {
-    if (!w.need(1)) return;
-    w.u(r.SYNC_ID_INCL, "SYNC_ID_INCL", 1);
+    w(F(SYNC_ID_INCL, 1));
     if (r.SYNC_ID_INCL) {
-      if (!w.need(4)) return;
-      w.u(r.SYNC_ID_LEN, "SYNC_ID_LEN", 4);
-      if (r.SYNC_ID_LEN != 0) {
-        if (!w.need(r.SYNC_ID_LEN * 8u)) return;
-        w.bits(r.SYNC_ID, "SYNC_ID", r.SYNC_ID_LEN * 8u);
-      }
+      w(F(SYNC_ID_LEN, 4));
+      if (r.SYNC_ID_LEN != 0) w(F(SYNC_ID, r.SYNC_ID_LEN * 8u));
     }
   }
   if (c.p_rev < 10 || !c.direct_ch_assign_ind) return;
@@ -523,10 +402,7 @@ void assignment_tail(W& w, R& r, const EcamCtx& c) {
   w.u(r.RESPOND_IND, "RESPOND_IND", 1);
   w.u(r.DIRECT_CH_ASSIGN_RECOVER_IND, "DIRECT_CH_ASSIGN_RECOVER_IND", 1);
   w.u(r.FIXED_PREAMBLE_TRANSMIT_IND, "FIXED_PREAMBLE_TRANSMIT_IND", 1);
-  if (r.FIXED_PREAMBLE_TRANSMIT_IND) {
-    if (!w.need(3)) return;
-    w.u(r.NUM_PREAMBLE, "NUM_PREAMBLE", 3);
-  }
+  if (r.FIXED_PREAMBLE_TRANSMIT_IND) w(F(NUM_PREAMBLE, 3));
 }
 
 struct EcamTrafficIs2000 {   // '100'
@@ -549,17 +425,8 @@ template <class W>
 void layout(W& w, EcamTrafficIs2000& r, const EcamCtx& c) {
   frequency(w, r);
   bypass_grant_restore(w, r, c);
-  if (!w.need(38)) return;
-  w.u(r.DEFAULT_CONFIG, "DEFAULT_CONFIG", 3);
-  w.u(r.FOR_RC, "FOR_RC", 5);
-  w.u(r.REV_RC, "REV_RC", 5);
-  w.u(r.FRAME_OFFSET, "FRAME_OFFSET", 4);
-  w.u(r.ENCRYPT_MODE, "ENCRYPT_MODE", 2);
-  w.u(r.FPC_SUBCHAN_GAIN, "FPC_SUBCHAN_GAIN", 5);
-  w.u(r.RLGAIN_ADJ, "RLGAIN_ADJ", 4);
-  w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
-  w.u(r.CH_IND, "CH_IND", 2);
-  w.u(r.CH_RECORD_LEN, "CH_RECORD_LEN", 5);
+  w(F(DEFAULT_CONFIG, 3), F(FOR_RC, 5), F(REV_RC, 5), F(FRAME_OFFSET, 4), F(ENCRYPT_MODE, 2), F(FPC_SUBCHAN_GAIN, 5),
+    F(RLGAIN_ADJ, 4), F(NUM_PILOTS, 3), F(CH_IND, 2), F(CH_RECORD_LEN, 5));
   Am4Ctx mc;
   static_cast<Ctx&>(mc) = c;
   mc.ch_ind = r.CH_IND;
@@ -571,18 +438,13 @@ void layout(W& w, EcamTrafficIs2000& r, const EcamCtx& c) {
   encryption_fields(w, r, c);
   if (c.p_rev >= 7) {
     // A 3X forward link may pair with a 1X reverse link on one of its three carriers.
-    if (!w.need(1)) return;
-    w.u(r.F3XFL_1XRL_INCL, "F3XFL_1XRL_INCL", 1);
-    if (r.F3XFL_1XRL_INCL) {
-      if (!w.need(2)) return;
-      w.u(r.F1XRL_FREQ_OFFSET, "F1XRL_FREQ_OFFSET", 2);
-    }
+    w(F(F3XFL_1XRL_INCL, 1));
+    if (r.F3XFL_1XRL_INCL) w(F(F1XRL_FREQ_OFFSET, 2));
   }
   integrity_and_plcm_fields(w, r, c);
   assignment_tail(w, r, c);
   if (c.p_rev < 11) return;
-  if (!w.need(1)) return;
-  w.u(r.EARLY_RL_TRANSMIT_IND, "EARLY_RL_TRANSMIT_IND", 1);
+  w(F(EARLY_RL_TRANSMIT_IND, 1));
   // Release E also caps the mobile's transmit power on the assigned channel.
   fwd::tx_pwr_limit(w, r);
 }
@@ -635,8 +497,7 @@ struct PdcchRec {   // one packet data control channel of a pilot
 };
 template <class W>
 void layout(W& w, PdcchRec& r, const Ctx&) {
-  if (!w.need(6)) return;
-  w.u(r.FOR_PDCCH_WALSH, "FOR_PDCCH_WALSH", 6);
+  w(F(FOR_PDCCH_WALSH, 6));
 }
 
 struct Am5PilotRec {
@@ -659,43 +520,24 @@ template <class W>
 void layout(W& w, Am5PilotRec& r, const Am5Ctx& c) {
   const ExtChInd ch = ext_ch_ind(c.ext_ch_ind, c.p_rev);
   if (!pilot_head(w, r, c, "FC_ECAM_ECAM_ASSIGN_MODE_101_PILOT_RECs_ADD_PILOT_REC")) return;
-  if (!w.need(1)) return;
-  w.u(r.FOR_PDCH_INCL, "FOR_PDCH_INCL", 1);
+  w(F(FOR_PDCH_INCL, 1));
   if (r.FOR_PDCH_INCL) {
     // The control channel Walsh codes come with the forward packet data channel parameters.
     if (c.for_pdch_params_incl) {
-      if (!w.need(6)) return;
-      w.u(r.WALSH_TABLE_ID, "WALSH_TABLE_ID", 3);
-      w.u(r.NUM_PDCCH, "NUM_PDCCH", 3);
+      w(F(WALSH_TABLE_ID, 3), F(NUM_PDCCH, 3));
       if (!w.counted("PDCCH_RECs", "FC_ECAM_ECAM_ASSIGN_MODE_101_PILOT_RECs_PDCCH_RECs", r.PDCCH_RECs,
                      r.NUM_PDCCH + 1u, static_cast<const Ctx&>(c)))
         return;
     }
-    if (!w.need(11)) return;
-    w.u(r.MAC_ID, "MAC_ID", 8);
-    w.u(r.REV_CQICH_COVER, "REV_CQICH_COVER", 3);
+    w(F(MAC_ID, 8), F(REV_CQICH_COVER, 3));
     if (ch.cpcch) {   // reverse power control through the common power control channel
-      if (!w.need(12)) return;
-      w.u(r.FOR_CPCCH_WALSH, "FOR_CPCCH_WALSH", 7);
-      w.u(r.FOR_CPCSCH, "FOR_CPCSCH", 5);
+      w(F(FOR_CPCCH_WALSH, 7), F(FOR_CPCSCH, 5));
     }
   }
-  if (!w.need(1)) return;
-  w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
-  if (c.pdch_group_ind_incl) {
-    if (!w.need(1)) return;
-    w.u(r.PDCH_GROUP_IND, "PDCH_GROUP_IND", 1);
-  }
-  if (ch.for_fch) {
-    if (!w.need(13)) return;
-    w.u(r.CODE_CHAN_FCH, "CODE_CHAN_FCH", 11);
-    w.u(r.QOF_MASK_ID_FCH, "QOF_MASK_ID_FCH", 2);
-  }
-  if (ch.for_dcch) {
-    if (!w.need(13)) return;
-    w.u(r.CODE_CHAN_DCCH, "CODE_CHAN_DCCH", 11);
-    w.u(r.QOF_MASK_ID_DCCH, "QOF_MASK_ID_DCCH", 2);
-  }
+  w(F(PWR_COMB_IND, 1));
+  if (c.pdch_group_ind_incl) w(F(PDCH_GROUP_IND, 1));
+  if (ch.for_fch) w(F(CODE_CHAN_FCH, 11), F(QOF_MASK_ID_FCH, 2));
+  if (ch.for_dcch) w(F(CODE_CHAN_DCCH, 11), F(QOF_MASK_ID_DCCH, 2));
 }
 
 struct EcamPacketData {   // '101'
@@ -736,23 +578,16 @@ template <class W>
 void layout(W& w, EcamPacketData& r, const EcamCtx& c) {
   frequency(w, r);
   bypass_grant_restore(w, r, c);
-  if (!w.need(6)) return;
-  w.u(r.FRAME_OFFSET, "FRAME_OFFSET", 4);
-  w.u(r.ENCRYPT_MODE, "ENCRYPT_MODE", 2);
+  w(F(FRAME_OFFSET, 4), F(ENCRYPT_MODE, 2));
   encryption_fields(w, r, c);
   integrity_and_plcm_fields(w, r, c);
-  if (!w.need(12)) return;
-  w.u(r.RLGAIN_ADJ, "RLGAIN_ADJ", 4);
-  w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
-  w.u(r.EXT_CH_IND, "EXT_CH_IND", 5);
+  w(F(RLGAIN_ADJ, 4), F(NUM_PILOTS, 3), F(EXT_CH_IND, 5));
   const ExtChInd ch = ext_ch_ind(r.EXT_CH_IND, c.p_rev);
   if (ch.for_fch || ch.for_dcch) {   // forward power control subchannel on a fundicated channel
-    if (!w.need(5)) return;
-    w.u(r.FPC_SUBCHAN_GAIN, "FPC_SUBCHAN_GAIN", 5);
+    w(F(FPC_SUBCHAN_GAIN, 5));
   }
   if (ch.rev_fch && !fwd::rev_fch_gating(w, r)) return;
-  if (!w.need(1)) return;
-  w.u(r.FULL_CI_FEEDBACK_IND, "FULL_CI_FEEDBACK_IND", 1);
+  w(F(FULL_CI_FEEDBACK_IND, 1));
   // Release D follows with the rate and update rate of the common power control channel when
   // one is assigned. Their widths are not decoded here, so the record is refused (result 1)
   // before them rather than read the channel quality fields from the wrong bits.
@@ -760,57 +595,27 @@ void layout(W& w, EcamPacketData& r, const EcamCtx& c) {
     (void)w.reject(Rc::count);
     return;
   }
-  if (!w.need(13)) return;
-  w.u(r.REV_CQICH_FRAME_OFFSET, "REV_CQICH_FRAME_OFFSET", 4);
-  w.u(r.REV_CQICH_REPS, "REV_CQICH_REPS", 2);
-  w.u(r.REV_ACKCH_REPS, "REV_ACKCH_REPS", 2);
-  w.u(r.FOR_PDCH_RC, "FOR_PDCH_RC", 5);
+  w(F(REV_CQICH_FRAME_OFFSET, 4), F(REV_CQICH_REPS, 2), F(REV_ACKCH_REPS, 2), F(FOR_PDCH_RC, 5));
   if (ch.rev_pdch) {   // Release D: the reverse packet data channel's radio configuration
-    if (!w.need(5)) return;
-    w.u(r.REV_PDCH_RC, "REV_PDCH_RC", 5);
+    w(F(REV_PDCH_RC, 5));
   }
-  if (ch.for_fch || ch.for_dcch) {
-    if (!w.need(5)) return;
-    w.u(r.FOR_FCH_DCCH_RC, "FOR_FCH_DCCH_RC", 5);
-  }
-  if (ch.rev_fch || ch.rev_dcch) {
-    if (!w.need(5)) return;
-    w.u(r.REV_FCH_DCCH_RC, "REV_FCH_DCCH_RC", 5);
-  }
-  if (ch.for_fch && ch.for_dcch) {
-    if (!w.need(1)) return;
-    w.u(r.FPC_PRI_CHAN, "FPC_PRI_CHAN", 1);
-  }
+  if (ch.for_fch || ch.for_dcch) w(F(FOR_FCH_DCCH_RC, 5));
+  if (ch.rev_fch || ch.rev_dcch) w(F(REV_FCH_DCCH_RC, 5));
+  if (ch.for_fch && ch.for_dcch) w(F(FPC_PRI_CHAN, 1));
   if (ch.for_fch) set_points(w, r.FPC_FCH_INIT_SETPT, r.FPC_FCH_FER, r.FPC_FCH_MIN_SETPT, r.FPC_FCH_MAX_SETPT, false);
   if (ch.for_dcch)
     set_points(w, r.FPC_DCCH_INIT_SETPT, r.FPC_DCCH_FER, r.FPC_DCCH_MIN_SETPT, r.FPC_DCCH_MAX_SETPT, true);
-  if (!w.need(2)) return;
-  w.u(r.PDCH_GROUP_IND_INCL, "PDCH_GROUP_IND_INCL", 1);
-  w.u(r.FOR_PDCH_PARAMS_INCL, "FOR_PDCH_PARAMS_INCL", 1);
+  w(F(PDCH_GROUP_IND_INCL, 1), F(FOR_PDCH_PARAMS_INCL, 1));
   if (r.FOR_PDCH_PARAMS_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.FOR_PDCH_RLGAIN_INCL, "FOR_PDCH_RLGAIN_INCL", 1);
-    if (r.FOR_PDCH_RLGAIN_INCL) {
-      if (!w.need(12)) return;
-      w.u(r.RLGAIN_ACKCH_PILOT, "RLGAIN_ACKCH_PILOT", 6);
-      w.u(r.RLGAIN_CQICH_PILOT, "RLGAIN_CQICH_PILOT", 6);
-    }
-    if (!w.need(13)) return;
-    w.u(r.NUM_SOFT_SWITCHING_FRAMES, "NUM_SOFT_SWITCHING_FRAMES", 4);
-    w.u(r.NUM_SOFTER_SWITCHING_FRAMES, "NUM_SOFTER_SWITCHING_FRAMES", 4);
-    w.u(r.NUM_SOFT_SWITCHING_SLOTS, "NUM_SOFT_SWITCHING_SLOTS", 2);
-    w.u(r.NUM_SOFTER_SWITCHING_SLOTS, "NUM_SOFTER_SWITCHING_SLOTS", 2);
-    w.u(r.CHM_SWITCHING_PARMS_INCL, "CHM_SWITCHING_PARMS_INCL", 1);
+    w(F(FOR_PDCH_RLGAIN_INCL, 1));
+    if (r.FOR_PDCH_RLGAIN_INCL) w(F(RLGAIN_ACKCH_PILOT, 6), F(RLGAIN_CQICH_PILOT, 6));
+    w(F(NUM_SOFT_SWITCHING_FRAMES, 4), F(NUM_SOFTER_SWITCHING_FRAMES, 4), F(NUM_SOFT_SWITCHING_SLOTS, 2),
+      F(NUM_SOFTER_SWITCHING_SLOTS, 2), F(CHM_SWITCHING_PARMS_INCL, 1));
     if (r.CHM_SWITCHING_PARMS_INCL) {   // the same counts while in control hold
-      if (!w.need(12)) return;
-      w.u(r.NUM_SOFT_SWITCHING_FRAMES_CHM, "NUM_SOFT_SWITCHING_FRAMES_CHM", 4);
-      w.u(r.NUM_SOFTER_SWITCHING_FRAMES_CHM, "NUM_SOFTER_SWITCHING_FRAMES_CHM", 4);
-      w.u(r.NUM_SOFT_SWITCHING_SLOTS_CHM, "NUM_SOFT_SWITCHING_SLOTS_CHM", 2);
-      w.u(r.NUM_SOFTER_SWITCHING_SLOTS_CHM, "NUM_SOFTER_SWITCHING_SLOTS_CHM", 2);
+      w(F(NUM_SOFT_SWITCHING_FRAMES_CHM, 4), F(NUM_SOFTER_SWITCHING_FRAMES_CHM, 4),
+        F(NUM_SOFT_SWITCHING_SLOTS_CHM, 2), F(NUM_SOFTER_SWITCHING_SLOTS_CHM, 2));
     }
-    if (!w.need(16)) return;
-    w.u(r.PDCH_SOFT_SWITCHING_DELAY, "PDCH_SOFT_SWITCHING_DELAY", 8);
-    w.u(r.PDCH_SOFTER_SWITCHING_DELAY, "PDCH_SOFTER_SWITCHING_DELAY", 8);
+    w(F(PDCH_SOFT_SWITCHING_DELAY, 8), F(PDCH_SOFTER_SWITCHING_DELAY, 8));
   }
   // Release D puts the transmitter-disabled timer, the forward grant, rate control and
   // acknowledgment channels and the reverse packet data channel parameters here. The widths of
@@ -855,11 +660,7 @@ void layout(W& w, FC_ECAM& r, const Ctx& c) {
     w.u(r.ASSIGN_MODE, "ASSIGN_MODE", 3);
   }
   const bool is2000_traffic = r.ASSIGN_MODE == 4 || r.ASSIGN_MODE == 5;
-  if (c.p_rev >= 11 && is2000_traffic) {
-    if (!w.need(5)) return;
-    w.u(r.DIRECT_CH_ASSIGN_IND, "DIRECT_CH_ASSIGN_IND", 1);
-    w.u(r.RESERVED_2, "RESERVED_2", 4);
-  }
+  if (c.p_rev >= 11 && is2000_traffic) w(F(DIRECT_CH_ASSIGN_IND, 1), F(RESERVED_2, 4));
   EcamCtx ec;
   static_cast<Ctx&>(ec) = c;
   // Only a P_REV 11 header carries the indicator; the printer re-tests what the reader saw.

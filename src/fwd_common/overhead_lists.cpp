@@ -40,17 +40,12 @@ struct FC_NLM {
 
 template <class W>
 void layout(W& w, NLM_NGHBR& r, const Ctx&) {
-  if (!w.need(12)) return;
-  w.u(r.NGHBR_CONFIG, "NGHBR_CONFIG", 3);
-  w.u(r.NGHBR_PN, "NGHBR_PN", 9);
+  w(F(NGHBR_CONFIG, 3), F(NGHBR_PN, 9));
 }
 
 template <class W>
 void layout(W& w, FC_NLM& r, const Ctx& c) {
-  if (!w.need(19)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.PILOT_INC, "PILOT_INC", 4);
+  w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(PILOT_INC, 4));
   w.list_to_end("NGHBRs", "FC_NLM_NGHBRs", r.NGHBRs, whole_elements<12>, c);
 }
 
@@ -65,9 +60,7 @@ struct FC_CCLM {
 
 template <class W>
 void layout(W& w, FC_CCLM& r, const Ctx&) {
-  if (!w.need(15)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
+  w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6));
   // One or more 11-bit channels up to the padding. The printer's left() is 0 and its scalars()
   // prints what was stored, so the count only matters when reading.
   w.scalars("CDMA_FREQ", r.CDMA_FREQ, whole_elements<11>(w.left()), 11);
@@ -91,24 +84,13 @@ struct FC_ENLM {
 
 template <class W>
 void layout(W& w, ENLM_NGHBR& r, const Ctx&) {
-  if (!w.need(15)) return;
-  w.u(r.NGHBR_CONFIG, "NGHBR_CONFIG", 3);
-  w.u(r.NGHBR_PN, "NGHBR_PN", 9);
-  w.u(r.SEARCH_PRIORITY, "SEARCH_PRIORITY", 2);
-  w.u(r.FREQ_INCL, "FREQ_INCL", 1);
-  if (r.FREQ_INCL) {
-    if (!w.need(16)) return;
-    w.u(r.NGHBR_BAND, "NGHBR_BAND", 5);
-    w.u(r.NGHBR_FREQ, "NGHBR_FREQ", 11);
-  }
+  w(F(NGHBR_CONFIG, 3), F(NGHBR_PN, 9), F(SEARCH_PRIORITY, 2), F(FREQ_INCL, 1));
+  if (r.FREQ_INCL) w(F(NGHBR_BAND, 5), F(NGHBR_FREQ, 11));
 }
 
 template <class W>
 void layout(W& w, FC_ENLM& r, const Ctx& c) {
-  if (!w.need(19)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.PILOT_INC, "PILOT_INC", 4);
+  w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(PILOT_INC, 4));
   w.list_to_end("NGHBRs", "FC_ENLM_NGHBRs", r.NGHBRs, whole_elements<15>, c);
 }
 
@@ -156,92 +138,58 @@ struct EcclmCtx : Ctx {
 
 template <class W>
 void layout(W& w, ECCLM_TD_SEL& r, const Ctx&) {
-  if (!w.need(1)) return;
-  w.u(r.TD_HASH_IND, "TD_HASH_IND", 1);
-  if (r.TD_HASH_IND) {
-    if (!w.need(2)) return;
-    w.u(r.TD_POWER_LEVEL, "TD_POWER_LEVEL", 2);
-  }
+  w(F(TD_HASH_IND, 1));
+  if (r.TD_HASH_IND) w(F(TD_POWER_LEVEL, 2));
 }
 
 // Only the ECCLM layout below hands these records an EcclmCtx.
 template <class W>
 void layout(W& w, ECCLM_ADD_FREQ& r, const EcclmCtx& c) {
   const auto& e = c;
-  if (!w.need(11)) return;
-  w.u(r.ADD_CDMA_FREQ, "ADD_CDMA_FREQ", 11);
-  if (e.RC_QPCH_SEL_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.ADD_RC_QPCH_HASH_IND, "ADD_RC_QPCH_HASH_IND", 1);
-  }
+  w(F(ADD_CDMA_FREQ, 11));
+  if (e.RC_QPCH_SEL_INCL) w(F(ADD_RC_QPCH_HASH_IND, 1));
   if (e.TD_SEL_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.ADD_TD_HASH_IND, "ADD_TD_HASH_IND", 1);
-    if (r.ADD_TD_HASH_IND) {
-      if (!w.need(2)) return;
-      w.u(r.ADD_TD_POWER_LEVEL, "ADD_TD_POWER_LEVEL", 2);
-    }
+    w(F(ADD_TD_HASH_IND, 1));
+    if (r.ADD_TD_HASH_IND) w(F(ADD_TD_POWER_LEVEL, 2));
   }
-  if (e.CDMA_FREQ_WEIGHT_INCL) {
-    if (!w.need(3)) return;
-    w.u(r.ADD_CDMA_FREQ_WEIGHT, "ADD_CDMA_FREQ_WEIGHT", 3);
-  }
+  if (e.CDMA_FREQ_WEIGHT_INCL) w(F(ADD_CDMA_FREQ_WEIGHT, 3));
 }
 
 template <class W>
 void layout(W& w, ECCLM_ADD_BAND& r, const EcclmCtx& c) {
   const auto& e = c;
-  if (!w.need(6)) return;
-  w.u(r.ADD_CDMA_BAND, "ADD_CDMA_BAND", 5);
-  w.u(r.ADD_SUBCLASS_INFO_INCL, "ADD_SUBCLASS_INFO_INCL", 1);
+  w(F(ADD_CDMA_BAND, 5), F(ADD_SUBCLASS_INFO_INCL, 1));
   if (r.ADD_SUBCLASS_INFO_INCL) {
-    if (!w.need(5)) return;
-    w.u(r.ADD_SUBCLASS_REC_LEN, "ADD_SUBCLASS_REC_LEN", 5);
+    w(F(ADD_SUBCLASS_REC_LEN, 5));
     if (!w.scalars("ADD_CDMA_SUBCLASS", r.ADD_CDMA_SUBCLASS, r.ADD_SUBCLASS_REC_LEN + 1u, 1)) return;
   }
-  if (e.TD_SEL_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.ADD_TD_MODE, "ADD_TD_MODE", 2);
-  }
-  if (!w.need(5)) return;
-  w.u(r.BYPASS_SYS_DET_IND, "BYPASS_SYS_DET_IND", 1);
-  w.u(r.NUM_ADD_FREQ, "NUM_ADD_FREQ", 4);
+  if (e.TD_SEL_INCL) w(F(ADD_TD_MODE, 2));
+  w(F(BYPASS_SYS_DET_IND, 1), F(NUM_ADD_FREQ, 4));
   w.counted("ADD_FREQs", "FC_ECCLM_ADD_BANDs_ADD_FREQs", r.ADD_FREQs, r.NUM_ADD_FREQ, c);
 }
 
 template <class W>
 void layout(W& w, FC_ECCLM& r, const Ctx& c) {
-  if (!w.need(19)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.NUM_FREQ, "NUM_FREQ", 4);
+  w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(NUM_FREQ, 4));
   if (!w.scalars("CDMA_FREQ", r.CDMA_FREQ, r.NUM_FREQ, 11)) return;
-  if (!w.need(1)) return;
-  w.u(r.RC_QPCH_SEL_INCL, "RC_QPCH_SEL_INCL", 1);
+  w(F(RC_QPCH_SEL_INCL, 1));
   if (r.RC_QPCH_SEL_INCL && !w.scalars("RC_QPCH_HASH_IND", r.RC_QPCH_HASH_IND, r.NUM_FREQ, 1)) return;
-  if (!w.need(1)) return;
-  w.u(r.TD_SEL_INCL, "TD_SEL_INCL", 1);
+  w(F(TD_SEL_INCL, 1));
   if (r.TD_SEL_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.TD_MODE, "TD_MODE", 2);
+    w(F(TD_MODE, 2));
     if (!w.counted("TD_SELs", "FC_ECCLM_TD_SELs", r.TD_SELs, r.NUM_FREQ, c)) return;
   }
   if (c.p_rev < 11) return;
 
   // Band classes: the band of the channels above, then up to 7 more with channels of their own.
-  if (!w.need(6)) return;
-  w.u(r.CDMA_BAND, "CDMA_BAND", 5);
-  w.u(r.SUBCLASS_INFO_INCL, "SUBCLASS_INFO_INCL", 1);
+  w(F(CDMA_BAND, 5), F(SUBCLASS_INFO_INCL, 1));
   if (r.SUBCLASS_INFO_INCL) {
-    if (!w.need(5)) return;
-    w.u(r.SUBCLASS_REC_LEN, "SUBCLASS_REC_LEN", 5);
+    w(F(SUBCLASS_REC_LEN, 5));
     if (!w.scalars("CDMA_SUBCLASS", r.CDMA_SUBCLASS, r.SUBCLASS_REC_LEN + 1u, 1)) return;
   }
-  if (!w.need(1)) return;
-  w.u(r.CDMA_FREQ_WEIGHT_INCL, "CDMA_FREQ_WEIGHT_INCL", 1);
+  w(F(CDMA_FREQ_WEIGHT_INCL, 1));
   if (r.CDMA_FREQ_WEIGHT_INCL && !w.scalars("CDMA_FREQ_WEIGHT", r.CDMA_FREQ_WEIGHT, r.NUM_FREQ, 3)) return;
-  if (!w.need(3)) return;
-  w.u(r.NUM_BAND, "NUM_BAND", 3);
+  w(F(NUM_BAND, 3));
   EcclmCtx ec{};
   static_cast<Ctx&>(ec) = c;
   ec.RC_QPCH_SEL_INCL = r.RC_QPCH_SEL_INCL;
@@ -281,8 +229,7 @@ bool prefixed(W& w, const char* label, const char* header, R& rec, std::uint64_t
 // Octets of a record type this decoder does not know: passed over whole.
 template <class W>
 bool pass_over(W& w, std::uint64_t bits) {
-  if (!w.need(bits)) return false;
-  w.skip(bits);
+  if (!w(reserved(bits))) return false;
   return true;
 }
 
@@ -313,33 +260,25 @@ template <class W>
 void pilot_fields(W& w, PILOT_REC& p, u8 type) {
   switch (type) {
     case 0:   // 1X common pilot with transmit diversity
-      if (!w.need(4)) return;
-      w.u(p.TD_POWER_LEVEL, "TD_POWER_LEVEL", 2);
-      w.u(p.TD_MODE, "TD_MODE", 2);
+      w(field(p.TD_POWER_LEVEL, "TD_POWER_LEVEL", 2), field(p.TD_MODE, "TD_MODE", 2));
       break;
     case 1:   // 1X auxiliary pilot
       walsh(w, p.QOF, "QOF", p.WALSH_LENGTH, "WALSH_LENGTH", p.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
       break;
     case 2:   // 1X auxiliary pilot with transmit diversity
       walsh(w, p.QOF, "QOF", p.WALSH_LENGTH, "WALSH_LENGTH", p.AUX_WALSH, "AUX_WALSH");
-      if (!w.need(4)) return;
-      w.u(p.AUX_TD_POWER_LEVEL, "AUX_TD_POWER_LEVEL", 2);
-      w.u(p.TD_MODE, "TD_MODE", 2);
+      w(field(p.AUX_TD_POWER_LEVEL, "AUX_TD_POWER_LEVEL", 2), field(p.TD_MODE, "TD_MODE", 2));
       break;
     case 3:   // 3X common pilot
     case 4:   // 3X auxiliary pilot
-      if (!w.need(8)) return;
-      w.u(p.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2);
-      w.u(p.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3);
-      w.u(p.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3);
+      w(field(p.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2), field(p.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3),
+        field(p.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3));
       if (type == 3) break;
       walsh(w, p.QOF, "QOF", p.WALSH_LENGTH, "WALSH_LENGTH", p.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
-      if (!w.need(1)) return;
-      w.u(p.ADD_INFO_INCL1, "ADD_INFO_INCL1", 1);
+      w(field(p.ADD_INFO_INCL1, "ADD_INFO_INCL1", 1));
       if (p.ADD_INFO_INCL1)
         walsh(w, p.QOF1, "QOF1", p.WALSH_LENGTH1, "WALSH_LENGTH1", p.AUX_PILOT_WALSH1, "AUX_PILOT_WALSH1");
-      if (!w.need(1)) return;
-      w.u(p.ADD_INFO_INCL2, "ADD_INFO_INCL2", 1);
+      w(field(p.ADD_INFO_INCL2, "ADD_INFO_INCL2", 1));
       if (p.ADD_INFO_INCL2)
         walsh(w, p.QOF2, "QOF2", p.WALSH_LENGTH2, "WALSH_LENGTH2", p.AUX_PILOT_WALSH2, "AUX_PILOT_WALSH2");
       break;
@@ -420,85 +359,47 @@ struct FC_GNLM {
 template <class W>
 void layout(W& w, GNLM_NGHBR& r, const ListCtx& c) {
   const ListCtx& g = c;
-  if (g.NGHBR_CONFIG_PN_INCL) {
-    if (!w.need(12)) return;
-    w.u(r.NGHBR_CONFIG, "NGHBR_CONFIG", 3);
-    w.u(r.NGHBR_PN, "NGHBR_PN", 9);
-  }
-  if (g.NGHBR_SRCH_MODE == 1 || g.NGHBR_SRCH_MODE == 3) {
-    if (!w.need(2)) return;
-    w.u(r.SEARCH_PRIORITY, "SEARCH_PRIORITY", 2);
-  }
-  if (g.NGHBR_SRCH_MODE == 2 || g.NGHBR_SRCH_MODE == 3) {
-    if (!w.need(4)) return;
-    w.u(r.SRCH_WIN_NGHBR, "SRCH_WIN_NGHBR", 4);
-  }
+  if (g.NGHBR_CONFIG_PN_INCL) w(F(NGHBR_CONFIG, 3), F(NGHBR_PN, 9));
+  if (g.NGHBR_SRCH_MODE == 1 || g.NGHBR_SRCH_MODE == 3) w(F(SEARCH_PRIORITY, 2));
+  if (g.NGHBR_SRCH_MODE == 2 || g.NGHBR_SRCH_MODE == 3) w(F(SRCH_WIN_NGHBR, 4));
   if (g.FREQ_FIELDS_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.FREQ_INCL, "FREQ_INCL", 1);
-    if (r.FREQ_INCL) {
-      if (!w.need(16)) return;
-      w.u(r.NGHBR_BAND, "NGHBR_BAND", 5);
-      w.u(r.NGHBR_FREQ, "NGHBR_FREQ", 11);
-    }
+    w(F(FREQ_INCL, 1));
+    if (r.FREQ_INCL) w(F(NGHBR_BAND, 5), F(NGHBR_FREQ, 11));
   }
   if (g.USE_TIMING) {
-    if (!w.need(1)) return;
-    w.u(r.TIMING_INCL, "TIMING_INCL", 1);
+    w(F(TIMING_INCL, 1));
     if (r.TIMING_INCL) {
-      if (!w.need(7)) return;
-      w.u(r.NGHBR_TX_OFFSET, "NGHBR_TX_OFFSET", 7);
-      if (!g.GLOBAL_TIMING_INCL) {
-        if (!w.need(11)) return;
-        w.u(r.NGHBR_TX_DURATION, "NGHBR_TX_DURATION", 4);
-        w.u(r.NGHBR_TX_PERIOD, "NGHBR_TX_PERIOD", 7);
-      }
+      w(F(NGHBR_TX_OFFSET, 7));
+      if (!g.GLOBAL_TIMING_INCL) w(F(NGHBR_TX_DURATION, 4), F(NGHBR_TX_PERIOD, 7));
     }
   }
 }
 
 template <class W>
 void layout(W& w, GNLM_ANALOG_NGHBR& r, const Ctx&) {
-  if (!w.need(7)) return;
-  w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-  w.u(r.SYS_A_B, "SYS_A_B", 2);
+  w(F(BAND_CLASS, 5), F(SYS_A_B, 2));
 }
 
 template <class W>
 void layout(W& w, GNLM_NGHBR_PILOT_REC& r, const ListCtx& c) {
-  if (!w.need(1)) return;
-  w.u(r.ADD_PILOT_REC_INCL, "ADD_PILOT_REC_INCL", 1);
+  w(F(ADD_PILOT_REC_INCL, 1));
   if (r.ADD_PILOT_REC_INCL) {
-    if (!w.need(6)) return;
-    w.u(r.NGHBR_PILOT_REC_TYPE, "NGHBR_PILOT_REC_TYPE", 3);
-    w.u(r.RECORD_LEN, "RECORD_LEN", 3);
+    w(F(NGHBR_PILOT_REC_TYPE, 3), F(RECORD_LEN, 3));
     pilot_record(w, r.rec, r.NGHBR_PILOT_REC_TYPE, r.RECORD_LEN);
   }
-  if (c.SRCH_OFFSET_INCL) {
-    if (!w.need(3)) return;
-    w.u(r.SRCH_OFFSET_NGHBR, "SRCH_OFFSET_NGHBR", 3);
-  }
+  if (c.SRCH_OFFSET_INCL) w(F(SRCH_OFFSET_NGHBR, 3));
 }
 
 template <class W>
 void layout(W& w, HRPD_NGHBR_FIELDS& r, const Ctx&) {
-  if (!w.need(10)) return;
-  w.u(r.NGHBR_PN, "NGHBR_PN", 9);
-  w.u(r.NGHBR_FREQ_INCL, "NGHBR_FREQ_INCL", 1);
-  if (r.NGHBR_FREQ_INCL) {
-    if (!w.need(16)) return;
-    w.u(r.NGHBR_BAND, "NGHBR_BAND", 5);
-    w.u(r.NGHBR_FREQ, "NGHBR_FREQ", 11);
-  }
-  if (!w.need(2)) return;
-  w.u(r.PN_ASSOCIATION_IND, "PN_ASSOCIATION_IND", 1);
-  w.u(r.DATA_ASSOCIATION_IND, "DATA_ASSOCIATION_IND", 1);
+  w(F(NGHBR_PN, 9), F(NGHBR_FREQ_INCL, 1));
+  if (r.NGHBR_FREQ_INCL) w(F(NGHBR_BAND, 5), F(NGHBR_FREQ, 11));
+  w(F(PN_ASSOCIATION_IND, 1), F(DATA_ASSOCIATION_IND, 1));
 }
 
 template <class W>
 void layout(W& w, GNLM_HRPD_NGHBR_PILOT_REC& r, const Ctx& c) {
-  if (!w.need(8)) return;
-  w.u(r.HRPD_NGHBR_REC_LEN, "HRPD_NGHBR_REC_LEN", 8);
+  w(F(HRPD_NGHBR_REC_LEN, 8));
   prefixed(w, "HrpdNeighborRecordFields", "FC_GNLM_HRPD_NGHBR_PILOT_RECs_HrpdNeighborRecordFields",
            r.HrpdNeighborRecordFields, 8u * r.HRPD_NGHBR_REC_LEN, c);
 }
@@ -508,25 +409,13 @@ void layout(W& w, GNLM_HRPD_NGHBR_PILOT_REC& r, const Ctx& c) {
 // HRPD neighbours with 11.
 template <class W>
 void layout(W& w, FC_GNLM& r, const Ctx& c) {
-  if (!w.need(24)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.PILOT_INC, "PILOT_INC", 4);
-  w.u(r.NGHBR_SRCH_MODE, "NGHBR_SRCH_MODE", 2);
-  w.u(r.NGHBR_CONFIG_PN_INCL, "NGHBR_CONFIG_PN_INCL", 1);
-  w.u(r.FREQ_FIELDS_INCL, "FREQ_FIELDS_INCL", 1);
-  w.u(r.USE_TIMING, "USE_TIMING", 1);
+  w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(PILOT_INC, 4), F(NGHBR_SRCH_MODE, 2), F(NGHBR_CONFIG_PN_INCL, 1),
+    F(FREQ_FIELDS_INCL, 1), F(USE_TIMING, 1));
   if (r.USE_TIMING) {
-    if (!w.need(1)) return;
-    w.u(r.GLOBAL_TIMING_INCL, "GLOBAL_TIMING_INCL", 1);
-    if (r.GLOBAL_TIMING_INCL) {
-      if (!w.need(11)) return;
-      w.u(r.GLOBAL_TX_DURATION, "GLOBAL_TX_DURATION", 4);
-      w.u(r.GLOBAL_TX_PERIOD, "GLOBAL_TX_PERIOD", 7);
-    }
+    w(F(GLOBAL_TIMING_INCL, 1));
+    if (r.GLOBAL_TIMING_INCL) w(F(GLOBAL_TX_DURATION, 4), F(GLOBAL_TX_PERIOD, 7));
   }
-  if (!w.need(6)) return;
-  w.u(r.NUM_NGHBR, "NUM_NGHBR", 6);
+  w(F(NUM_NGHBR, 6));
   ListCtx lc = list_ctx(c);
   lc.NGHBR_CONFIG_PN_INCL = r.NGHBR_CONFIG_PN_INCL;
   lc.NGHBR_SRCH_MODE = r.NGHBR_SRCH_MODE;
@@ -534,35 +423,29 @@ void layout(W& w, FC_GNLM& r, const Ctx& c) {
   lc.USE_TIMING = r.USE_TIMING;
   lc.GLOBAL_TIMING_INCL = r.USE_TIMING && r.GLOBAL_TIMING_INCL;
   if (!w.counted("NGHBRs", "FC_GNLM_NGHBRs", r.NGHBRs, r.NUM_NGHBR, lc)) return;
-  if (!w.need(3)) return;
-  w.u(r.NUM_ANALOG_NGHBR, "NUM_ANALOG_NGHBR", 3);
+  w(F(NUM_ANALOG_NGHBR, 3));
   if (!w.counted("ANALOG_NGHBRs", "FC_GNLM_ANALOG_NGHBRs", r.ANALOG_NGHBRs, r.NUM_ANALOG_NGHBR, c)) return;
   if (c.p_rev < 6) return;
 
-  if (!w.need(1)) return;
-  w.u(r.SRCH_OFFSET_INCL, "SRCH_OFFSET_INCL", 1);
+  w(F(SRCH_OFFSET_INCL, 1));
   lc.SRCH_OFFSET_INCL = r.SRCH_OFFSET_INCL;
   if (!w.counted("NGHBR_PILOT_RECs", "FC_GNLM_NGHBR_PILOT_RECs", r.NGHBR_PILOT_RECs, r.NUM_NGHBR, lc)) return;
   if (c.p_rev < 7) return;
 
-  if (!w.need(1)) return;
-  w.u(r.BCCH_IND_INCL, "BCCH_IND_INCL", 1);
+  w(F(BCCH_IND_INCL, 1));
   if (r.BCCH_IND_INCL && !w.scalars("BCCH_SUPPORT", r.BCCH_SUPPORT, r.NUM_NGHBR, 1)) return;
   if (c.p_rev < 9) return;
 
-  if (!w.need(1)) return;
-  w.u(r.RESQ_ENABLED, "RESQ_ENABLED", 1);
+  w(F(RESQ_ENABLED, 1));
   if (r.RESQ_ENABLED) {
     if (!fwd::call_rescue<true>(w, r)) return;
   }
   if (!w.scalars("NGHBR_PDCH_SUPPORTED", r.NGHBR_PDCH_SUPPORTED, r.NUM_NGHBR, 1)) return;
   if (c.p_rev < 11) return;
 
-  if (!w.need(1)) return;
-  w.u(r.HRPD_NGHBR_INCL, "HRPD_NGHBR_INCL", 1);
+  w(F(HRPD_NGHBR_INCL, 1));
   if (r.HRPD_NGHBR_INCL) {
-    if (!w.need(6)) return;
-    w.u(r.NUM_HRPD_NGHBR, "NUM_HRPD_NGHBR", 6);
+    w(F(NUM_HRPD_NGHBR, 6));
     w.counted("HRPD_NGHBR_PILOT_RECs", "FC_GNLM_HRPD_NGHBR_PILOT_RECs", r.HRPD_NGHBR_PILOT_RECs, r.NUM_HRPD_NGHBR,
               c);
   }
@@ -586,21 +469,13 @@ struct REDIRECT_CDMA {   // RECORD_TYPE 2: redirection to a CDMA system
 
 template <class W>
 void layout(W& w, REDIRECT_ANALOG& r, const Ctx&) {
-  if (!w.need(24)) return;
-  w.u(r.EXPECTED_SID, "EXPECTED_SID", 15);
-  w.u(r.IGNORE_CDMA, "IGNORE_CDMA", 1);
-  w.u(r.SYS_ORDERING, "SYS_ORDERING", 3);
-  w.u(r.MAX_REDIRECT_DELAY, "MAX_REDIRECT_DELAY", 5);
+  w(F(EXPECTED_SID, 15), F(IGNORE_CDMA, 1), F(SYS_ORDERING, 3), F(MAX_REDIRECT_DELAY, 5));
 }
 
 template <class W>
 void layout(W& w, REDIRECT_CDMA& r, const Ctx&) {
-  if (!w.need(44)) return;
-  w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-  w.u(r.EXPECTED_SID, "EXPECTED_SID", 15);
-  w.u(r.EXPECTED_NID, "EXPECTED_NID", 16);
-  w.skip(4);   // reserved
-  w.u(r.NUM_CHANS, "NUM_CHANS", 4);
+  // reserved
+  w(F(BAND_CLASS, 5), F(EXPECTED_SID, 15), F(EXPECTED_NID, 16), reserved(4), F(NUM_CHANS, 4));
   w.scalars("CDMA_CHAN", r.CDMA_CHAN, r.NUM_CHANS, 11);
 }
 
@@ -613,9 +488,7 @@ struct REDIRECTION {
 // RECORD_TYPE, RECORD_LEN and the record under the header of its variant.
 template <class W>
 void redirection(W& w, REDIRECTION& r, const char* const labels[2], const char* const headers[2], const Ctx& c) {
-  if (!w.need(16)) return;
-  w.u(r.RECORD_TYPE, "RECORD_TYPE", 8);
-  w.u(r.RECORD_LEN, "RECORD_LEN", 8);
+  w(F(RECORD_TYPE, 8), F(RECORD_LEN, 8));
   const std::uint64_t declared = 8u * r.RECORD_LEN;
   switch (r.RECORD_TYPE) {
     case 1: prefixed(w, labels[0], headers[0], r.analog, declared, c); break;
@@ -636,15 +509,9 @@ template <class W>
 void layout(W& w, FC_GSRDM& r, const Ctx& c) {
   static const char* const labels[2] = {"GSRDM_REC_TYPE_1", "GSRDM_REC_TYPE_2"};
   static const char* const headers[2] = {"FC_GSRDM_GSRDM_REC_TYPE_1", "FC_GSRDM_GSRDM_REC_TYPE_2"};
-  if (!w.need(33)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.REDIRECT_ACCOLC, "REDIRECT_ACCOLC", 16);
-  w.u(r.RETURN_IF_FAIL, "RETURN_IF_FAIL", 1);
-  w.u(r.DELETE_TMSI, "DELETE_TMSI", 1);
+  w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(REDIRECT_ACCOLC, 16), F(RETURN_IF_FAIL, 1), F(DELETE_TMSI, 1));
   if (c.p_rev >= 6) {   // lets mobiles of P_REV 6 and above ignore a redirection for older ones
-    if (!w.need(1)) return;
-    w.u(r.EXCL_P_REV_MS, "EXCL_P_REV_MS", 1);
+    w(F(EXCL_P_REV_MS, 1));
   }
   redirection(w, r.rec, labels, headers, c);
 }
@@ -661,19 +528,9 @@ template <class W>
 void layout(W& w, FC_EGSRDM& r, const Ctx& c) {
   static const char* const labels[2] = {"TYPE_001", "TYPE_002"};
   static const char* const headers[2] = {"FC_EGSRDM_TYPE_001", "FC_EGSRDM_TYPE_002"};
-  if (!w.need(34)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.REDIRECT_ACCOLC, "REDIRECT_ACCOLC", 16);
-  w.u(r.RETURN_IF_FAIL, "RETURN_IF_FAIL", 1);
-  w.u(r.DELETE_TMSI, "DELETE_TMSI", 1);
-  w.u(r.REDIRECT_P_REV_INCL, "REDIRECT_P_REV_INCL", 1);
-  if (r.REDIRECT_P_REV_INCL) {
-    if (!w.need(17)) return;
-    w.u(r.EXCL_P_REV_IND, "EXCL_P_REV_IND", 1);
-    w.u(r.REDIRECT_P_MIN, "REDIRECT_P_MIN", 8);
-    w.u(r.REDIRECT_P_MAX, "REDIRECT_P_MAX", 8);
-  }
+  w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(REDIRECT_ACCOLC, 16), F(RETURN_IF_FAIL, 1), F(DELETE_TMSI, 1),
+    F(REDIRECT_P_REV_INCL, 1));
+  if (r.REDIRECT_P_REV_INCL) w(F(EXCL_P_REV_IND, 1), F(REDIRECT_P_MIN, 8), F(REDIRECT_P_MAX, 8));
   redirection(w, r.rec, labels, headers, c);
   // From P_REV 11 the redirection record is followed by LAST_SEARCH_RECORD_IND, NUM_ADD_RECORD
   // and further records. NUM_ADD_RECORD's width (and when the pair is sent) is not known here:
@@ -691,10 +548,7 @@ struct UZID_REC {
 
 template <class W>
 void layout(W& w, UZID_REC& r, const Ctx&) {
-  if (!w.need(21)) return;
-  w.u(r.UZID, "UZID", 16);
-  w.u(r.UZ_REV, "UZ_REV", 4);
-  w.u(r.TEMP_SUB, "TEMP_SUB", 1);
+  w(F(UZID, 16), F(UZ_REV, 4), F(TEMP_SUB, 1));
 }
 
 struct FC_UZIM {
@@ -705,11 +559,7 @@ struct FC_UZIM {
 
 template <class W>
 void layout(W& w, FC_UZIM& r, const Ctx& c) {
-  if (!w.need(23)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.UZ_EXIT, "UZ_EXIT", 4);
-  w.u(r.NUM_UZID, "NUM_UZID", 4);
+  w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(UZ_EXIT, 4), F(NUM_UZID, 4));
   w.counted("UZIDs", "FC_UZIM_UZIDs", r.UZIDs, r.NUM_UZID, c);
 }
 
@@ -746,27 +596,15 @@ struct FC_PNLM {
 
 template <class W>
 void layout(W& w, PNLM_PRI_NGHBR& r, const ListCtx& c) {
-  if (!w.need(41)) return;
-  w.u(r.SID, "SID", 15);
-  w.u(r.NID, "NID", 16);
-  w.u(r.PRI_NGHBR_PN, "PRI_NGHBR_PN", 9);
-  w.u(r.ADD_PILOT_REC_INCL, "ADD_PILOT_REC_INCL", 1);
+  w(F(SID, 15), F(NID, 16), F(PRI_NGHBR_PN, 9), F(ADD_PILOT_REC_INCL, 1));
   if (r.ADD_PILOT_REC_INCL) {
-    if (!w.need(6)) return;
-    w.u(r.NGHBR_PILOT_REC_TYPE, "NGHBR_PILOT_REC_TYPE", 3);
-    w.u(r.RECORD_LEN, "RECORD_LEN", 3);
+    w(F(NGHBR_PILOT_REC_TYPE, 3), F(RECORD_LEN, 3));
     pilot_record(w, r.rec, r.NGHBR_PILOT_REC_TYPE, r.RECORD_LEN);
   }
-  if (!c.COMMON_INCL) {
-    if (!w.need(16)) return;
-    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-    w.u(r.NGHBR_FREQ, "NGHBR_FREQ", 11);
-  }
-  if (!w.need(1)) return;
-  w.u(r.UZID_INCL, "UZID_INCL", 1);
+  if (!c.COMMON_INCL) w(F(BAND_CLASS, 5), F(NGHBR_FREQ, 11));
+  w(F(UZID_INCL, 1));
   if (r.UZID_INCL) {
-    if (!w.need(4)) return;
-    w.u(r.NUM_UZID, "NUM_UZID", 4);
+    w(F(NUM_UZID, 4));
     w.counted("UZIDs", "FC_PNLM_RADIO_INTERFACES_RadioInterfaceTypeSpecificFields_PRI_NGHBRs_UZIDs", r.UZIDs,
               r.NUM_UZID, c);
   }
@@ -774,16 +612,9 @@ void layout(W& w, PNLM_PRI_NGHBR& r, const ListCtx& c) {
 
 template <class W>
 void layout(W& w, PNLM_MC_FIELDS& r, const Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(r.COMMON_INCL, "COMMON_INCL", 1);
-  if (r.COMMON_INCL) {
-    if (!w.need(16)) return;
-    w.u(r.COMMON_BAND_CLASS, "COMMON_BAND_CLASS", 5);
-    w.u(r.COMMON_NGHBR_FREQ, "COMMON_NGHBR_FREQ", 11);
-  }
-  if (!w.need(10)) return;
-  w.u(r.SRCH_WIN_PN, "SRCH_WIN_PN", 4);
-  w.u(r.NUM_PRI_NGHBR, "NUM_PRI_NGHBR", 6);
+  w(F(COMMON_INCL, 1));
+  if (r.COMMON_INCL) w(F(COMMON_BAND_CLASS, 5), F(COMMON_NGHBR_FREQ, 11));
+  w(F(SRCH_WIN_PN, 4), F(NUM_PRI_NGHBR, 6));
   ListCtx lc = list_ctx(c);
   lc.COMMON_INCL = r.COMMON_INCL;
   w.counted("PRI_NGHBRs", "FC_PNLM_RADIO_INTERFACES_RadioInterfaceTypeSpecificFields_PRI_NGHBRs", r.PRI_NGHBRs,
@@ -792,9 +623,7 @@ void layout(W& w, PNLM_MC_FIELDS& r, const Ctx& c) {
 
 template <class W>
 void layout(W& w, PNLM_RADIO_INTERFACE& r, const Ctx& c) {
-  if (!w.need(12)) return;
-  w.u(r.RADIO_INTERFACE_TYPE, "RADIO_INTERFACE_TYPE", 4);
-  w.u(r.RADIO_INTERFACE_LEN, "RADIO_INTERFACE_LEN", 8);
+  w(F(RADIO_INTERFACE_TYPE, 4), F(RADIO_INTERFACE_LEN, 8));
   const std::uint64_t declared = 8u * r.RADIO_INTERFACE_LEN;
   if (r.RADIO_INTERFACE_TYPE == 0)
     prefixed(w, "RadioInterfaceTypeSpecificFields", "FC_PNLM_RADIO_INTERFACES_RadioInterfaceTypeSpecificFields",
@@ -805,10 +634,7 @@ void layout(W& w, PNLM_RADIO_INTERFACE& r, const Ctx& c) {
 
 template <class W>
 void layout(W& w, FC_PNLM& r, const Ctx& c) {
-  if (!w.need(19)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.NUM_RADIO_INTERFACE, "NUM_RADIO_INTERFACE", 4);
+  w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(NUM_RADIO_INTERFACE, 4));
   w.counted("RADIO_INTERFACES", "FC_PNLM_RADIO_INTERFACES", r.RADIO_INTERFACES, r.NUM_RADIO_INTERFACE, c);
 }
 
@@ -871,91 +697,45 @@ struct FC_UNLM {
 template <class W>
 void layout(W& w, UNLM_NGHBR& r, const ListCtx& c) {
   const ListCtx& g = c;
-  if (!w.need(12)) return;
-  w.u(r.NGHBR_CONFIG, "NGHBR_CONFIG", 3);
-  w.u(r.NGHBR_PN, "NGHBR_PN", 9);
+  w(F(NGHBR_CONFIG, 3), F(NGHBR_PN, 9));
   if (r.NGHBR_CONFIG == 3) {   // the neighbour's paging is on an F-BCCH
-    if (!w.need(1)) return;
-    w.u(r.BCCH_SUPPORT, "BCCH_SUPPORT", 1);
+    w(F(BCCH_SUPPORT, 1));
   }
-  if (!w.need(1)) return;
-  w.u(r.ADD_PILOT_REC_INCL, "ADD_PILOT_REC_INCL", 1);
+  w(F(ADD_PILOT_REC_INCL, 1));
   if (r.ADD_PILOT_REC_INCL) {
-    if (!w.need(6)) return;
-    w.u(r.NGHBR_PILOT_REC_TYPE, "NGHBR_PILOT_REC_TYPE", 3);
-    w.u(r.RECORD_LEN, "RECORD_LEN", 3);
+    w(F(NGHBR_PILOT_REC_TYPE, 3), F(RECORD_LEN, 3));
     pilot_record(w, r.rec, r.NGHBR_PILOT_REC_TYPE, r.RECORD_LEN);
   }
-  if (g.NGHBR_SRCH_MODE == 1 || g.NGHBR_SRCH_MODE == 3) {
-    if (!w.need(2)) return;
-    w.u(r.SEARCH_PRIORITY, "SEARCH_PRIORITY", 2);
-  }
-  if (g.NGHBR_SRCH_MODE == 2 || g.NGHBR_SRCH_MODE == 3) {
-    if (!w.need(4)) return;
-    w.u(r.SRCH_WIN_NGHBR, "SRCH_WIN_NGHBR", 4);
-  }
-  if (g.SRCH_OFFSET_INCL) {
-    if (!w.need(3)) return;
-    w.u(r.SRCH_OFFSET_NGHBR, "SRCH_OFFSET_NGHBR", 3);
-  }
+  if (g.NGHBR_SRCH_MODE == 1 || g.NGHBR_SRCH_MODE == 3) w(F(SEARCH_PRIORITY, 2));
+  if (g.NGHBR_SRCH_MODE == 2 || g.NGHBR_SRCH_MODE == 3) w(F(SRCH_WIN_NGHBR, 4));
+  if (g.SRCH_OFFSET_INCL) w(F(SRCH_OFFSET_NGHBR, 3));
   if (g.FREQ_FIELDS_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.FREQ_INCL, "FREQ_INCL", 1);
-    if (r.FREQ_INCL) {
-      if (!w.need(16)) return;
-      w.u(r.NGHBR_BAND, "NGHBR_BAND", 5);
-      w.u(r.NGHBR_FREQ, "NGHBR_FREQ", 11);
-    }
+    w(F(FREQ_INCL, 1));
+    if (r.FREQ_INCL) w(F(NGHBR_BAND, 5), F(NGHBR_FREQ, 11));
   }
   if (g.USE_TIMING) {
-    if (!w.need(1)) return;
-    w.u(r.TIMING_INCL, "TIMING_INCL", 1);
+    w(F(TIMING_INCL, 1));
     if (r.TIMING_INCL) {
-      if (!w.need(7)) return;
-      w.u(r.NGHBR_TX_OFFSET, "NGHBR_TX_OFFSET", 7);
-      if (!g.GLOBAL_TIMING_INCL) {
-        if (!w.need(11)) return;
-        w.u(r.NGHBR_TX_DURATION, "NGHBR_TX_DURATION", 4);
-        w.u(r.NGHBR_TX_PERIOD, "NGHBR_TX_PERIOD", 7);
-      }
+      w(F(NGHBR_TX_OFFSET, 7));
+      if (!g.GLOBAL_TIMING_INCL) w(F(NGHBR_TX_DURATION, 4), F(NGHBR_TX_PERIOD, 7));
     }
   }
-  if (g.NGHBR_SET_ENTRY_INFO) {
-    if (!w.need(1)) return;
-    w.u(r.ACCESS_ENTRY_HO, "ACCESS_ENTRY_HO", 1);
-  }
-  if (g.NGHBR_SET_ACCESS_INFO) {
-    if (!w.need(1)) return;
-    w.u(r.ACCESS_HO_ALLOWED, "ACCESS_HO_ALLOWED", 1);
-  }
+  if (g.NGHBR_SET_ENTRY_INFO) w(F(ACCESS_ENTRY_HO, 1));
+  if (g.NGHBR_SET_ACCESS_INFO) w(F(ACCESS_HO_ALLOWED, 1));
 }
 
 template <class W>
 void layout(W& w, UNLM_MC_FIELDS& r, const Ctx& c) {
-  if (!w.need(6)) return;
-  w.u(r.PILOT_INC, "PILOT_INC", 4);
-  w.u(r.NGHBR_SRCH_MODE, "NGHBR_SRCH_MODE", 2);
+  w(F(PILOT_INC, 4), F(NGHBR_SRCH_MODE, 2));
   if (r.NGHBR_SRCH_MODE <= 1) {   // no per-neighbour window: one for all
-    if (!w.need(4)) return;
-    w.u(r.SRCH_WIN_N, "SRCH_WIN_N", 4);
+    w(F(SRCH_WIN_N, 4));
   }
-  if (!w.need(3)) return;
-  w.u(r.SRCH_OFFSET_INCL, "SRCH_OFFSET_INCL", 1);
-  w.u(r.FREQ_FIELDS_INCL, "FREQ_FIELDS_INCL", 1);
-  w.u(r.USE_TIMING, "USE_TIMING", 1);
+  w(F(SRCH_OFFSET_INCL, 1), F(FREQ_FIELDS_INCL, 1), F(USE_TIMING, 1));
   if (r.USE_TIMING) {
-    if (!w.need(1)) return;
-    w.u(r.GLOBAL_TIMING_INCL, "GLOBAL_TIMING_INCL", 1);
-    if (r.GLOBAL_TIMING_INCL) {
-      if (!w.need(11)) return;
-      w.u(r.GLOBAL_TX_DURATION, "GLOBAL_TX_DURATION", 4);
-      w.u(r.GLOBAL_TX_PERIOD, "GLOBAL_TX_PERIOD", 7);
-    }
+    w(F(GLOBAL_TIMING_INCL, 1));
+    if (r.GLOBAL_TIMING_INCL) w(F(GLOBAL_TX_DURATION, 4), F(GLOBAL_TX_PERIOD, 7));
   }
-  if (!w.need(8)) return;
-  w.u(r.NGHBR_SET_ENTRY_INFO, "NGHBR_SET_ENTRY_INFO", 1);
-  w.u(r.NGHBR_SET_ACCESS_INFO, "NGHBR_SET_ACCESS_INFO", 1);
-  w.u(r.NUM_NGHBR, "NUM_NGHBR", 6);
+  w(F(NGHBR_SET_ENTRY_INFO, 1), F(NGHBR_SET_ACCESS_INFO, 1), F(NUM_NGHBR, 6));
   ListCtx lc = list_ctx(c);
   lc.NGHBR_SRCH_MODE = r.NGHBR_SRCH_MODE;
   lc.SRCH_OFFSET_INCL = r.SRCH_OFFSET_INCL;
@@ -968,8 +748,7 @@ void layout(W& w, UNLM_MC_FIELDS& r, const Ctx& c) {
   if (c.p_rev < 9) return;
 
   // Call rescue and the F-PDCH indicators, as in the General Neighbor List.
-  if (!w.need(1)) return;
-  w.u(r.RESQ_ENABLED, "RESQ_ENABLED", 1);
+  w(F(RESQ_ENABLED, 1));
   if (r.RESQ_ENABLED) {
     if (!fwd::call_rescue<true>(w, r)) return;
   }
@@ -978,16 +757,14 @@ void layout(W& w, UNLM_MC_FIELDS& r, const Ctx& c) {
 
 template <class W>
 void layout(W& w, UNLM_ANALOG_FIELDS& r, const Ctx& c) {
-  if (!w.need(3)) return;
-  w.u(r.NUM_ANALOG_NGHBR, "NUM_ANALOG_NGHBR", 3);
+  w(F(NUM_ANALOG_NGHBR, 3));
   w.counted("ANALOG_NGHBRs", UNLM_FIELDS "_RADIO_INTERFACE_TYPE_0001_ANALOG_NGHBRs", r.ANALOG_NGHBRs,
             r.NUM_ANALOG_NGHBR, c);
 }
 
 template <class W>
 void layout(W& w, UNLM_HRPD_NGHBR_PILOT_REC& r, const Ctx& c) {
-  if (!w.need(8)) return;
-  w.u(r.HRPD_NGHBR_REC_LEN, "HRPD_NGHBR_REC_LEN", 8);
+  w(F(HRPD_NGHBR_REC_LEN, 8));
   prefixed(w, "HrpdNghbrRecordFields", UNLM_FIELDS "_HRPD_NGHBR_PILOT_RECs_HrpdNghbrRecordFields",
            r.HrpdNghbrRecordFields, 8u * r.HRPD_NGHBR_REC_LEN, c);
 }
@@ -1002,8 +779,7 @@ void layout(W& w, UNLM_TYPE_SPECIFIC& r, const ListCtx& c) {
       w.sub("RADIO_INTERFACE_TYPE_0001", UNLM_FIELDS "_RADIO_INTERFACE_TYPE_0001", r.RADIO_INTERFACE_TYPE_0001, c);
       break;
     case 2:
-      if (!w.need(6)) return;
-      w.u(r.NUM_HRPD_NGHBR, "NUM_HRPD_NGHBR", 6);
+      w(F(NUM_HRPD_NGHBR, 6));
       w.counted("HRPD_NGHBR_PILOT_RECs", UNLM_FIELDS "_HRPD_NGHBR_PILOT_RECs", r.HRPD_NGHBR_PILOT_RECs,
                 r.NUM_HRPD_NGHBR, c);
       break;
@@ -1014,9 +790,7 @@ void layout(W& w, UNLM_TYPE_SPECIFIC& r, const ListCtx& c) {
 
 template <class W>
 void layout(W& w, UNLM_RADIO_INTERFACE& r, const Ctx& c) {
-  if (!w.need(12)) return;
-  w.u(r.RADIO_INTERFACE_TYPE, "RADIO_INTERFACE_TYPE", 4);
-  w.u(r.RADIO_INTERFACE_LEN, "RADIO_INTERFACE_LEN", 8);
+  w(F(RADIO_INTERFACE_TYPE, 4), F(RADIO_INTERFACE_LEN, 8));
   ListCtx lc = list_ctx(c);
   lc.RADIO_INTERFACE_TYPE = r.RADIO_INTERFACE_TYPE;
   prefixed(w, "RadioInterfaceTypeSpecificFields", UNLM_FIELDS, r.RadioInterfaceTypeSpecificFields,
@@ -1025,10 +799,7 @@ void layout(W& w, UNLM_RADIO_INTERFACE& r, const Ctx& c) {
 
 template <class W>
 void layout(W& w, FC_UNLM& r, const Ctx& c) {
-  if (!w.need(19)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.NUM_RADIO_INTERFACE, "NUM_RADIO_INTERFACE", 4);
+  w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(NUM_RADIO_INTERFACE, 4));
   w.counted("RADIO_INTERFACES", "FC_UNLM_RADIO_INTERFACES", r.RADIO_INTERFACES, r.NUM_RADIO_INTERFACE, c);
 }
 

@@ -43,45 +43,14 @@ struct FC_SPM {
 
 template <class W>
 void layout(W& w, FC_SPM& r, const Ctx& c) {
-  if (!w.need(215)) return;   // the fixed part, up to and including EXT_SYS_PARAMETER
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.SID, "SID", 15);
-  w.u(r.NID, "NID", 16);
-  w.u(r.REG_ZONE, "REG_ZONE", 12);
-  w.u(r.TOTAL_ZONES, "TOTAL_ZONES", 3);
-  w.u(r.ZONE_TIMER, "ZONE_TIMER", 3);
-  w.u(r.MULT_SIDS, "MULT_SIDS", 1);
-  w.u(r.MULT_NIDS, "MULT_NIDS", 1);
-  w.u(r.BASE_ID, "BASE_ID", 16);
-  w.u(r.BASE_CLASS, "BASE_CLASS", 4);
-  w.u(r.PAGE_CHAN, "PAGE_CHAN", 3);
-  w.u(r.MAX_SLOT_CYCLE_INDEX, "MAX_SLOT_CYCLE_INDEX", 3);
-  w.u(r.HOME_REG, "HOME_REG", 1);
-  w.u(r.FOR_SID_REG, "FOR_SID_REG", 1);
-  w.u(r.FOR_NID_REG, "FOR_NID_REG", 1);
-  w.u(r.POWER_UP_REG, "POWER_UP_REG", 1);
-  w.u(r.POWER_DOWN_REG, "POWER_DOWN_REG", 1);
-  w.u(r.PARAMETER_REG, "PARAMETER_REG", 1);
-  w.u(r.REG_PRD, "REG_PRD", 7);
-  w.u(r.BASE_LAT, "BASE_LAT", 22);
-  w.u(r.BASE_LONG, "BASE_LONG", 23);
-  w.u(r.REG_DIST, "REG_DIST", 11);
-  w.u(r.SRCH_WIN_A, "SRCH_WIN_A", 4);
-  w.u(r.SRCH_WIN_N, "SRCH_WIN_N", 4);
-  w.u(r.SRCH_WIN_R, "SRCH_WIN_R", 4);
-  w.u(r.NGHBR_MAX_AGE, "NGHBR_MAX_AGE", 4);
-  w.u(r.PWR_REP_THRESH, "PWR_REP_THRESH", 5);
-  w.u(r.PWR_REP_FRAMES, "PWR_REP_FRAMES", 4);
-  w.u(r.PWR_THRESH_ENABLE, "PWR_THRESH_ENABLE", 1);
-  w.u(r.PWR_PERIOD_ENABLE, "PWR_PERIOD_ENABLE", 1);
-  w.u(r.PWR_REP_DELAY, "PWR_REP_DELAY", 5);
-  w.u(r.RESCAN, "RESCAN", 1);
-  w.u(r.T_ADD, "T_ADD", 6);
-  w.u(r.T_DROP, "T_DROP", 6);
-  w.u(r.T_COMP, "T_COMP", 4);
-  w.u(r.T_TDROP, "T_TDROP", 4);
-  w.u(r.EXT_SYS_PARAMETER, "EXT_SYS_PARAMETER", 1);
+  // the fixed part, up to and including EXT_SYS_PARAMETER
+  w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(SID, 15), F(NID, 16), F(REG_ZONE, 12), F(TOTAL_ZONES, 3),
+    F(ZONE_TIMER, 3), F(MULT_SIDS, 1), F(MULT_NIDS, 1), F(BASE_ID, 16), F(BASE_CLASS, 4), F(PAGE_CHAN, 3),
+    F(MAX_SLOT_CYCLE_INDEX, 3), F(HOME_REG, 1), F(FOR_SID_REG, 1), F(FOR_NID_REG, 1), F(POWER_UP_REG, 1),
+    F(POWER_DOWN_REG, 1), F(PARAMETER_REG, 1), F(REG_PRD, 7), F(BASE_LAT, 22), F(BASE_LONG, 23), F(REG_DIST, 11),
+    F(SRCH_WIN_A, 4), F(SRCH_WIN_N, 4), F(SRCH_WIN_R, 4), F(NGHBR_MAX_AGE, 4), F(PWR_REP_THRESH, 5),
+    F(PWR_REP_FRAMES, 4), F(PWR_THRESH_ENABLE, 1), F(PWR_PERIOD_ENABLE, 1), F(PWR_REP_DELAY, 5), F(RESCAN, 1),
+    F(T_ADD, 6), F(T_DROP, 6), F(T_COMP, 4), F(T_TDROP, 4), F(EXT_SYS_PARAMETER, 1));
 
   // The next two bit positions are always taken. From P_REV 4 both are flags; before that
   // the PCS bands already had EXT_NGHBR_LIST in the first, and the rest is reserved.
@@ -96,28 +65,14 @@ void layout(W& w, FC_SPM& r, const Ctx& c) {
     w.skip(2);
   }
 
-  if (!w.need(1)) return;
-  w.u(r.GLOBAL_REDIRECT, "GLOBAL_REDIRECT", 1);
+  w(F(GLOBAL_REDIRECT, 1));
 
-  if (c.p_rev >= 6) {
-    if (!w.need(4)) return;
-    w.u(r.PRI_NGHBR_LIST, "PRI_NGHBR_LIST", 1);
-    w.u(r.USER_ZONE_ID, "USER_ZONE_ID", 1);
-    w.u(r.EXT_GLOBAL_REDIRECT, "EXT_GLOBAL_REDIRECT", 1);
-    w.u(r.EXT_CHAN_LIST, "EXT_CHAN_LIST", 1);
-  }
+  if (c.p_rev >= 6) w(F(PRI_NGHBR_LIST, 1), F(USER_ZONE_ID, 1), F(EXT_GLOBAL_REDIRECT, 1), F(EXT_CHAN_LIST, 1));
   if (c.p_rev >= 9) {
-    if (!w.need(1)) return;
-    w.u(r.T_TDROP_RANGE_INCL, "T_TDROP_RANGE_INCL", 1);
-    if (r.T_TDROP_RANGE_INCL) {
-      if (!w.need(4)) return;
-      w.u(r.T_TDROP_RANGE, "T_TDROP_RANGE", 4);
-    }
+    w(F(T_TDROP_RANGE_INCL, 1));
+    if (r.T_TDROP_RANGE_INCL) w(F(T_TDROP_RANGE, 4));
   }
-  if (c.p_rev >= 11) {
-    if (!w.need(1)) return;
-    w.u(r.NEG_SLOT_CYCLE_INDEX_SUP, "NEG_SLOT_CYCLE_INDEX_SUP", 1);
-  }
+  if (c.p_rev >= 11) w(F(NEG_SLOT_CYCLE_INDEX_SUP, 1));
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -137,12 +92,8 @@ struct AcctSoRec {
 
 template <class W>
 void layout(W& w, AcctSoRec& r, const AcctCtx& c) {
-  if (c.aoc_bitmap_incl) {
-    if (!w.need(5)) return;
-    w.u(r.ACCT_AOC_BITMAP1, "ACCT_AOC_BITMAP1", 5);
-  }
-  if (!w.need(16)) return;
-  w.u(r.ACCT_SO, "ACCT_SO", 16);
+  if (c.aoc_bitmap_incl) w(F(ACCT_AOC_BITMAP1, 5));
+  w(F(ACCT_SO, 16));
 }
 
 struct AcctSoGrpRec {
@@ -152,12 +103,8 @@ struct AcctSoGrpRec {
 
 template <class W>
 void layout(W& w, AcctSoGrpRec& r, const AcctCtx& c) {
-  if (c.aoc_bitmap_incl) {
-    if (!w.need(5)) return;
-    w.u(r.ACCT_AOC_BITMAP2, "ACCT_AOC_BITMAP2", 5);
-  }
-  if (!w.need(5)) return;
-  w.u(r.ACCT_SO_GRP, "ACCT_SO_GRP", 5);
+  if (c.aoc_bitmap_incl) w(F(ACCT_AOC_BITMAP2, 5));
+  w(F(ACCT_SO_GRP, 5));
 }
 
 // The access control by service option group that closes the access parameters messages, after
@@ -168,24 +115,18 @@ struct AcctNames {
 
 template <class W, class R>
 void acct(W& w, R& r, const Ctx& c, const AcctNames& n) {
-  if (!w.need(3)) return;
-  w.u(r.ACCT_INCL_EMG, "ACCT_INCL_EMG", 1);
-  w.u(r.ACCT_AOC_BITMAP_INCL, "ACCT_AOC_BITMAP_INCL", 1);
-  w.u(r.ACCT_SO_INCL, "ACCT_SO_INCL", 1);
+  w(F(ACCT_INCL_EMG, 1), F(ACCT_AOC_BITMAP_INCL, 1), F(ACCT_SO_INCL, 1));
   AcctCtx ac;
   static_cast<Ctx&>(ac) = c;
   ac.aoc_bitmap_incl = r.ACCT_AOC_BITMAP_INCL;
   if (r.ACCT_SO_INCL) {
-    if (!w.need(4)) return;
-    w.u(r.NUM_ACCT_SO, "NUM_ACCT_SO", 4);
+    w(F(NUM_ACCT_SO, 4));
     // NUM_ACCT_SO is one less than the number of records.
     if (!w.counted(n.so_label, n.so_header, r.ACCT_SO_RECs, r.NUM_ACCT_SO + 1u, ac)) return;
   }
-  if (!w.need(1)) return;
-  w.u(r.ACCT_SO_GRP_INCL, "ACCT_SO_GRP_INCL", 1);
+  w(F(ACCT_SO_GRP_INCL, 1));
   if (r.ACCT_SO_GRP_INCL) {
-    if (!w.need(3)) return;
-    w.u(r.NUM_ACCT_SO_GRP, "NUM_ACCT_SO_GRP", 3);
+    w(F(NUM_ACCT_SO_GRP, 3));
     w.counted(n.grp_label, n.grp_header, r.ACCT_SO_GRP_RECs, r.NUM_ACCT_SO_GRP + 1u, ac);
   }
 }
@@ -212,50 +153,20 @@ bool has_nom_pwr_ext(const Ctx& c) {
 
 template <class W>
 void layout(W& w, FC_APM& r, const Ctx& c) {
-  if (!w.need(99)) return;   // PILOT_PN .. AUTH
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.ACC_MSG_SEQ, "ACC_MSG_SEQ", 6);
-  w.u(r.ACC_CHAN, "ACC_CHAN", 5);
-  w.u(r.NOM_PWR, "NOM_PWR", 4);
-  w.u(r.INIT_PWR, "INIT_PWR", 5);
-  w.u(r.PWR_STEP, "PWR_STEP", 3);
-  w.u(r.NUM_STEP, "NUM_STEP", 4);
-  w.u(r.MAX_CAP_SZ, "MAX_CAP_SZ", 3);
-  w.u(r.PAM_SZ, "PAM_SZ", 4);
-  w.u(r.PSIST_0_9, "PSIST_0_9", 6);
-  w.u(r.PSIST_10, "PSIST_10", 3);
-  w.u(r.PSIST_11, "PSIST_11", 3);
-  w.u(r.PSIST_12, "PSIST_12", 3);
-  w.u(r.PSIST_13, "PSIST_13", 3);
-  w.u(r.PSIST_14, "PSIST_14", 3);
-  w.u(r.PSIST_15, "PSIST_15", 3);
-  w.u(r.MSG_PSIST, "MSG_PSIST", 3);
-  w.u(r.REG_PSIST, "REG_PSIST", 3);
-  w.u(r.PROBE_PN_RAN, "PROBE_PN_RAN", 4);
-  w.u(r.ACC_TMO, "ACC_TMO", 4);
-  w.u(r.PROBE_BKOFF, "PROBE_BKOFF", 4);
-  w.u(r.BKOFF, "BKOFF", 4);
-  w.u(r.MAX_REQ_SEQ, "MAX_REQ_SEQ", 4);
-  w.u(r.MAX_RSP_SEQ, "MAX_RSP_SEQ", 4);
-  w.u(r.AUTH, "AUTH", 2);
+  // PILOT_PN .. AUTH
+  w(F(PILOT_PN, 9), F(ACC_MSG_SEQ, 6), F(ACC_CHAN, 5), F(NOM_PWR, 4), F(INIT_PWR, 5), F(PWR_STEP, 3), F(NUM_STEP, 4),
+    F(MAX_CAP_SZ, 3), F(PAM_SZ, 4), F(PSIST_0_9, 6), F(PSIST_10, 3), F(PSIST_11, 3), F(PSIST_12, 3), F(PSIST_13, 3),
+    F(PSIST_14, 3), F(PSIST_15, 3), F(MSG_PSIST, 3), F(REG_PSIST, 3), F(PROBE_PN_RAN, 4), F(ACC_TMO, 4),
+    F(PROBE_BKOFF, 4), F(BKOFF, 4), F(MAX_REQ_SEQ, 4), F(MAX_RSP_SEQ, 4), F(AUTH, 2));
   if (r.AUTH == 1) {   // '01': authentication on, RAND follows
-    if (!w.need(32)) return;
-    w.u(r.RAND, "RAND", 32);
+    w(F(RAND, 32));
   }
-  if (has_nom_pwr_ext(c)) {
-    if (!w.need(1)) return;
-    w.u(r.NOM_PWR_EXT, "NOM_PWR_EXT", 1);
-  }
+  if (has_nom_pwr_ext(c)) w(F(NOM_PWR_EXT, 1));
   if (c.p_rev < 7) return;
 
-  if (!w.need(1)) return;
-  w.u(r.PSIST_EMG_INCL, "PSIST_EMG_INCL", 1);
-  if (r.PSIST_EMG_INCL) {
-    if (!w.need(3)) return;
-    w.u(r.PSIST_EMG, "PSIST_EMG", 3);
-  }
-  if (!w.need(1)) return;
-  w.u(r.ACCT_INCL, "ACCT_INCL", 1);
+  w(F(PSIST_EMG_INCL, 1));
+  if (r.PSIST_EMG_INCL) w(F(PSIST_EMG, 3));
+  w(F(ACCT_INCL, 1));
   if (!r.ACCT_INCL) return;
 
   acct(w, r, c, {"ACCT_SO_RECs", "FC_APM_ACCT_SO_RECs", "ACCT_SO_GRP_RECs", "FC_APM_ACCT_SO_GRP_RECs"});
@@ -274,11 +185,9 @@ bool has_meid_reqd(u8 pref_msid_type, u8 ext_pref_msid_type) {
 template <class W, class R>
 bool sig_integrity(W& w, R& r) {
   if (r.MSG_INTEGRITY_SUP) {
-    if (!w.need(1)) return false;
-    w.u(r.SIG_INTEGRITY_SUP_INCL, "SIG_INTEGRITY_SUP_INCL", 1);
+    if (!w(F(SIG_INTEGRITY_SUP_INCL, 1))) return false;
     if (r.SIG_INTEGRITY_SUP_INCL) {
-      if (!w.need(8)) return false;
-      w.u(r.SIG_INTEGRITY_SUP, "SIG_INTEGRITY_SUP", 8);
+      if (!w(F(SIG_INTEGRITY_SUP, 8))) return false;
     }
   }
   return true;
@@ -286,11 +195,9 @@ bool sig_integrity(W& w, R& r) {
 
 template <class W, class R>
 bool imsi_10(W& w, R& r) {
-  if (!w.need(1)) return false;
-  w.u(r.IMSI_10_INCL, "IMSI_10_INCL", 1);
+  if (!w(F(IMSI_10_INCL, 1))) return false;
   if (r.IMSI_10_INCL) {
-    if (!w.need(4)) return false;
-    w.u(r.IMSI_10, "IMSI_10", 4);
+    if (!w(F(IMSI_10, 4))) return false;
   }
   return true;
 }
@@ -298,8 +205,7 @@ bool imsi_10(W& w, R& r) {
 template <class W, class R>
 bool tkz_id(W& w, R& r) {
   if (r.TKZ_MODE_SUPPORTED) {
-    if (!w.need(8)) return false;
-    w.u(r.TKZ_ID, "TKZ_ID", 8);
+    if (!w(F(TKZ_ID, 8))) return false;
   }
   return true;
 }
@@ -308,17 +214,11 @@ template <class W, class R>
 bool pz_hysteresis(W& w, R& r) {
   // Packet-zone hysteresis only means something in a packet zone.
   if (r.PACKET_ZONE_ID != 0) {
-    if (!w.need(1)) return false;
-    w.u(r.PZ_HYST_ENABLED, "PZ_HYST_ENABLED", 1);
+    if (!w(F(PZ_HYST_ENABLED, 1))) return false;
     if (r.PZ_HYST_ENABLED) {
-      if (!w.need(1)) return false;
-      w.u(r.PZ_HYST_INFO_INCL, "PZ_HYST_INFO_INCL", 1);
+      if (!w(F(PZ_HYST_INFO_INCL, 1))) return false;
       if (r.PZ_HYST_INFO_INCL) {
-        if (!w.need(20)) return false;
-        w.u(r.PZ_HYST_LIST_LEN, "PZ_HYST_LIST_LEN", 4);
-        w.u(r.PZ_HYST_ACT_TIMER, "PZ_HYST_ACT_TIMER", 8);
-        w.u(r.PZ_HYST_TIMER_MUL, "PZ_HYST_TIMER_MUL", 3);
-        w.u(r.PZ_HYST_TIMER_EXP, "PZ_HYST_TIMER_EXP", 5);
+        if (!w(F(PZ_HYST_LIST_LEN, 4), F(PZ_HYST_ACT_TIMER, 8), F(PZ_HYST_TIMER_MUL, 3), F(PZ_HYST_TIMER_EXP, 5))) return false;
       }
     }
   }
@@ -329,63 +229,44 @@ bool pz_hysteresis(W& w, R& r) {
 // MC-RR parameters messages carry alike; only the header of the Walsh code records differs.
 template <class W, class R>
 bool for_pdch(W& w, R& r, const Ctx& c, const char* walsh_header) {
-  if (!w.need(1)) return false;
-  w.u(r.FOR_PDCH_SUPPORTED, "FOR_PDCH_SUPPORTED", 1);
+  if (!w(F(FOR_PDCH_SUPPORTED, 1))) return false;
   if (!r.FOR_PDCH_SUPPORTED) return true;
-  if (!w.need(2)) return false;
-  w.u(r.PDCH_CHM_SUPPORTED, "PDCH_CHM_SUPPORTED", 1);
-  w.u(r.PDCH_PARMS_INCL, "PDCH_PARMS_INCL", 1);
+  if (!w(F(PDCH_CHM_SUPPORTED, 1), F(PDCH_PARMS_INCL, 1))) return false;
   if (!r.PDCH_PARMS_INCL) return true;
-  if (!w.need(1)) return false;
-  w.u(r.FOR_PDCH_RLGAIN_INCL, "FOR_PDCH_RLGAIN_INCL", 1);
+  if (!w(F(FOR_PDCH_RLGAIN_INCL, 1))) return false;
   if (r.FOR_PDCH_RLGAIN_INCL) {
-    if (!w.need(12)) return false;
-    w.u(r.RLGAIN_ACKCH_PILOT, "RLGAIN_ACKCH_PILOT", 6);
-    w.u(r.RLGAIN_CQICH_PILOT, "RLGAIN_CQICH_PILOT", 6);
+    if (!w(F(RLGAIN_ACKCH_PILOT, 6), F(RLGAIN_CQICH_PILOT, 6))) return false;
   }
-  if (!w.need(34)) return false;
-  w.u(r.NUM_SOFT_SWITCHING_FRAMES, "NUM_SOFT_SWITCHING_FRAMES", 4);
-  w.u(r.NUM_SOFTER_SWITCHING_FRAMES, "NUM_SOFTER_SWITCHING_FRAMES", 4);
-  w.u(r.NUM_SOFT_SWITCHING_SLOTS, "NUM_SOFT_SWITCHING_SLOTS", 2);
-  w.u(r.NUM_SOFTER_SWITCHING_SLOTS, "NUM_SOFTER_SWITCHING_SLOTS", 2);
-  w.u(r.PDCH_SOFT_SWITCHING_DELAY, "PDCH_SOFT_SWITCHING_DELAY", 8);
-  w.u(r.PDCH_SOFTER_SWITCHING_DELAY, "PDCH_SOFTER_SWITCHING_DELAY", 8);
-  w.u(r.WALSH_TABLE_ID, "WALSH_TABLE_ID", 3);
-  w.u(r.NUM_PDCCH, "NUM_PDCCH", 3);
+  if (!w(F(NUM_SOFT_SWITCHING_FRAMES, 4), F(NUM_SOFTER_SWITCHING_FRAMES, 4), F(NUM_SOFT_SWITCHING_SLOTS, 2),
+         F(NUM_SOFTER_SWITCHING_SLOTS, 2), F(PDCH_SOFT_SWITCHING_DELAY, 8), F(PDCH_SOFTER_SWITCHING_DELAY, 8),
+         F(WALSH_TABLE_ID, 3), F(NUM_PDCCH, 3))) return false;
   // NUM_PDCCH is one less than the number of F-PDCCH Walsh codes.
   return w.counted("PDCCH_WALSHs", walsh_header, r.PDCCH_WALSHs, r.NUM_PDCCH + 1u, c);
 }
 
 template <class W, class R>
 bool ext_pref_msid(W& w, R& r) {
-  if (!w.need(2)) return false;
-  w.u(r.EXT_PREF_MSID_TYPE, "EXT_PREF_MSID_TYPE", 2);
+  if (!w(F(EXT_PREF_MSID_TYPE, 2))) return false;
   if (has_meid_reqd(r.PREF_MSID_TYPE, r.EXT_PREF_MSID_TYPE)) {
-    if (!w.need(1)) return false;
-    w.u(r.MEID_REQD, "MEID_REQD", 1);
+    if (!w(F(MEID_REQD, 1))) return false;
   }
   return true;
 }
 
 template <class W, class R>
 bool alt_band_class(W& w, R& r) {
-  if (!w.need(1)) return false;
-  w.u(r.BAND_CLASS_INFO_REQ, "BAND_CLASS_INFO_REQ", 1);
+  if (!w(F(BAND_CLASS_INFO_REQ, 1))) return false;
   if (r.BAND_CLASS_INFO_REQ) {
-    if (!w.need(5)) return false;
-    w.u(r.ALT_BAND_CLASS, "ALT_BAND_CLASS", 5);
+    if (!w(F(ALT_BAND_CLASS, 5))) return false;
   }
   return true;
 }
 
 template <class W, class R>
 bool cdma_off_time_rep(W& w, R& r) {
-  if (!w.need(1)) return false;
-  w.u(r.CDMA_OFF_TIME_REP_SUP_IND, "CDMA_OFF_TIME_REP_SUP_IND", 1);
+  if (!w(F(CDMA_OFF_TIME_REP_SUP_IND, 1))) return false;
   if (r.CDMA_OFF_TIME_REP_SUP_IND) {
-    if (!w.need(4)) return false;
-    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD_UNIT, "CDMA_OFF_TIME_REP_THRESHOLD_UNIT", 1);
-    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD, "CDMA_OFF_TIME_REP_THRESHOLD", 3);
+    if (!w(F(CDMA_OFF_TIME_REP_THRESHOLD_UNIT, 1), F(CDMA_OFF_TIME_REP_THRESHOLD, 3))) return false;
   }
   return true;
 }
@@ -394,60 +275,41 @@ bool cdma_off_time_rep(W& w, R& r) {
 // channel is supported; the extended system and the MC-RR parameters messages carry them alike.
 template <class W, class R>
 bool rev_pdch(W& w, R& r) {
-  if (!w.need(1)) return false;
-  w.u(r.REV_PDCH_SUPPORTED, "REV_PDCH_SUPPORTED", 1);
+  if (!w(F(REV_PDCH_SUPPORTED, 1))) return false;
   if (!r.REV_PDCH_SUPPORTED) return true;
-  if (!w.need(1)) return false;
-  w.u(r.REV_PDCH_PARMS_INCL, "REV_PDCH_PARMS_INCL", 1);
+  if (!w(F(REV_PDCH_PARMS_INCL, 1))) return false;
   if (!r.REV_PDCH_PARMS_INCL) return true;
-  if (!w.need(1)) return false;
-  w.u(r.REV_PDCH_RLGAIN_INCL, "REV_PDCH_RLGAIN_INCL", 1);
+  if (!w(F(REV_PDCH_RLGAIN_INCL, 1))) return false;
   if (r.REV_PDCH_RLGAIN_INCL) {
-    if (!w.need(18)) return false;
-    w.u(r.RLGAIN_SPICH_PILOT, "RLGAIN_SPICH_PILOT", 6);
-    w.u(r.RLGAIN_REQCH_PILOT, "RLGAIN_REQCH_PILOT", 6);
-    w.u(r.RLGAIN_PDCCH_PILOT, "RLGAIN_PDCCH_PILOT", 6);
+    if (!w(F(RLGAIN_SPICH_PILOT, 6), F(RLGAIN_REQCH_PILOT, 6), F(RLGAIN_PDCCH_PILOT, 6))) return false;
   }
-  if (!w.need(1)) return false;
-  w.u(r.REV_PDCH_PARMS_1_INCL, "REV_PDCH_PARMS_1_INCL", 1);
+  if (!w(F(REV_PDCH_PARMS_1_INCL, 1))) return false;
   if (r.REV_PDCH_PARMS_1_INCL) {
-    if (!w.need(11)) return false;
-    w.u(r.REV_PDCH_TABLE_SEL, "REV_PDCH_TABLE_SEL", 1);
-    w.u(r.REV_PDCH_MAX_AUTO_TPR, "REV_PDCH_MAX_AUTO_TPR", 8);
-    w.u(r.REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, "REV_PDCH_NUM_ARQ_ROUNDS_NORMAL", 2);
+    if (!w(F(REV_PDCH_TABLE_SEL, 1), F(REV_PDCH_MAX_AUTO_TPR, 8), F(REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, 2))) return false;
   }
-  if (!w.need(1)) return false;
-  w.u(r.REV_PDCH_OPER_PARMS_INCL, "REV_PDCH_OPER_PARMS_INCL", 1);
+  if (!w(F(REV_PDCH_OPER_PARMS_INCL, 1))) return false;
   if (r.REV_PDCH_OPER_PARMS_INCL) {
-    if (!w.need(9)) return false;
-    w.u(r.REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET, "REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET", 4);
-    w.u(r.REV_PDCH_DEFAULT_PERSISTENCE, "REV_PDCH_DEFAULT_PERSISTENCE", 1);
-    w.u(r.REV_PDCH_RESET_PERSISTENCE, "REV_PDCH_RESET_PERSISTENCE", 1);
-    w.u(r.REV_PDCH_GRANT_PRECEDENCE, "REV_PDCH_GRANT_PRECEDENCE", 1);
-    w.u(r.REV_PDCH_MSIB_SUPPORTED, "REV_PDCH_MSIB_SUPPORTED", 1);
-    w.u(r.REV_PDCH_SOFT_SWITCHING_RESET_IND, "REV_PDCH_SOFT_SWITCHING_RESET_IND", 1);
+    if (!w(F(REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET, 4), F(REV_PDCH_DEFAULT_PERSISTENCE, 1),
+           F(REV_PDCH_RESET_PERSISTENCE, 1), F(REV_PDCH_GRANT_PRECEDENCE, 1), F(REV_PDCH_MSIB_SUPPORTED, 1),
+           F(REV_PDCH_SOFT_SWITCHING_RESET_IND, 1))) return false;
   }
   return true;
 }
 
 template <class W, class R>
 bool sending_bspm(W& w, R& r) {
-  if (!w.need(1)) return false;
-  w.u(r.SENDING_BSPM, "SENDING_BSPM", 1);
+  if (!w(F(SENDING_BSPM, 1))) return false;
   if (r.SENDING_BSPM) {
-    if (!w.need(4)) return false;
-    w.u(r.BSPM_PERIOD_INDEX, "BSPM_PERIOD_INDEX", 4);
+    if (!w(F(BSPM_PERIOD_INDEX, 4))) return false;
   }
   return true;
 }
 
 template <class W, class R>
 bool cand_bands(W& w, R& r, const Ctx& c, const char* header) {
-  if (!w.need(1)) return false;
-  w.u(r.CAND_BAND_INFO_REQ, "CAND_BAND_INFO_REQ", 1);
+  if (!w(F(CAND_BAND_INFO_REQ, 1))) return false;
   if (!r.CAND_BAND_INFO_REQ) return true;
-  if (!w.need(3)) return false;
-  w.u(r.NUM_CAND_BAND_CLASS, "NUM_CAND_BAND_CLASS", 3);
+  if (!w(F(NUM_CAND_BAND_CLASS, 3))) return false;
   // NUM_CAND_BAND_CLASS is one less than the number of candidate band classes.
   return w.counted("CAND_BAND_CLASSs", header, r.CAND_BAND_CLASSs, r.NUM_CAND_BAND_CLASS + 1u, c);
 }
@@ -455,8 +317,7 @@ bool cand_bands(W& w, R& r, const Ctx& c, const char* header) {
 template <class W, class R>
 bool tx_pwr_limit_bypass(W& w, R& r) {
   if (!fwd::tx_pwr_limit(w, r)) return false;
-  if (!w.need(2)) return false;
-  w.u(r.BYPASS_REG_IND, "BYPASS_REG_IND", 2);
+  if (!w(F(BYPASS_REG_IND, 2))) return false;
   return true;
 }
 
@@ -468,12 +329,9 @@ struct FC_ESPM_CAND_BAND_CLASS {
 
 template <class W>
 void layout(W& w, FC_ESPM_CAND_BAND_CLASS& r, const Ctx&) {
-  if (!w.need(6)) return;
-  w.u(r.CAND_BAND_CLASS, "CAND_BAND_CLASS", 5);
-  w.u(r.SUBCLASS_INFO_INCL, "SUBCLASS_INFO_INCL", 1);
+  w(F(CAND_BAND_CLASS, 5), F(SUBCLASS_INFO_INCL, 1));
   if (r.SUBCLASS_INFO_INCL) {
-    if (!w.need(5)) return;
-    w.u(r.SUBCLASS_REC_LEN, "SUBCLASS_REC_LEN", 5);
+    w(F(SUBCLASS_REC_LEN, 5));
     // One indicator per subclass, SUBCLASS_REC_LEN + 1 of them.
     w.scalars("BAND_SUBCLASS_IND", r.BAND_SUBCLASS_IND, r.SUBCLASS_REC_LEN + 1u, 1);
   }
@@ -485,8 +343,7 @@ struct FC_ESPM_PDCCH_WALSH {
 
 template <class W>
 void layout(W& w, FC_ESPM_PDCCH_WALSH& r, const Ctx&) {
-  if (!w.need(6)) return;
-  w.u(r.FOR_PDCCH_WALSH, "FOR_PDCCH_WALSH", 6);
+  w(F(FOR_PDCCH_WALSH, 6));
 }
 
 struct FC_ESPM {
@@ -537,67 +394,31 @@ struct FC_ESPM {
 
 template <class W>
 void layout(W& w, FC_ESPM& r, const Ctx& c) {
-  if (!w.need(40)) return;   // PILOT_PN .. TMSI_ZONE_LEN
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.DELETE_FOR_TMSI, "DELETE_FOR_TMSI", 1);
-  w.u(r.USE_TMSI, "USE_TMSI", 1);
-  w.u(r.PREF_MSID_TYPE, "PREF_MSID_TYPE", 2);
-  w.u(r.MCC, "MCC", 10);
-  w.u(r.IMSI_11_12, "IMSI_11_12", 7);
-  w.u(r.TMSI_ZONE_LEN, "TMSI_ZONE_LEN", 4);
+  // PILOT_PN .. TMSI_ZONE_LEN
+  w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(DELETE_FOR_TMSI, 1), F(USE_TMSI, 1), F(PREF_MSID_TYPE, 2), F(MCC, 10),
+    F(IMSI_11_12, 7), F(TMSI_ZONE_LEN, 4));
   if (r.TMSI_ZONE_LEN) {   // a zone of no octets has no field to show
-    if (!w.need(8u * r.TMSI_ZONE_LEN)) return;
-    w.bits(r.TMSI_ZONE, "TMSI_ZONE", 8u * r.TMSI_ZONE_LEN);
+    w(F(TMSI_ZONE, 8u * r.TMSI_ZONE_LEN));
   }
-  if (!w.need(3)) return;
-  w.u(r.BCAST_INDEX, "BCAST_INDEX", 3);
+  w(F(BCAST_INDEX, 3));
   // IS-95-A and J-STD-008 end here.
   if (c.p_rev < 4) return;
 
-  if (!w.need(47)) return;   // IMSI_T_SUPPORTED .. RESELECT_INCLUDED
-  w.u(r.IMSI_T_SUPPORTED, "IMSI_T_SUPPORTED", 1);
-  w.u(r.P_REV, "P_REV", 8);
-  w.u(r.MIN_P_REV, "MIN_P_REV", 8);
-  w.u(r.SOFT_SLOPE, "SOFT_SLOPE", 6);
-  w.u(r.ADD_INTERCEPT, "ADD_INTERCEPT", 6);
-  w.u(r.DROP_INTERCEPT, "DROP_INTERCEPT", 6);
-  w.u(r.PACKET_ZONE_ID, "PACKET_ZONE_ID", 8);
-  w.u(r.MAX_NUM_ALT_SO, "MAX_NUM_ALT_SO", 3);
-  w.u(r.RESELECT_INCLUDED, "RESELECT_INCLUDED", 1);
-  if (r.RESELECT_INCLUDED) {
-    if (!w.need(10)) return;
-    w.u(r.EC_THRESH, "EC_THRESH", 5);
-    w.u(r.EC_I0_THRESH, "EC_I0_THRESH", 5);
-  }
-  if (!w.need(2)) return;
-  w.u(r.PILOT_REPORT, "PILOT_REPORT", 1);
-  w.u(r.NGHBR_SET_ENTRY_INFO, "NGHBR_SET_ENTRY_INFO", 1);
-  if (r.NGHBR_SET_ENTRY_INFO) {
-    if (!w.need(1)) return;
-    w.u(r.ACC_ENT_HO_ORDER, "ACC_ENT_HO_ORDER", 1);
-  }
-  if (!w.need(1)) return;
-  w.u(r.NGHBR_SET_ACCESS_INFO, "NGHBR_SET_ACCESS_INFO", 1);
+  // IMSI_T_SUPPORTED .. RESELECT_INCLUDED
+  w(F(IMSI_T_SUPPORTED, 1), F(P_REV, 8), F(MIN_P_REV, 8), F(SOFT_SLOPE, 6), F(ADD_INTERCEPT, 6), F(DROP_INTERCEPT, 6),
+    F(PACKET_ZONE_ID, 8), F(MAX_NUM_ALT_SO, 3), F(RESELECT_INCLUDED, 1));
+  if (r.RESELECT_INCLUDED) w(F(EC_THRESH, 5), F(EC_I0_THRESH, 5));
+  w(F(PILOT_REPORT, 1), F(NGHBR_SET_ENTRY_INFO, 1));
+  if (r.NGHBR_SET_ENTRY_INFO) w(F(ACC_ENT_HO_ORDER, 1));
+  w(F(NGHBR_SET_ACCESS_INFO, 1));
   if (r.NGHBR_SET_ACCESS_INFO) {
-    if (!w.need(1)) return;
-    w.u(r.ACCESS_HO, "ACCESS_HO", 1);
-    if (r.ACCESS_HO) {
-      if (!w.need(1)) return;
-      w.u(r.ACCESS_HO_MSG_RSP, "ACCESS_HO_MSG_RSP", 1);
-    }
-    if (!w.need(1)) return;
-    w.u(r.ACCESS_PROBE_HO, "ACCESS_PROBE_HO", 1);
-    if (r.ACCESS_PROBE_HO) {
-      if (!w.need(5)) return;
-      w.u(r.ACC_HO_LIST_UPD, "ACC_HO_LIST_UPD", 1);
-      w.u(r.ACC_PROBE_HO_OTHER_MSG, "ACC_PROBE_HO_OTHER_MSG", 1);
-      w.u(r.MAX_NUM_PROBE_HO, "MAX_NUM_PROBE_HO", 3);
-    }
+    w(F(ACCESS_HO, 1));
+    if (r.ACCESS_HO) w(F(ACCESS_HO_MSG_RSP, 1));
+    w(F(ACCESS_PROBE_HO, 1));
+    if (r.ACCESS_PROBE_HO) w(F(ACC_HO_LIST_UPD, 1), F(ACC_PROBE_HO_OTHER_MSG, 1), F(MAX_NUM_PROBE_HO, 3));
   }
   if (r.NGHBR_SET_ENTRY_INFO || r.NGHBR_SET_ACCESS_INFO) {
-    if (!w.need(6)) return;
-    w.u(r.NGHBR_SET_SIZE, "NGHBR_SET_SIZE", 6);
+    w(F(NGHBR_SET_SIZE, 6));
     if (r.NGHBR_SET_ENTRY_INFO && !w.scalars("ACCESS_ENTRY_HO", r.ACCESS_ENTRY_HO, r.NGHBR_SET_SIZE, 1)) return;
     if (r.NGHBR_SET_ACCESS_INFO && !w.scalars("ACCESS_HO_ALLOWED", r.ACCESS_HO_ALLOWED, r.NGHBR_SET_SIZE, 1))
       return;
@@ -605,93 +426,47 @@ void layout(W& w, FC_ESPM& r, const Ctx& c) {
 
   // From here the groups follow the revision the message itself announces in P_REV.
   if (r.P_REV < 6) return;
-  if (!w.need(2)) return;
-  w.u(r.BROADCAST_GPS_ASST, "BROADCAST_GPS_ASST", 1);
-  w.u(r.QPCH_SUPPORTED, "QPCH_SUPPORTED", 1);
+  w(F(BROADCAST_GPS_ASST, 1), F(QPCH_SUPPORTED, 1));
   if (r.QPCH_SUPPORTED) {
-    if (!w.need(7)) return;
-    w.u(r.NUM_QPCH, "NUM_QPCH", 2);
-    w.u(r.QPCH_RATE, "QPCH_RATE", 1);
-    w.u(r.QPCH_POWER_LEVEL_PAGE, "QPCH_POWER_LEVEL_PAGE", 3);
-    w.u(r.QPCH_CCI_SUPPORTED, "QPCH_CCI_SUPPORTED", 1);
-    if (r.QPCH_CCI_SUPPORTED) {
-      if (!w.need(3)) return;
-      w.u(r.QPCH_POWER_LEVEL_CONFIG, "QPCH_POWER_LEVEL_CONFIG", 3);
-    }
+    w(F(NUM_QPCH, 2), F(QPCH_RATE, 1), F(QPCH_POWER_LEVEL_PAGE, 3), F(QPCH_CCI_SUPPORTED, 1));
+    if (r.QPCH_CCI_SUPPORTED) w(F(QPCH_POWER_LEVEL_CONFIG, 3));
   }
-  if (!w.need(8)) return;
-  w.u(r.SDB_SUPPORTED, "SDB_SUPPORTED", 1);
-  w.u(r.RLGAIN_TRAFFIC_PILOT, "RLGAIN_TRAFFIC_PILOT", 6);
-  w.u(r.REV_PWR_CNTL_DELAY_INCL, "REV_PWR_CNTL_DELAY_INCL", 1);
-  if (r.REV_PWR_CNTL_DELAY_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.REV_PWR_CNTL_DELAY, "REV_PWR_CNTL_DELAY", 2);
-  }
+  w(F(SDB_SUPPORTED, 1), F(RLGAIN_TRAFFIC_PILOT, 6), F(REV_PWR_CNTL_DELAY_INCL, 1));
+  if (r.REV_PWR_CNTL_DELAY_INCL) w(F(REV_PWR_CNTL_DELAY, 2));
 
   if (r.P_REV < 7) return;
-  if (!w.need(1)) return;
-  w.u(r.AUTO_MSG_SUPPORTED, "AUTO_MSG_SUPPORTED", 1);
-  if (r.AUTO_MSG_SUPPORTED) {
-    if (!w.need(3)) return;
-    w.u(r.AUTO_MSG_INTERVAL, "AUTO_MSG_INTERVAL", 3);
-  }
-  if (!w.need(2)) return;
-  w.u(r.MOB_QOS, "MOB_QOS", 1);
-  w.u(r.ENC_SUPPORTED, "ENC_SUPPORTED", 1);
-  if (r.ENC_SUPPORTED) {
-    if (!w.need(16)) return;
-    w.u(r.SIG_ENCRYPT_SUP, "SIG_ENCRYPT_SUP", 8);
-    w.u(r.UI_ENCRYPT_SUP, "UI_ENCRYPT_SUP", 8);
-  }
-  if (!w.need(5)) return;
-  w.u(r.USE_SYNC_ID, "USE_SYNC_ID", 1);
-  w.u(r.CS_SUPPORTED, "CS_SUPPORTED", 1);
-  w.u(r.BCCH_SUPPORTED, "BCCH_SUPPORTED", 1);
-  w.u(r.MS_INIT_POS_LOC_SUP_IND, "MS_INIT_POS_LOC_SUP_IND", 1);
-  w.u(r.PILOT_INFO_REQ_SUPPORTED, "PILOT_INFO_REQ_SUPPORTED", 1);
+  w(F(AUTO_MSG_SUPPORTED, 1));
+  if (r.AUTO_MSG_SUPPORTED) w(F(AUTO_MSG_INTERVAL, 3));
+  w(F(MOB_QOS, 1), F(ENC_SUPPORTED, 1));
+  if (r.ENC_SUPPORTED) w(F(SIG_ENCRYPT_SUP, 8), F(UI_ENCRYPT_SUP, 8));
+  w(F(USE_SYNC_ID, 1), F(CS_SUPPORTED, 1), F(BCCH_SUPPORTED, 1), F(MS_INIT_POS_LOC_SUP_IND, 1),
+    F(PILOT_INFO_REQ_SUPPORTED, 1));
 
   if (r.P_REV < 8) return;
   // The broadcast-indicator fields of the quick paging channel come here, after the release
   // A fields, not next to the other QPCH fields.
   if (r.QPCH_SUPPORTED) {
-    if (!w.need(1)) return;
-    w.u(r.QPCH_BI_SUPPORTED, "QPCH_BI_SUPPORTED", 1);
-    if (r.QPCH_BI_SUPPORTED) {
-      if (!w.need(3)) return;
-      w.u(r.QPCH_POWER_LEVEL_BCAST, "QPCH_POWER_LEVEL_BCAST", 3);
-    }
+    w(F(QPCH_BI_SUPPORTED, 1));
+    if (r.QPCH_BI_SUPPORTED) w(F(QPCH_POWER_LEVEL_BCAST, 3));
   }
   if (!alt_band_class(w, r)) return;
   if (!cdma_off_time_rep(w, r)) return;
 
   if (r.P_REV < 9) return;
-  if (!w.need(4)) return;
-  w.u(r.CHM_SUPPORTED, "CHM_SUPPORTED", 1);
-  w.u(r.RELEASE_TO_IDLE_IND, "RELEASE_TO_IDLE_IND", 1);
-  w.u(r.RECONNECT_MSG_IND, "RECONNECT_MSG_IND", 1);
-  w.u(r.MSG_INTEGRITY_SUP, "MSG_INTEGRITY_SUP", 1);
+  w(F(CHM_SUPPORTED, 1), F(RELEASE_TO_IDLE_IND, 1), F(RECONNECT_MSG_IND, 1), F(MSG_INTEGRITY_SUP, 1));
   if (!sig_integrity(w, r)) return;
   if (!for_pdch(w, r, c, "FC_ESPM_PDCCH_WALSHs")) return;
   if (!imsi_10(w, r)) return;
 
   if (r.P_REV < 10) return;
-  if (r.CS_SUPPORTED) {
-    if (!w.need(3)) return;
-    w.u(r.MAX_ADD_SERV_INSTANCE, "MAX_ADD_SERV_INSTANCE", 3);
-  }
-  if (!w.need(2)) return;
-  w.u(r.RER_MODE_SUPPORTED, "RER_MODE_SUPPORTED", 1);
-  w.u(r.TKZ_MODE_SUPPORTED, "TKZ_MODE_SUPPORTED", 1);
+  if (r.CS_SUPPORTED) w(F(MAX_ADD_SERV_INSTANCE, 3));
+  w(F(RER_MODE_SUPPORTED, 1), F(TKZ_MODE_SUPPORTED, 1));
   if (!tkz_id(w, r)) return;
   if (!pz_hysteresis(w, r)) return;
   if (!ext_pref_msid(w, r)) return;
-  if (!w.need(1)) return;
-  w.u(r.AUTO_FCSO_ALLOWED, "AUTO_FCSO_ALLOWED", 1);
+  w(F(AUTO_FCSO_ALLOWED, 1));
   if (r.FOR_PDCH_SUPPORTED && !rev_pdch(w, r)) return;
-  if (r.RECONNECT_MSG_IND && r.SDB_SUPPORTED) {
-    if (!w.need(1)) return;
-    w.u(r.SDB_IN_RCNM_IND, "SDB_IN_RCNM_IND", 1);
-  }
+  if (r.RECONNECT_MSG_IND && r.SDB_SUPPORTED) w(F(SDB_IN_RCNM_IND, 1));
   if (!sending_bspm(w, r)) return;
   if (!cand_bands(w, r, c, "FC_ESPM_CAND_BAND_CLASSs")) return;
   tx_pwr_limit_bypass(w, r);
@@ -727,73 +502,30 @@ struct FC_A41SPM {
 
 template <class W>
 void layout(W& w, FC_A41SPM& r, const Ctx& c) {
-  if (!w.need(88)) return;   // PILOT_PN .. DIST_REG_INCL
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.SID, "SID", 15);
-  w.u(r.NID, "NID", 16);
-  w.u(r.PACKET_ZONE_ID, "PACKET_ZONE_ID", 8);
-  w.u(r.REG_ZONE, "REG_ZONE", 12);
-  w.u(r.TOTAL_ZONES, "TOTAL_ZONES", 3);
-  w.u(r.ZONE_TIMER, "ZONE_TIMER", 3);
-  w.u(r.MULT_SIDS, "MULT_SIDS", 1);
-  w.u(r.MULT_NIDS, "MULT_NIDS", 1);
-  w.u(r.HOME_REG, "HOME_REG", 1);
-  w.u(r.FOR_SID_REG, "FOR_SID_REG", 1);
-  w.u(r.FOR_NID_REG, "FOR_NID_REG", 1);
-  w.u(r.POWER_UP_REG, "POWER_UP_REG", 1);
-  w.u(r.POWER_DOWN_REG, "POWER_DOWN_REG", 1);
-  w.u(r.PARAMETER_REG, "PARAMETER_REG", 1);
-  w.u(r.REG_PRD, "REG_PRD", 7);
-  w.u(r.DIST_REG_INCL, "DIST_REG_INCL", 1);
-  if (r.DIST_REG_INCL) {
-    if (!w.need(11)) return;
-    w.u(r.REG_DIST, "REG_DIST", 11);
-  }
-  if (!w.need(8)) return;
-  w.u(r.DELETE_FOR_TMSI, "DELETE_FOR_TMSI", 1);
-  w.u(r.USE_TMSI, "USE_TMSI", 1);
-  w.u(r.PREF_MSID_TYPE, "PREF_MSID_TYPE", 2);
-  w.u(r.TMSI_ZONE_LEN, "TMSI_ZONE_LEN", 4);
-  if (r.TMSI_ZONE_LEN) {
-    if (!w.need(8u * r.TMSI_ZONE_LEN)) return;
-    w.bits(r.TMSI_ZONE, "TMSI_ZONE", 8u * r.TMSI_ZONE_LEN);
-  }
-  if (!w.need(5)) return;
-  w.u(r.IMSI_T_SUPPORTED, "IMSI_T_SUPPORTED", 1);
-  w.u(r.MAX_NUM_ALT_SO, "MAX_NUM_ALT_SO", 3);
-  w.u(r.AUTO_MSG_SUPPORTED, "AUTO_MSG_SUPPORTED", 1);
-  if (r.AUTO_MSG_SUPPORTED) {
-    if (!w.need(3)) return;
-    w.u(r.AUTO_MSG_INTERVAL, "AUTO_MSG_INTERVAL", 3);
-  }
-  if (!w.need(1)) return;
-  w.u(r.OTHER_INFO_INCL, "OTHER_INFO_INCL", 1);
+  // PILOT_PN .. DIST_REG_INCL
+  w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(SID, 15), F(NID, 16), F(PACKET_ZONE_ID, 8), F(REG_ZONE, 12),
+    F(TOTAL_ZONES, 3), F(ZONE_TIMER, 3), F(MULT_SIDS, 1), F(MULT_NIDS, 1), F(HOME_REG, 1), F(FOR_SID_REG, 1),
+    F(FOR_NID_REG, 1), F(POWER_UP_REG, 1), F(POWER_DOWN_REG, 1), F(PARAMETER_REG, 1), F(REG_PRD, 7),
+    F(DIST_REG_INCL, 1));
+  if (r.DIST_REG_INCL) w(F(REG_DIST, 11));
+  w(F(DELETE_FOR_TMSI, 1), F(USE_TMSI, 1), F(PREF_MSID_TYPE, 2), F(TMSI_ZONE_LEN, 4));
+  if (r.TMSI_ZONE_LEN) w(F(TMSI_ZONE, 8u * r.TMSI_ZONE_LEN));
+  w(F(IMSI_T_SUPPORTED, 1), F(MAX_NUM_ALT_SO, 3), F(AUTO_MSG_SUPPORTED, 1));
+  if (r.AUTO_MSG_SUPPORTED) w(F(AUTO_MSG_INTERVAL, 3));
+  w(F(OTHER_INFO_INCL, 1));
   if (r.OTHER_INFO_INCL) {
-    if (!w.need(42)) return;
-    w.u(r.BASE_ID, "BASE_ID", 16);
-    w.u(r.MCC, "MCC", 10);
-    w.u(r.IMSI_11_12, "IMSI_11_12", 7);
-    w.u(r.BROADCAST_GPS_ASST, "BROADCAST_GPS_ASST", 1);
-    w.u(r.SIG_ENCRYPT_SUP, "SIG_ENCRYPT_SUP", 8);
+    w(F(BASE_ID, 16), F(MCC, 10), F(IMSI_11_12, 7), F(BROADCAST_GPS_ASST, 1), F(SIG_ENCRYPT_SUP, 8));
   }
-  if (!w.need(2)) return;
-  w.u(r.CS_SUPPORTED, "CS_SUPPORTED", 1);
-  w.u(r.MS_INIT_POS_LOC_SUP_IND, "MS_INIT_POS_LOC_SUP_IND", 1);
+  w(F(CS_SUPPORTED, 1), F(MS_INIT_POS_LOC_SUP_IND, 1));
 
   if (c.p_rev < 9) return;
-  if (!w.need(1)) return;
-  w.u(r.MSG_INTEGRITY_SUP, "MSG_INTEGRITY_SUP", 1);
+  w(F(MSG_INTEGRITY_SUP, 1));
   if (!sig_integrity(w, r)) return;
   if (!imsi_10(w, r)) return;
 
   if (c.p_rev < 10) return;
-  if (r.CS_SUPPORTED) {
-    if (!w.need(3)) return;
-    w.u(r.MAX_ADD_SERV_INSTANCE, "MAX_ADD_SERV_INSTANCE", 3);
-  }
-  if (!w.need(1)) return;
-  w.u(r.TKZ_MODE_SUPPORTED, "TKZ_MODE_SUPPORTED", 1);
+  if (r.CS_SUPPORTED) w(F(MAX_ADD_SERV_INSTANCE, 3));
+  w(F(TKZ_MODE_SUPPORTED, 1));
   if (!tkz_id(w, r)) return;
   if (!pz_hysteresis(w, r)) return;
 
@@ -811,10 +543,7 @@ struct FC_MCRRPM_BCCH_BCAST {
 
 template <class W>
 void layout(W& w, FC_MCRRPM_BCCH_BCAST& r, const Ctx&) {
-  if (!w.need(10)) return;
-  w.u(r.BCCH_CODE_CHAN, "BCCH_CODE_CHAN", 7);
-  w.u(r.BRAT, "BRAT", 2);
-  w.u(r.BCCH_CODE_RATE, "BCCH_CODE_RATE", 1);
+  w(F(BCCH_CODE_CHAN, 7), F(BRAT, 2), F(BCCH_CODE_RATE, 1));
 }
 
 struct FC_MCRRPM {
@@ -907,149 +636,80 @@ bool optional_messages(W& w, FC_MCRRPM& r) {
     (void)w.reject(Rc::count);
     return false;
   }
-  if (!w.need(r.NUM_OPT_MSG - known)) return false;
-  w.skip(r.NUM_OPT_MSG - known);   // reserved
+  // reserved
+  if (!w(reserved(r.NUM_OPT_MSG - known))) return false;
   return true;
 }
 
 // The common channel information, present when CCH_INFO_INCL is 1.
 template <class W>
 bool common_channels(W& w, FC_MCRRPM& r, const Ctx& c) {
-  if (!w.need(37)) return false;   // MCC .. RESELECT_INCLUDED
-  w.u(r.MCC, "MCC", 10);
-  w.u(r.IMSI_11_12, "IMSI_11_12", 7);
-  w.u(r.MAX_SLOT_CYCLE_INDEX, "MAX_SLOT_CYCLE_INDEX", 3);
-  w.u(r.PWR_REP_THRESH, "PWR_REP_THRESH", 5);
-  w.u(r.PWR_REP_FRAMES, "PWR_REP_FRAMES", 4);
-  w.u(r.PWR_THRESH_ENABLE, "PWR_THRESH_ENABLE", 1);
-  w.u(r.PWR_PERIOD_ENABLE, "PWR_PERIOD_ENABLE", 1);
-  w.u(r.PWR_REP_DELAY, "PWR_REP_DELAY", 5);
-  w.u(r.RESELECT_INCLUDED, "RESELECT_INCLUDED", 1);
+  // MCC .. RESELECT_INCLUDED
+  if (!w(F(MCC, 10), F(IMSI_11_12, 7), F(MAX_SLOT_CYCLE_INDEX, 3), F(PWR_REP_THRESH, 5), F(PWR_REP_FRAMES, 4),
+         F(PWR_THRESH_ENABLE, 1), F(PWR_PERIOD_ENABLE, 1), F(PWR_REP_DELAY, 5), F(RESELECT_INCLUDED, 1))) return false;
   if (r.RESELECT_INCLUDED) {
-    if (!w.need(10)) return false;
-    w.u(r.EC_THRESH, "EC_THRESH", 5);
-    w.u(r.EC_I0_THRESH, "EC_I0_THRESH", 5);
+    if (!w(F(EC_THRESH, 5), F(EC_I0_THRESH, 5))) return false;
   }
-  if (!w.need(48)) return false;   // BASE_LAT .. ACCESS_HO
-  w.u(r.BASE_LAT, "BASE_LAT", 22);
-  w.u(r.BASE_LONG, "BASE_LONG", 23);
-  w.u(r.PILOT_REPORT, "PILOT_REPORT", 1);
-  w.u(r.ACC_ENT_HO_ORDER, "ACC_ENT_HO_ORDER", 1);
-  w.u(r.ACCESS_HO, "ACCESS_HO", 1);
+  // BASE_LAT .. ACCESS_HO
+  if (!w(F(BASE_LAT, 22), F(BASE_LONG, 23), F(PILOT_REPORT, 1), F(ACC_ENT_HO_ORDER, 1), F(ACCESS_HO, 1))) return false;
   if (r.ACCESS_HO) {
-    if (!w.need(1)) return false;
-    w.u(r.ACCESS_HO_MSG_RSP, "ACCESS_HO_MSG_RSP", 1);
+    if (!w(F(ACCESS_HO_MSG_RSP, 1))) return false;
   }
-  if (!w.need(1)) return false;
-  w.u(r.ACCESS_PROBE_HO, "ACCESS_PROBE_HO", 1);
+  if (!w(F(ACCESS_PROBE_HO, 1))) return false;
   if (r.ACCESS_PROBE_HO) {
-    if (!w.need(5)) return false;
-    w.u(r.ACC_HO_LIST_UPD, "ACC_HO_LIST_UPD", 1);
-    w.u(r.ACC_PROBE_HO_OTHER_MSG, "ACC_PROBE_HO_OTHER_MSG", 1);
-    w.u(r.MAX_NUM_PROBE_HO, "MAX_NUM_PROBE_HO", 3);
+    if (!w(F(ACC_HO_LIST_UPD, 1), F(ACC_PROBE_HO_OTHER_MSG, 1), F(MAX_NUM_PROBE_HO, 3))) return false;
   }
 
   // The rate fields are sent even when no F-CCCH is; NUM_FCCCH is the number of code channels
   // itself, not one less.
-  if (!w.need(7)) return false;
-  w.u(r.NUM_FCCCH, "NUM_FCCCH", 3);
-  w.u(r.FCCCH_RATE, "FCCCH_RATE", 3);
-  w.u(r.FCCCH_CODE_RATE, "FCCCH_CODE_RATE", 1);
+  if (!w(F(NUM_FCCCH, 3), F(FCCCH_RATE, 3), F(FCCCH_CODE_RATE, 1))) return false;
   if (!w.scalars("FCCCH_CODE_CHAN", r.FCCCH_CODE_CHAN, r.NUM_FCCCH, 8)) return false;
-  if (!w.need(6)) return false;
-  w.u(r.BCAST_INDEX, "BCAST_INDEX", 3);
-  w.u(r.NUM_BCCH_BCAST, "NUM_BCCH_BCAST", 3);
+  if (!w(F(BCAST_INDEX, 3), F(NUM_BCCH_BCAST, 3))) return false;
   if (!w.counted("BCCH_BCASTs", "FC_MCRRPM_BCCH_BCASTs", r.BCCH_BCASTs, r.NUM_BCCH_BCAST, c)) return false;
 
-  if (!w.need(1)) return false;
-  w.u(r.QPCH_SUPPORTED, "QPCH_SUPPORTED", 1);
+  if (!w(F(QPCH_SUPPORTED, 1))) return false;
   if (r.QPCH_SUPPORTED) {
-    if (!w.need(7)) return false;
-    w.u(r.NUM_QPCH, "NUM_QPCH", 2);
-    w.u(r.QPCH_RATE, "QPCH_RATE", 1);
-    w.u(r.QPCH_POWER_LEVEL_PAGE, "QPCH_POWER_LEVEL_PAGE", 3);
-    w.u(r.QPCH_CCI_SUPPORTED, "QPCH_CCI_SUPPORTED", 1);
+    if (!w(F(NUM_QPCH, 2), F(QPCH_RATE, 1), F(QPCH_POWER_LEVEL_PAGE, 3), F(QPCH_CCI_SUPPORTED, 1))) return false;
     if (r.QPCH_CCI_SUPPORTED) {
-      if (!w.need(3)) return false;
-      w.u(r.QPCH_POWER_LEVEL_CONFIG, "QPCH_POWER_LEVEL_CONFIG", 3);
+      if (!w(F(QPCH_POWER_LEVEL_CONFIG, 3))) return false;
     }
     // Only a spreading rate 3 common channel names the quick paging code channels.
     if (r.SR3_INCL && !w.scalars("QPCH_CODE_CHAN", r.QPCH_CODE_CHAN, r.NUM_QPCH, 8)) return false;
-    if (!w.need(1)) return false;
-    w.u(r.QPCH_BI_SUPPORTED, "QPCH_BI_SUPPORTED", 1);
+    if (!w(F(QPCH_BI_SUPPORTED, 1))) return false;
     if (r.QPCH_BI_SUPPORTED) {
-      if (!w.need(3)) return false;
-      w.u(r.QPCH_POWER_LEVEL_BCAST, "QPCH_POWER_LEVEL_BCAST", 3);
+      if (!w(F(QPCH_POWER_LEVEL_BCAST, 3))) return false;
     }
   }
 
-  if (!w.need(9)) return false;
-  w.u(r.SDB_SUPPORTED, "SDB_SUPPORTED", 1);
-  w.u(r.BROADCAST_GPS_ASST, "BROADCAST_GPS_ASST", 1);
-  w.u(r.RLGAIN_TRAFFIC_PILOT, "RLGAIN_TRAFFIC_PILOT", 6);
-  w.u(r.REV_PWR_CNTL_DELAY_INCL, "REV_PWR_CNTL_DELAY_INCL", 1);
+  if (!w(F(SDB_SUPPORTED, 1), F(BROADCAST_GPS_ASST, 1), F(RLGAIN_TRAFFIC_PILOT, 6), F(REV_PWR_CNTL_DELAY_INCL, 1))) return false;
   if (r.REV_PWR_CNTL_DELAY_INCL) {
-    if (!w.need(2)) return false;
-    w.u(r.REV_PWR_CNTL_DELAY, "REV_PWR_CNTL_DELAY", 2);
+    if (!w(F(REV_PWR_CNTL_DELAY, 2))) return false;
   }
-  if (!w.need(6)) return false;
-  w.u(r.MOB_QOS, "MOB_QOS", 1);
-  w.u(r.USE_SYNC_ID, "USE_SYNC_ID", 1);
-  w.u(r.NUM_OPT_MSG, "NUM_OPT_MSG", 4);
+  if (!w(F(MOB_QOS, 1), F(USE_SYNC_ID, 1), F(NUM_OPT_MSG, 4))) return false;
   if (!optional_messages(w, r)) return false;
-  if (!w.need(1)) return false;
-  w.u(r.PILOT_INFO_REQ_SUPPORTED, "PILOT_INFO_REQ_SUPPORTED", 1);
+  if (!w(F(PILOT_INFO_REQ_SUPPORTED, 1))) return false;
   return true;
 }
 
 template <class W>
 void layout(W& w, FC_MCRRPM& r, const Ctx& c) {
-  if (!w.need(48)) return;   // PILOT_PN .. SR3_INCL
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.BASE_ID, "BASE_ID", 16);
-  w.u(r.P_REV, "P_REV", 8);
-  w.u(r.MIN_P_REV, "MIN_P_REV", 8);
-  w.u(r.SR3_INCL, "SR3_INCL", 1);
+  // PILOT_PN .. SR3_INCL
+  w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(BASE_ID, 16), F(P_REV, 8), F(MIN_P_REV, 8), F(SR3_INCL, 1));
   if (r.SR3_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.SR3_CENTER_FREQ_INCL, "SR3_CENTER_FREQ_INCL", 1);
-    if (r.SR3_CENTER_FREQ_INCL) {
-      if (!w.need(11)) return;
-      w.u(r.SR3_CENTER_FREQ, "SR3_CENTER_FREQ", 11);
-    }
-    if (!w.need(17)) return;
-    w.u(r.SR3_BRAT, "SR3_BRAT", 2);
-    w.u(r.SR3_BCCH_CODE_CHAN, "SR3_BCCH_CODE_CHAN", 7);
-    w.u(r.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2);
-    w.u(r.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3);
-    w.u(r.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3);
+    w(F(SR3_CENTER_FREQ_INCL, 1));
+    if (r.SR3_CENTER_FREQ_INCL) w(F(SR3_CENTER_FREQ, 11));
+    w(F(SR3_BRAT, 2), F(SR3_BCCH_CODE_CHAN, 7), F(SR3_PRIMARY_PILOT, 2), F(SR3_PILOT_POWER1, 3),
+      F(SR3_PILOT_POWER2, 3));
   }
-  if (!w.need(51)) return;   // SRCH_WIN_A .. ENC_SUPPORTED
-  w.u(r.SRCH_WIN_A, "SRCH_WIN_A", 4);
-  w.u(r.SRCH_WIN_R, "SRCH_WIN_R", 4);
-  w.u(r.T_ADD, "T_ADD", 6);
-  w.u(r.T_DROP, "T_DROP", 6);
-  w.u(r.T_COMP, "T_COMP", 4);
-  w.u(r.T_TDROP, "T_TDROP", 4);
-  w.u(r.NGHBR_MAX_AGE, "NGHBR_MAX_AGE", 4);
-  w.u(r.SOFT_SLOPE, "SOFT_SLOPE", 6);
-  w.u(r.ADD_INTERCEPT, "ADD_INTERCEPT", 6);
-  w.u(r.DROP_INTERCEPT, "DROP_INTERCEPT", 6);
-  w.u(r.ENC_SUPPORTED, "ENC_SUPPORTED", 1);
-  if (r.ENC_SUPPORTED) {
-    if (!w.need(16)) return;
-    w.u(r.SIG_ENCRYPT_SUP, "SIG_ENCRYPT_SUP", 8);
-    w.u(r.UI_ENCRYPT_SUP, "UI_ENCRYPT_SUP", 8);
-  }
-  if (!w.need(8)) return;
-  w.u(r.ADD_FIELDS_LEN, "ADD_FIELDS_LEN", 8);
+  // SRCH_WIN_A .. ENC_SUPPORTED
+  w(F(SRCH_WIN_A, 4), F(SRCH_WIN_R, 4), F(T_ADD, 6), F(T_DROP, 6), F(T_COMP, 4), F(T_TDROP, 4), F(NGHBR_MAX_AGE, 4),
+    F(SOFT_SLOPE, 6), F(ADD_INTERCEPT, 6), F(DROP_INTERCEPT, 6), F(ENC_SUPPORTED, 1));
+  if (r.ENC_SUPPORTED) w(F(SIG_ENCRYPT_SUP, 8), F(UI_ENCRYPT_SUP, 8));
+  w(F(ADD_FIELDS_LEN, 8));
   if (r.ADD_FIELDS_LEN) {   // octets kept for fields a later revision may define
-    if (!w.need(8u * r.ADD_FIELDS_LEN)) return;
-    w.bits(r.ADD_FIELDS, "ADD_FIELDS", 8u * r.ADD_FIELDS_LEN);
+    w(F(ADD_FIELDS, 8u * r.ADD_FIELDS_LEN));
   }
-  if (!w.need(1)) return;
-  w.u(r.CCH_INFO_INCL, "CCH_INFO_INCL", 1);
+  w(F(CCH_INFO_INCL, 1));
   if (r.CCH_INFO_INCL && !common_channels(w, r, c)) return;
 
   if (r.P_REV < 8) return;
@@ -1059,15 +719,8 @@ void layout(W& w, FC_MCRRPM& r, const Ctx& c) {
   if (!cdma_off_time_rep(w, r)) return;
 
   if (r.P_REV < 9) return;
-  if (!w.need(4)) return;
-  w.u(r.CHM_SUPPORTED, "CHM_SUPPORTED", 1);
-  w.u(r.RELEASE_TO_IDLE_IND, "RELEASE_TO_IDLE_IND", 1);
-  w.u(r.RECONNECT_MSG_IND, "RECONNECT_MSG_IND", 1);
-  w.u(r.T_TDROP_RANGE_INCL, "T_TDROP_RANGE_INCL", 1);
-  if (r.T_TDROP_RANGE_INCL) {
-    if (!w.need(4)) return;
-    w.u(r.T_TDROP_RANGE, "T_TDROP_RANGE", 4);
-  }
+  w(F(CHM_SUPPORTED, 1), F(RELEASE_TO_IDLE_IND, 1), F(RECONNECT_MSG_IND, 1), F(T_TDROP_RANGE_INCL, 1));
+  if (r.T_TDROP_RANGE_INCL) w(F(T_TDROP_RANGE, 4));
   if (!for_pdch(w, r, c, "FC_MCRRPM_PDCCH_WALSHs")) return;
   if (r.CCH_INFO_INCL && !imsi_10(w, r)) return;
 
@@ -1075,27 +728,18 @@ void layout(W& w, FC_MCRRPM& r, const Ctx& c) {
   // index of the system parameters; here SENDING_BSPM comes before the R-PDCH group and RESCAN
   // before the transmit power limit.
   if (r.P_REV < kMcrrRelD) return;
-  if (!w.need(3)) return;
-  w.u(r.NEG_SLOT_CYCLE_INDEX_SUP, "NEG_SLOT_CYCLE_INDEX_SUP", 1);
-  w.u(r.RER_MODE_SUPPORTED, "RER_MODE_SUPPORTED", 1);
-  w.u(r.AUTO_FCSO_ALLOWED, "AUTO_FCSO_ALLOWED", 1);
+  w(F(NEG_SLOT_CYCLE_INDEX_SUP, 1), F(RER_MODE_SUPPORTED, 1), F(AUTO_FCSO_ALLOWED, 1));
   if (!sending_bspm(w, r)) return;
   if (r.FOR_PDCH_SUPPORTED && !rev_pdch(w, r)) return;
   // SDB_SUPPORTED is part of the common channel information; without it the zeroed record
   // reads 0 and the indicator is absent.
-  if (r.RECONNECT_MSG_IND && r.SDB_SUPPORTED) {
-    if (!w.need(1)) return;
-    w.u(r.SDB_IN_RCNM_IND, "SDB_IN_RCNM_IND", 1);
-  }
+  if (r.RECONNECT_MSG_IND && r.SDB_SUPPORTED) w(F(SDB_IN_RCNM_IND, 1));
   if (!cand_bands(w, r, c, "FC_MCRRPM_CAND_BAND_CLASSs")) return;
-  if (!w.need(1)) return;
-  w.u(r.RESCAN, "RESCAN", 1);
+  w(F(RESCAN, 1));
   if (!tx_pwr_limit_bypass(w, r)) return;
 
   if (r.P_REV < kMcrrRelE) return;
-  if (!w.need(2)) return;
-  w.u(r.RC_BITMAP_CAPABILITY_EXT_ALLOWED, "RC_BITMAP_CAPABILITY_EXT_ALLOWED", 1);
-  w.u(r.CRRM_MSG_IND, "CRRM_MSG_IND", 1);
+  w(F(RC_BITMAP_CAPABILITY_EXT_ALLOWED, 1), F(CRRM_MSG_IND, 1));
   (void)w.reject(Rc::count);   // APPIM_PERIOD_INDEX is next
 }
 
@@ -1110,10 +754,7 @@ struct FC_A41RANDM {
 
 template <class W>
 void layout(W& w, FC_A41RANDM& r, const Ctx&) {
-  if (!w.need(47)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.ACC_MSG_SEQ, "ACC_MSG_SEQ", 6);
-  w.u(r.RAND, "RAND", 32);
+  w(F(PILOT_PN, 9), F(ACC_MSG_SEQ, 6), F(RAND, 32));
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -1133,17 +774,8 @@ struct FC_EAPM_PSIST_PARMS_REC {
 
 template <class W>
 void layout(W& w, FC_EAPM_PSIST_PARMS_REC& r, const Ctx&) {
-  if (!w.need(33)) return;
-  w.u(r.PSIST_0_9_EACH, "PSIST_0_9_EACH", 6);
-  w.u(r.PSIST_10_EACH, "PSIST_10_EACH", 3);
-  w.u(r.PSIST_11_EACH, "PSIST_11_EACH", 3);
-  w.u(r.PSIST_12_EACH, "PSIST_12_EACH", 3);
-  w.u(r.PSIST_13_EACH, "PSIST_13_EACH", 3);
-  w.u(r.PSIST_14_EACH, "PSIST_14_EACH", 3);
-  w.u(r.PSIST_15_EACH, "PSIST_15_EACH", 3);
-  w.u(r.PSIST_EMG, "PSIST_EMG", 3);
-  w.u(r.MSG_PSIST_EACH, "MSG_PSIST_EACH", 3);
-  w.u(r.REG_PSIST_EACH, "REG_PSIST_EACH", 3);
+  w(F(PSIST_0_9_EACH, 6), F(PSIST_10_EACH, 3), F(PSIST_11_EACH, 3), F(PSIST_12_EACH, 3), F(PSIST_13_EACH, 3),
+    F(PSIST_14_EACH, 3), F(PSIST_15_EACH, 3), F(PSIST_EMG, 3), F(MSG_PSIST_EACH, 3), F(REG_PSIST_EACH, 3));
 }
 
 struct FC_EAPM_LAC_PARMS_REC {
@@ -1152,11 +784,8 @@ struct FC_EAPM_LAC_PARMS_REC {
 
 template <class W>
 void layout(W& w, FC_EAPM_LAC_PARMS_REC& r, const Ctx&) {
-  if (!w.need(18)) return;
-  w.u(r.ACC_TMO, "ACC_TMO", 6);
-  w.skip(4);   // reserved
-  w.u(r.MAX_REQ_SEQ, "MAX_REQ_SEQ", 4);
-  w.u(r.MAX_RSP_SEQ, "MAX_RSP_SEQ", 4);
+  // reserved
+  w(F(ACC_TMO, 6), reserved(4), F(MAX_REQ_SEQ, 4), F(MAX_RSP_SEQ, 4));
 }
 
 struct FC_EAPM_ACCESS_MODE {
@@ -1166,10 +795,7 @@ struct FC_EAPM_ACCESS_MODE {
 
 template <class W>
 void layout(W& w, FC_EAPM_ACCESS_MODE& r, const Ctx&) {
-  if (!w.need(23)) return;
-  w.u(r.ACCESS_MODE, "ACCESS_MODE", 3);
-  w.u(r.ACCESS_MODE_MIN_DURATION, "ACCESS_MODE_MIN_DURATION", 10);
-  w.u(r.ACCESS_MODE_MAX_DURATION, "ACCESS_MODE_MAX_DURATION", 10);
+  w(F(ACCESS_MODE, 3), F(ACCESS_MODE_MIN_DURATION, 10), F(ACCESS_MODE_MAX_DURATION, 10));
 }
 
 struct FC_EAPM_MODE_PARM_REC {
@@ -1183,36 +809,20 @@ template <class W>
 void layout(W& w, FC_EAPM_MODE_PARM_REC& r, const Ctx&) {
   [[maybe_unused]] std::uint64_t at = 0;
   if constexpr (W::kReading) at = w.pos();   // EACH_PARM_REC_LEN counts from its own first bit
-  if (!w.need(30)) return;   // EACH_PARM_REC_LEN .. EACH_PREAMBLE_ENABLED
-  w.u(r.EACH_PARM_REC_LEN, "EACH_PARM_REC_LEN", 4);
-  w.u(r.APPLICABLE_MODES, "APPLICABLE_MODES", 8);
-  w.u(r.EACH_NOM_PWR, "EACH_NOM_PWR", 5);
-  w.u(r.EACH_INIT_PWR, "EACH_INIT_PWR", 5);
-  w.u(r.EACH_PWR_STEP, "EACH_PWR_STEP", 3);
-  w.u(r.EACH_NUM_STEP, "EACH_NUM_STEP", 4);
-  w.u(r.EACH_PREAMBLE_ENABLED, "EACH_PREAMBLE_ENABLED", 1);
+  // EACH_PARM_REC_LEN .. EACH_PREAMBLE_ENABLED
+  w(F(EACH_PARM_REC_LEN, 4), F(APPLICABLE_MODES, 8), F(EACH_NOM_PWR, 5), F(EACH_INIT_PWR, 5), F(EACH_PWR_STEP, 3),
+    F(EACH_NUM_STEP, 4), F(EACH_PREAMBLE_ENABLED, 1));
   if (r.EACH_PREAMBLE_ENABLED) {
-    if (!w.need(16)) return;
-    w.u(r.EACH_PREAMBLE_NUM_FRAC, "EACH_PREAMBLE_NUM_FRAC", 4);
-    w.u(r.EACH_PREAMBLE_FRAC_DURATION, "EACH_PREAMBLE_FRAC_DURATION", 4);
-    w.u(r.EACH_PREAMBLE_OFF_DURATION, "EACH_PREAMBLE_OFF_DURATION", 4);
-    w.u(r.EACH_PREAMBLE_ADD_DURATION, "EACH_PREAMBLE_ADD_DURATION", 4);
+    w(F(EACH_PREAMBLE_NUM_FRAC, 4), F(EACH_PREAMBLE_FRAC_DURATION, 4), F(EACH_PREAMBLE_OFF_DURATION, 4),
+      F(EACH_PREAMBLE_ADD_DURATION, 4));
   }
-  if (!w.need(32)) return;
-  w.u(r.EACH_ACCESS_THRESH, "EACH_ACCESS_THRESH", 6);
-  w.u(r.EACH_PROBE_BKOFF, "EACH_PROBE_BKOFF", 4);
-  w.u(r.EACH_BKOFF, "EACH_BKOFF", 4);
-  w.u(r.EACH_SLOT, "EACH_SLOT", 6);
-  w.u(r.EACH_SLOT_OFFSET1, "EACH_SLOT_OFFSET1", 6);
-  w.u(r.EACH_SLOT_OFFSET2, "EACH_SLOT_OFFSET2", 6);
+  w(F(EACH_ACCESS_THRESH, 6), F(EACH_PROBE_BKOFF, 4), F(EACH_BKOFF, 4), F(EACH_SLOT, 6), F(EACH_SLOT_OFFSET1, 6),
+    F(EACH_SLOT_OFFSET2, 6));
   if constexpr (W::kReading) {
     // Reading only: the record may declare octets beyond the fields known here (padding or
     // later additions); they are stepped over, never shown.
     const std::uint64_t used = w.pos() - at, declared = 8u * r.EACH_PARM_REC_LEN;
-    if (declared > used) {
-      if (!w.need(declared - used)) return;
-      w.skip(declared - used);
-    }
+    if (declared > used) w(reserved(declared - used));
   }
 }
 
@@ -1222,9 +832,7 @@ struct FC_EAPM_BA_PARMS_REC {
 
 template <class W>
 void layout(W& w, FC_EAPM_BA_PARMS_REC& r, const Ctx&) {
-  if (!w.need(13)) return;
-  w.u(r.NUM_EACH_BA, "NUM_EACH_BA", 5);
-  w.u(r.EACH_BA_RATES_SUPPORTED, "EACH_BA_RATES_SUPPORTED", 8);
+  w(F(NUM_EACH_BA, 5), F(EACH_BA_RATES_SUPPORTED, 8));
 }
 
 struct FC_EAPM_RA_PARMS_REC {
@@ -1241,43 +849,20 @@ struct FC_EAPM_RA_PARMS_REC {
 
 template <class W>
 void layout(W& w, FC_EAPM_RA_PARMS_REC& r, const Ctx&) {
-  if (!w.need(9)) return;
-  w.u(r.NUM_EACH_RA, "NUM_EACH_RA", 5);
-  w.u(r.NUM_CACH, "NUM_CACH", 3);
-  w.u(r.CACH_CODE_RATE, "CACH_CODE_RATE", 1);
+  w(F(NUM_EACH_RA, 5), F(NUM_CACH, 3), F(CACH_CODE_RATE, 1));
   // NUM_CACH and NUM_CPCCH are one less than the number of code channels.
   if (!w.scalars("CACH_CODE_CHAN", r.CACH_CODE_CHAN, r.NUM_CACH + 1u, 8)) return;
-  if (!w.need(14)) return;
-  w.u(r.NUM_RCCCH, "NUM_RCCCH", 5);
-  w.u(r.RCCCH_RATES_SUPPORTED, "RCCCH_RATES_SUPPORTED", 8);
-  w.u(r.RCCCH_PREAMBLE_ENABLED, "RCCCH_PREAMBLE_ENABLED", 1);
+  w(F(NUM_RCCCH, 5), F(RCCCH_RATES_SUPPORTED, 8), F(RCCCH_PREAMBLE_ENABLED, 1));
   if (r.RCCCH_PREAMBLE_ENABLED) {
-    if (!w.need(16)) return;
-    w.u(r.RCCCH_PREAMBLE_NUM_FRAC, "RCCCH_PREAMBLE_NUM_FRAC", 4);
-    w.u(r.RCCCH_PREAMBLE_FRAC_DURATION, "RCCCH_PREAMBLE_FRAC_DURATION", 4);
-    w.u(r.RCCCH_PREAMBLE_OFF_DURATION, "RCCCH_PREAMBLE_OFF_DURATION", 4);
-    w.u(r.RCCCH_PREAMBLE_ADD_DURATION, "RCCCH_PREAMBLE_ADD_DURATION", 4);
+    w(F(RCCCH_PREAMBLE_NUM_FRAC, 4), F(RCCCH_PREAMBLE_FRAC_DURATION, 4), F(RCCCH_PREAMBLE_OFF_DURATION, 4),
+      F(RCCCH_PREAMBLE_ADD_DURATION, 4));
   }
-  if (!w.need(38)) return;
-  w.u(r.RCCCH_SLOT, "RCCCH_SLOT", 6);
-  w.u(r.RCCCH_SLOT_OFFSET1, "RCCCH_SLOT_OFFSET1", 6);
-  w.u(r.RCCCH_SLOT_OFFSET2, "RCCCH_SLOT_OFFSET2", 6);
-  w.u(r.RCCCH_NOM_PWR, "RCCCH_NOM_PWR", 5);
-  w.u(r.RCCCH_INIT_PWR, "RCCCH_INIT_PWR", 5);
-  w.u(r.RA_PC_DELAY, "RA_PC_DELAY", 5);
-  w.u(r.EACAM_CACH_DELAY, "EACAM_CACH_DELAY", 4);
-  w.u(r.RCCCH_HO_SUPPORTED, "RCCCH_HO_SUPPORTED", 1);
-  if (r.RCCCH_HO_SUPPORTED) {
-    if (!w.need(4)) return;
-    w.u(r.RCCCH_HO_THRESH, "RCCCH_HO_THRESH", 4);
-  }
-  if (!w.need(9)) return;
-  w.u(r.EACAM_PCCAM_DELAY, "EACAM_PCCAM_DELAY", 5);
-  w.u(r.NUM_CPCCH, "NUM_CPCCH", 2);
-  w.u(r.CPCCH_RATE, "CPCCH_RATE", 2);
+  w(F(RCCCH_SLOT, 6), F(RCCCH_SLOT_OFFSET1, 6), F(RCCCH_SLOT_OFFSET2, 6), F(RCCCH_NOM_PWR, 5), F(RCCCH_INIT_PWR, 5),
+    F(RA_PC_DELAY, 5), F(EACAM_CACH_DELAY, 4), F(RCCCH_HO_SUPPORTED, 1));
+  if (r.RCCCH_HO_SUPPORTED) w(F(RCCCH_HO_THRESH, 4));
+  w(F(EACAM_PCCAM_DELAY, 5), F(NUM_CPCCH, 2), F(CPCCH_RATE, 2));
   if (!w.scalars("CPCCH_CODE_CHAN", r.CPCCH_CODE_CHAN, r.NUM_CPCCH + 1u, 8)) return;
-  if (!w.need(7)) return;
-  w.u(r.NUM_PCSCH_RA, "NUM_PCSCH_RA", 7);
+  w(F(NUM_PCSCH_RA, 7));
 }
 
 struct FC_EAPM {
@@ -1302,46 +887,33 @@ struct FC_EAPM {
 
 template <class W>
 void layout(W& w, FC_EAPM& r, const Ctx& c) {
-  if (!w.need(16)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.ACC_MSG_SEQ, "ACC_MSG_SEQ", 6);
-  w.u(r.PSIST_PARMS_INCL, "PSIST_PARMS_INCL", 1);
+  w(F(PILOT_PN, 9), F(ACC_MSG_SEQ, 6), F(PSIST_PARMS_INCL, 1));
   if (r.PSIST_PARMS_INCL) {
-    if (!w.need(5)) return;
-    w.u(r.PSIST_PARMS_LEN, "PSIST_PARMS_LEN", 5);
+    w(F(PSIST_PARMS_LEN, 5));
     if (!w.sized("PSIST_PARMS_REC", "FC_EAPM_PSIST_PARMS_REC", r.PSIST_PARMS_REC,
                  octets_after_len(r.PSIST_PARMS_LEN, 5), c))
       return;
   }
-  if (!w.need(4)) return;
-  w.u(r.LAC_PARMS_LEN, "LAC_PARMS_LEN", 4);
+  w(F(LAC_PARMS_LEN, 4));
   if (!w.sized("LAC_PARMS_REC", "FC_EAPM_LAC_PARMS_REC", r.LAC_PARMS_REC, octets_after_len(r.LAC_PARMS_LEN, 4),
                c))
     return;
-  if (!w.need(3)) return;
-  w.u(r.NUM_MODE_SELECTION_ENTRIES, "NUM_MODE_SELECTION_ENTRIES", 3);
+  w(F(NUM_MODE_SELECTION_ENTRIES, 3));
   // Counts of the form NUM_... are one less than the number of entries that follow.
   if (!w.counted("ACCESS_MODEs", "FC_EAPM_ACCESS_MODEs", r.ACCESS_MODEs, r.NUM_MODE_SELECTION_ENTRIES + 1u, c))
     return;
-  if (!w.need(17)) return;
-  w.u(r.RLGAIN_COMMON_PILOT, "RLGAIN_COMMON_PILOT", 6);
-  w.u(r.IC_THRESH, "IC_THRESH", 4);
-  w.u(r.IC_MAX, "IC_MAX", 4);
-  w.u(r.NUM_MODE_PARM_REC, "NUM_MODE_PARM_REC", 3);
+  w(F(RLGAIN_COMMON_PILOT, 6), F(IC_THRESH, 4), F(IC_MAX, 4), F(NUM_MODE_PARM_REC, 3));
   if (!w.counted("MODE_PARM_RECs", "FC_EAPM_MODE_PARM_RECs", r.MODE_PARM_RECs, r.NUM_MODE_PARM_REC + 1u, c)) return;
-  if (!w.need(3)) return;
-  w.u(r.BA_PARMS_LEN, "BA_PARMS_LEN", 3);
+  w(F(BA_PARMS_LEN, 3));
   if (r.BA_PARMS_LEN) {
     if (!w.sized("BA_PARMS_REC", "FC_EAPM_BA_PARMS_REC", r.BA_PARMS_REC, 8u * r.BA_PARMS_LEN, c)) return;
   }
-  if (!w.need(5)) return;
-  w.u(r.RA_PARMS_LEN, "RA_PARMS_LEN", 5);
+  w(F(RA_PARMS_LEN, 5));
   if (r.RA_PARMS_LEN) {
     if (!w.sized("RA_PARMS_REC", "FC_EAPM_RA_PARMS_REC", r.RA_PARMS_REC, 8u * r.RA_PARMS_LEN, c)) return;
   }
 
-  if (!w.need(1)) return;
-  w.u(r.ACCT_INCL, "ACCT_INCL", 1);
+  w(F(ACCT_INCL, 1));
   if (!r.ACCT_INCL) return;
   acct(w, r, c, {"ACCT_SO_REC", "FC_EAPM_ACCT_SO_REC", "ACCT_SO_GRP_REC", "FC_EAPM_ACCT_SO_GRP_REC"});
 }

@@ -26,20 +26,10 @@ constexpr std::uint32_t kMinPageBits = 3 + 1 + 24 + 1;   // a page without MIN2 
 
 template <class W>
 void layout(W& w, MinPage& r, const Ctx&) {
-  if (!w.need(28)) return;
-  w.u(r.MSG_SEQ, "MSG_SEQ", 3);
-  w.u(r.EXT_ADDR, "EXT_ADDR", 1);
-  w.u(r.MIN1, "MIN1", 24);
-  if (r.EXT_ADDR) {
-    if (!w.need(10)) return;
-    w.u(r.MIN2, "MIN2", 10);
-  }
-  if (!w.need(1)) return;
-  w.u(r.SPECIAL_SERVICE, "SPECIAL_SERVICE", 1);
-  if (r.SPECIAL_SERVICE) {
-    if (!w.need(16)) return;
-    w.u(r.SERVICE_OPTION, "SERVICE_OPTION", 16);
-  }
+  w(F(MSG_SEQ, 3), F(EXT_ADDR, 1), F(MIN1, 24));
+  if (r.EXT_ADDR) w(F(MIN2, 10));
+  w(F(SPECIAL_SERVICE, 1));
+  if (r.SPECIAL_SERVICE) w(F(SERVICE_OPTION, 16));
 }
 
 std::uint32_t min_page_capacity(std::uint64_t bits_left) {
@@ -55,10 +45,7 @@ struct FC_SPGM {
 
 template <class W>
 void layout(W& w, FC_SPGM& r, const Ctx& c) {
-  if (!w.need(13)) return;
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.ACC_MSG_SEQ, "ACC_MSG_SEQ", 6);
-  w.u(r.MORE_PAGES, "MORE_PAGES", 1);
+  w(F(CONFIG_MSG_SEQ, 6), F(ACC_MSG_SEQ, 6), F(MORE_PAGES, 1));
   // The pages run to the end; the 0..7 padding bits after the last one never make a page.
   w.list_to_end("PAGEs", "FC_SPGM_PAGEs", r.PAGEs, min_page_capacity, c);
 }
@@ -73,9 +60,7 @@ struct FC_PGM {
 
 template <class W>
 void layout(W& w, FC_PGM& r, const Ctx& c) {
-  if (!w.need(12)) return;
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.ACC_MSG_SEQ, "ACC_MSG_SEQ", 6);
+  w(F(CONFIG_MSG_SEQ, 6), F(ACC_MSG_SEQ, 6));
   w.list_to_end("PAGEs", "FC_PGM_PAGEs", r.PAGEs, min_page_capacity, c);
 }
 
@@ -117,42 +102,27 @@ enum PageClass : std::uint8_t { kImsiClass0 = 0, kImsiClass1 = 1, kTmsi = 2, kBr
 // 34-bit IMSI_S kept as a 5-octet string for the digit annotation.
 template <class W>
 void imsi_fields(W& w, L2_PAGE_RECORD& r, bool with_mcc, bool with_11_12) {
-  if (with_mcc) {
-    if (!w.need(10)) return;
-    w.u(r.MCC, "MCC", 10);
-  }
-  if (with_11_12) {
-    if (!w.need(7)) return;
-    w.u(r.IMSI_11_12, "IMSI_11_12", 7);
-  }
-  if (!w.need(34)) return;
-  w.bits(r.IMSI_S, "IMSI_S", 34);
+  if (with_mcc) w(F(MCC, 10));
+  if (with_11_12) w(F(IMSI_11_12, 7));
+  w(F(IMSI_S, 34));
 }
 
 template <class W>
 void tmsi_fields(W& w, L2_PAGE_RECORD& r) {
   switch (r.PAGE_SUBCLASS) {
     case 0:
-      if (!w.need(32)) return;
-      w.u(r.TMSI_CODE_ADDR_32, "TMSI_CODE_ADDR_32", 32);
+      w(F(TMSI_CODE_ADDR_32, 32));
       break;
     case 1:
-      if (!w.need(24)) return;
-      w.u(r.TMSI_CODE_ADDR_24, "TMSI_CODE_ADDR_24", 24);
+      w(F(TMSI_CODE_ADDR_24, 24));
       break;
     case 2:
-      if (!w.need(16)) return;
-      w.u(r.TMSI_CODE_ADDR_16, "TMSI_CODE_ADDR_16", 16);
+      w(F(TMSI_CODE_ADDR_16, 16));
       break;
     default:
-      if (!w.need(4)) return;
-      w.u(r.TMSI_ZONE_LEN, "TMSI_ZONE_LEN", 4);
-      if (r.TMSI_ZONE_LEN) {
-        if (!w.need(8u * r.TMSI_ZONE_LEN)) return;
-        w.bits(r.TMSI_ZONE, "TMSI_ZONE", 8u * r.TMSI_ZONE_LEN);
-      }
-      if (!w.need(32)) return;
-      w.u(r.TMSI_CODE_ADDR_32, "TMSI_CODE_ADDR_32", 32);
+      w(F(TMSI_ZONE_LEN, 4));
+      if (r.TMSI_ZONE_LEN) w(F(TMSI_ZONE, 8u * r.TMSI_ZONE_LEN));
+      w(F(TMSI_CODE_ADDR_32, 32));
       break;
   }
 }
@@ -160,13 +130,8 @@ void tmsi_fields(W& w, L2_PAGE_RECORD& r) {
 // BURST_TYPE and the broadcast address, shared by the broadcast and enhanced broadcast pages.
 template <class W>
 void broadcast_address(W& w, L2_PAGE_RECORD& r) {
-  if (!w.need(10)) return;
-  w.u(r.BURST_TYPE, "BURST_TYPE", 6);
-  w.u(r.ADDR_LEN, "ADDR_LEN", 4);
-  if (r.ADDR_LEN) {
-    if (!w.need(8u * r.ADDR_LEN)) return;
-    w.bits(r.BC_ADDR, "BC_ADDR", 8u * r.ADDR_LEN);
-  }
+  w(F(BURST_TYPE, 6), F(ADDR_LEN, 4));
+  if (r.ADDR_LEN) w(F(BC_ADDR, 8u * r.ADDR_LEN));
 }
 
 // Reserved broadcast forms whose length the page class table fixes, so that a mobile station
@@ -193,25 +158,18 @@ void broadcast_fields(W& w, L2_PAGE_RECORD& r) {
     // Enhanced broadcast page: the address, then an SDU of 13 or 18 bits (odd indicator: the
     // longer form), extended by EXT_BCAST_SDU_LENGTH octets when the indicator is 0 or 1.
     broadcast_address(w, r);
-    if (!w.need(2)) return;
-    w.u(r.EXT_BCAST_SDU_LENGTH_IND, "EXT_BCAST_SDU_LENGTH_IND", 2);
+    w(F(EXT_BCAST_SDU_LENGTH_IND, 2));
     const bool extended = r.EXT_BCAST_SDU_LENGTH_IND <= 1;
-    if (extended) {
-      if (!w.need(4)) return;
-      w.u(r.EXT_BCAST_SDU_LENGTH, "EXT_BCAST_SDU_LENGTH", 4);
-    }
+    if (extended) w(F(EXT_BCAST_SDU_LENGTH, 4));
     const std::uint32_t sdu =
         ((r.EXT_BCAST_SDU_LENGTH_IND & 1) ? 18u : 13u) + (extended ? 8u * r.EXT_BCAST_SDU_LENGTH : 0u);
-    if (!w.need(sdu)) return;
-    w.bits(r.SDU, "SDU", sdu);
+    w(F(SDU, sdu));
     return;
   }
   if (r.PAGE_SUBCLASS == 1 && r.PAGE_SUBCLASS_EXT == 3) {
-    if (!w.need(4)) return;
-    w.u(r.LENGTH, "LENGTH", 4);
+    w(F(LENGTH, 4));
     const std::uint32_t bits = 8u * r.LENGTH + 32u;
-    if (!w.need(bits)) return;
-    w.skip(bits);
+    w(reserved(bits));
     return;
   }
   const std::uint32_t bits = reserved_broadcast_bits(r.PAGE_SUBCLASS, r.PAGE_SUBCLASS_EXT);
@@ -219,44 +177,35 @@ void broadcast_fields(W& w, L2_PAGE_RECORD& r) {
     (void)w.reject(Rc::count);
     return;
   }
-  if (!w.need(bits)) return;
-  w.skip(bits);   // reserved: neither kept nor shown
+  // reserved: neither kept nor shown
+  w(reserved(bits));
 }
 
 template <class W>
 void layout(W& w, L2_PAGE_RECORD& r, const Ctx&) {
-  if (!w.need(4)) return;
-  w.u(r.PAGE_CLASS, "PAGE_CLASS", 2);
-  w.u(r.PAGE_SUBCLASS, "PAGE_SUBCLASS", 2);
+  w(F(PAGE_CLASS, 2), F(PAGE_SUBCLASS, 2));
   // Every broadcast subclass but the plain page carries the extension. The extended forms
   // came with IS-2000 Release A, but they fit the IS-95-B record (its broadcast subclasses
   // 1 to 3 were reserved), so the same layout serves every revision.
-  if (r.PAGE_CLASS == kBroadcast && r.PAGE_SUBCLASS != 0) {
-    if (!w.need(2)) return;
-    w.u(r.PAGE_SUBCLASS_EXT, "PAGE_SUBCLASS_EXT", 2);
-  }
+  if (r.PAGE_CLASS == kBroadcast && r.PAGE_SUBCLASS != 0) w(F(PAGE_SUBCLASS_EXT, 2));
 
   switch (r.PAGE_CLASS) {
     case kImsiClass0:
-      if (!w.need(3)) return;
-      w.u(r.MSG_SEQ, "MSG_SEQ", 3);
+      w(F(MSG_SEQ, 3));
       // Subclass bit 1 brings the MCC, bit 0 the IMSI_11_12.
       imsi_fields(w, r, (r.PAGE_SUBCLASS & 2) != 0, (r.PAGE_SUBCLASS & 1) != 0);
       break;
     case kImsiClass1:
-      if (!w.need(3)) return;
-      w.u(r.MSG_SEQ, "MSG_SEQ", 3);
+      w(F(MSG_SEQ, 3));
       // Subclasses 2 and 3 are reserved address forms that carry no address fields; the
       // sequence number and the service fields frame them like any mobile-addressed page.
       if (r.PAGE_SUBCLASS <= 1) {
-        if (!w.need(3)) return;
-        w.u(r.IMSI_ADDR_NUM, "IMSI_ADDR_NUM", 3);
+        w(F(IMSI_ADDR_NUM, 3));
         imsi_fields(w, r, r.PAGE_SUBCLASS == 1, true);
       }
       break;
     case kTmsi:
-      if (!w.need(3)) return;
-      w.u(r.MSG_SEQ, "MSG_SEQ", 3);
+      w(F(MSG_SEQ, 3));
       tmsi_fields(w, r);
       break;
     default:
@@ -264,12 +213,8 @@ void layout(W& w, L2_PAGE_RECORD& r, const Ctx&) {
       return;   // broadcast pages carry no MSG_SEQ and no service request
   }
 
-  if (!w.need(1)) return;
-  w.u(r.SPECIAL_SERVICE, "SPECIAL_SERVICE", 1);
-  if (r.SPECIAL_SERVICE) {
-    if (!w.need(16)) return;
-    w.u(r.SERVICE_OPTION, "SERVICE_OPTION", 16);
-  }
+  w(F(SPECIAL_SERVICE, 1));
+  if (r.SPECIAL_SERVICE) w(F(SERVICE_OPTION, 16));
 }
 
 }  // namespace

@@ -51,11 +51,9 @@ std::uint32_t one_record(std::uint64_t left, std::uint64_t record_bits) {
 // IMSI_S on an octet boundary from the start of the address, then the digits.
 template <class W>
 void imsi_address(W& w, FC_ADDRESS& r) {
-  if (!w.need(1)) return;
-  w.u(r.IMSI_CLASS, "IMSI_CLASS", 1);
+  w(F(IMSI_CLASS, 1));
   if (r.IMSI_CLASS == 0) {
-    if (!w.need(2)) return;
-    w.u(r.IMSI_CLASS_0_TYPE, "IMSI_CLASS_0_TYPE", 2);
+    w(F(IMSI_CLASS_0_TYPE, 2));
     switch (r.IMSI_CLASS_0_TYPE) {
       case 0:
         if (!w.need(3 + 34)) return;
@@ -79,8 +77,7 @@ void imsi_address(W& w, FC_ADDRESS& r) {
         break;
     }
   } else {
-    if (!w.need(1)) return;
-    w.u(r.IMSI_CLASS_1_TYPE, "IMSI_CLASS_1_TYPE", 1);
+    w(F(IMSI_CLASS_1_TYPE, 1));
     if (r.IMSI_CLASS_1_TYPE == 0) {
       if (!w.need(2 + 3 + 7 + 34)) return;
       w.skip(2);   // reserved
@@ -102,14 +99,10 @@ void layout(W& w, FC_ADDRESS& r, const Ctx&) {
   switch (r.type) {
     case 0:
       // IMSI_S as its two halves; the 6 bits that fill the fifth octet are reserved.
-      if (!w.need(40)) return;
-      w.u(r.IMSI_M_S1, "IMSI_M_S1", 24);
-      w.u(r.IMSI_M_S2, "IMSI_M_S2", 10);
-      w.skip(6);
+      w(F(IMSI_M_S1, 24), F(IMSI_M_S2, 10), reserved(6));
       return;
     case 1:
-      if (!w.need(8 * octets)) return;
-      w.bits(r.ESN, "ESN", 8 * octets);
+      w(F(ESN, 8 * octets));
       return;
     case 2:
       imsi_address(w, r);
@@ -128,13 +121,11 @@ void layout(W& w, FC_ADDRESS& r, const Ctx&) {
       // octet of EXT_ADDR_TYPE, whether or not that octet was on the air.
       if (r.ext_type == 0) {
         const std::uint32_t meid_bits = octets > 0 ? 8 * (octets - 1) : 0;
-        if (!w.need(meid_bits)) return;
-        w.bits(r.MEID, "MEID", meid_bits);
+        w(F(MEID, meid_bits));
       }
       return;
     case 5:
-      if (!w.need(8 * octets)) return;
-      w.bits(r.BC_ADDR, "BC_ADDR", 8 * octets);
+      w(F(BC_ADDR, 8 * octets));
       return;
     default:
       return;
@@ -146,11 +137,7 @@ void layout(W& w, FC_ADDRESS& r, const Ctx&) {
 
 template <class W>
 void layout(W& w, L2_ARQ_FIELDS& r, const Ctx&) {
-  if (!w.need(8)) return;
-  w.u(r.ACK_SEQ, "ACK_SEQ", 3);
-  w.u(r.MSG_SEQ, "MSG_SEQ", 3);
-  w.u(r.ACK_REQ, "ACK_REQ", 1);
-  w.u(r.VALID_ACK, "VALID_ACK", 1);
+  w(F(ACK_SEQ, 3), F(MSG_SEQ, 3), F(ACK_REQ, 1), F(VALID_ACK, 1));
 }
 
 // ADDR_TYPE, ADDR_LEN and the address. `extended_form` says whether ADDR_TYPE 4 brings the
@@ -160,15 +147,11 @@ void layout(W& w, L2_ARQ_FIELDS& r, const Ctx&) {
 // declared length, and the IMSI_S form takes its 40 bits whatever ADDR_LEN says.
 template <class W>
 void addressing(W& w, L2_ADDRESSING_FIELDS& r, bool extended_form, const Ctx& c) {
-  if (!w.need(7)) return;
-  w.u(r.ADDR_TYPE, "ADDR_TYPE", 3);
-  w.u(r.ADDR_LEN, "ADDR_LEN", 4);
+  w(F(ADDR_TYPE, 3), F(ADDR_LEN, 4));
   const bool extended = extended_form && r.ADDR_TYPE == 4;
   std::uint64_t declared = 8u * r.ADDR_LEN;
   if (extended) {
-    if (!w.need(8)) return;
-    w.u(r.EXT_ADDR_TYPE, "EXT_ADDR_TYPE", 3);
-    w.u(r.RESERVED, "RESERVED", 5);
+    w(F(EXT_ADDR_TYPE, 3), F(RESERVED, 5));
     declared = declared >= 8 ? declared - 8 : 0;
   }
   // The address form is chosen by the header fields just walked.
@@ -187,44 +170,30 @@ void layout(W& w, L2_ADDRESSING_FIELDS& r, const Ctx& c) {
 template <class W>
 void security(W& w, L2_SECURITY_FIELDS& r, std::uint8_t pd) {
   if (pd == 2) {
-    if (!w.need(1)) return;
-    w.u(r.MACI_INCL, "MACI_INCL", 1);
+    w(F(MACI_INCL, 1));
     if (r.MACI_INCL) {
-      if (!w.need(6)) return;
-      w.u(r.SDU_KEY_ID, "SDU_KEY_ID", 2);
-      w.u(r.SDU_INTEGRITY_ALGO, "SDU_INTEGRITY_ALGO", 3);
-      w.u(r.SDU_SSEQ_OR_SSEQH, "SDU_SSEQ_OR_SSEQH", 1);
+      w(F(SDU_KEY_ID, 2), F(SDU_INTEGRITY_ALGO, 3), F(SDU_SSEQ_OR_SSEQH, 1));
       if (r.SDU_SSEQ_OR_SSEQH) {
-        if (!w.need(24)) return;
-        w.u(r.SDU_SSEQ_H, "SDU_SSEQ_H", 24);
+        w(F(SDU_SSEQ_H, 24));
       } else {
-        if (!w.need(8)) return;
-        w.u(r.SDU_SSEQ, "SDU_SSEQ", 8);
+        w(F(SDU_SSEQ, 8));
       }
     }
   }
   if (pd == 1 || pd == 2) {
-    if (!w.need(1)) return;
-    w.u(r.ENC_FIELDS_INCL, "ENC_FIELDS_INCL", 1);
+    w(F(ENC_FIELDS_INCL, 1));
     if (r.ENC_FIELDS_INCL) {
-      if (!w.need(3)) return;
-      w.u(r.SDU_ENCRYPT_MODE, "SDU_ENCRYPT_MODE", 3);
+      w(F(SDU_ENCRYPT_MODE, 3));
       // With integrity on, the crypto-sync comes from the SDU sequence number instead.
       const bool integrity = pd == 2 && r.MACI_INCL;
-      if ((r.SDU_ENCRYPT_MODE == 1 || r.SDU_ENCRYPT_MODE == 2) && !integrity) {
-        if (!w.need(8)) return;
-        w.u(r.ENC_SEQ, "ENC_SEQ", 8);
-      }
+      if ((r.SDU_ENCRYPT_MODE == 1 || r.SDU_ENCRYPT_MODE == 2) && !integrity) w(F(ENC_SEQ, 8));
     }
   }
 }
 
 template <class W>
 void maci(W& w, std::uint32_t& f, std::uint8_t pd, const L2_SECURITY_FIELDS& sec) {
-  if (pd == 2 && sec.MACI_INCL) {
-    if (!w.need(32)) return;
-    w.u(f, "MACI", 32);
-  }
+  if (pd == 2 && sec.MACI_INCL) w(field(f, "MACI", 32));
 }
 
 // ---------------------------------------------------------------------------------------
@@ -232,9 +201,7 @@ void maci(W& w, std::uint32_t& f, std::uint8_t pd, const L2_SECURITY_FIELDS& sec
 
 template <class W>
 void layout(W& w, FC_PCH_BC__PBCCH_PDU& r, const Ctx& c) {
-  if (!w.need(8)) return;
-  w.u(r.PD, "PD", 2);
-  w.u(r.MSG_ID, "MSG_ID", 6);
+  w(F(PD, 2), F(MSG_ID, 6));
   if (const Sdu sdu = sdu_of(r.MSG_ID, kBroadcastSdu); sdu.label) w.body(sdu.label, sdu.ops, r.sdu, c);
   // The PDU is reported 2 bits past an octet boundary, so that with the 30-bit CRC it
   // fills whole octets. Unchecked, and nothing on the air follows it.
@@ -243,9 +210,7 @@ void layout(W& w, FC_PCH_BC__PBCCH_PDU& r, const Ctx& c) {
 
 template <class W>
 void layout(W& w, FC_PCH_PDU& r, const Ctx& c) {
-  if (!w.need(8)) return;
-  w.u(r.PD, "PD", 2);
-  w.u(r.MSG_ID, "MSG_ID", 6);
+  w(F(PD, 2), F(MSG_ID, 6));
   layout(w, r.arq, c);
   addressing(w, r.addr, c.p_rev >= 11, c);
   security(w, r.sec, r.PD);
@@ -285,9 +250,7 @@ Ctx with_pd(const Ctx& c, std::uint8_t pd) {
 
 template <class W>
 void layout(W& w, FC_PCH_CAM_PDU& r, const Ctx& c) {
-  if (!w.need(8)) return;
-  w.u(r.PD, "PD", 2);
-  w.u(r.MSG_ID, "MSG_ID", 6);
+  w(F(PD, 2), F(MSG_ID, 6));
   w.list_to_end("AssignmentRecords", "FC_PCH_CAM_PDU_AssignmentRecords", r.AssignmentRecords,
                 [](std::uint64_t left) { return one_record(left, 45); }, with_pd(c, r.PD));
   w.align(8, 2);   // reported length, as for the broadcast PDU
@@ -295,9 +258,7 @@ void layout(W& w, FC_PCH_CAM_PDU& r, const Ctx& c) {
 
 template <class W>
 void layout(W& w, FC_PCH_ECAM_PDU& r, const Ctx& c) {
-  if (!w.need(8)) return;
-  w.u(r.PD, "PD", 2);
-  w.u(r.MSG_ID, "MSG_ID", 6);
+  w(F(PD, 2), F(MSG_ID, 6));
   w.list_to_end("ExtChanAssignRecord", "FC_PCH_ECAM_PDU_ExtChanAssignRecord", r.ExtChanAssignRecord,
                 [](std::uint64_t left) { return one_record(left, 49); }, with_pd(c, r.PD));
   w.align(8, 2);   // reported length, as for the broadcast PDU
@@ -305,18 +266,10 @@ void layout(W& w, FC_PCH_ECAM_PDU& r, const Ctx& c) {
 
 template <class W>
 void layout(W& w, L2_GPM_COMMON_FIELDS& r, const Ctx&) {
-  if (!w.need(24)) return;
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.ACC_MSG_SEQ, "ACC_MSG_SEQ", 6);
-  w.u(r.CLASS_0_DONE, "CLASS_0_DONE", 1);
-  w.u(r.CLASS_1_DONE, "CLASS_1_DONE", 1);
-  w.u(r.TMSI_DONE, "TMSI_DONE", 1);
-  w.u(r.ORDERED_TMSIS, "ORDERED_TMSIS", 1);
-  w.u(r.BROADCAST_DONE, "BROADCAST_DONE", 1);
-  w.skip(4);   // reserved
-  w.u(r.ADD_LENGTH, "ADD_LENGTH", 3);
-  if (!w.need(8u * r.ADD_LENGTH)) return;
-  w.bits(r.ADD_PFIELD, "ADD_PFIELD", 8u * r.ADD_LENGTH);
+  // reserved
+  w(F(CONFIG_MSG_SEQ, 6), F(ACC_MSG_SEQ, 6), F(CLASS_0_DONE, 1), F(CLASS_1_DONE, 1), F(TMSI_DONE, 1),
+    F(ORDERED_TMSIS, 1), F(BROADCAST_DONE, 1), reserved(4), F(ADD_LENGTH, 3));
+  w(F(ADD_PFIELD, 8u * r.ADD_LENGTH));
 }
 
 // ---------------------------------------------------------------------------------------

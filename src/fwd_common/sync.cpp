@@ -9,79 +9,33 @@ namespace cs {
 // P_REV in the presence rules is the message's own field; band_class is the caller's.
 template <class W>
 void layout(W& w, FC_SCHM& r, const Ctx& c) {
-  if (!w.need(151)) return;
-  w.u(r.P_REV, "P_REV", 8);
-  w.u(r.MIN_P_REV, "MIN_P_REV", 8);
-  w.u(r.SID, "SID", 15);
-  w.u(r.NID, "NID", 16);
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.bits(r.LC_STATE, "LC_STATE", 42);
-  w.bits(r.SYS_TIME, "SYS_TIME", 36);
-  w.u(r.LP_SEC, "LP_SEC", 8);
-  w.u(r.LTM_OFF, "LTM_OFF", 6);
-  w.u(r.DAYLT, "DAYLT", 1);
-  w.u(r.PRAT, "PRAT", 2);
+  w(F(P_REV, 8), F(MIN_P_REV, 8), F(SID, 15), F(NID, 16), F(PILOT_PN, 9), F(LC_STATE, 42), F(SYS_TIME, 36),
+    F(LP_SEC, 8), F(LTM_OFF, 6), F(DAYLT, 1), F(PRAT, 2));
   // CDMA_FREQ existed on the PCS bands before it existed everywhere.
-  if (pcs_band(c.band_class) || (c.band_class == 0 && r.P_REV >= 3)) {
-    if (!w.need(11)) return;
-    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
-  }
-  if (r.P_REV >= 6) {
-    if (!w.need(11)) return;
-    w.u(r.EXT_CDMA_FREQ, "EXT_CDMA_FREQ", 11);
-  }
+  if (pcs_band(c.band_class) || (c.band_class == 0 && r.P_REV >= 3)) w(F(CDMA_FREQ, 11));
+  if (r.P_REV >= 6) w(F(EXT_CDMA_FREQ, 11));
   if (r.P_REV < 7) return;
 
-  if (!w.need(1)) return;
-  w.u(r.SR1_BCCH_NON_TD_INCL, "SR1_BCCH_NON_TD_INCL", 1);
+  w(F(SR1_BCCH_NON_TD_INCL, 1));
   if (r.SR1_BCCH_NON_TD_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.SR1_NON_TD_FREQ_INCL, "SR1_NON_TD_FREQ_INCL", 1);
-    if (r.SR1_NON_TD_FREQ_INCL) {
-      if (!w.need(11)) return;
-      w.u(r.SR1_CDMA_FREQ_NON_TD, "SR1_CDMA_FREQ_NON_TD", 11);
-    }
-    if (!w.need(9)) return;
-    w.u(r.SR1_BRAT_NON_TD, "SR1_BRAT_NON_TD", 2);
-    w.u(r.SR1_CRAT_NON_TD, "SR1_CRAT_NON_TD", 1);
-    w.u(r.SR1_BCCH_CODE_CHAN_NON_TD, "SR1_BCCH_CODE_CHAN_NON_TD", 6);
+    w(F(SR1_NON_TD_FREQ_INCL, 1));
+    if (r.SR1_NON_TD_FREQ_INCL) w(F(SR1_CDMA_FREQ_NON_TD, 11));
+    w(F(SR1_BRAT_NON_TD, 2), F(SR1_CRAT_NON_TD, 1), F(SR1_BCCH_CODE_CHAN_NON_TD, 6));
   }
-
-  if (!w.need(1)) return;
-  w.u(r.SR1_TD_INCL, "SR1_TD_INCL", 1);
+  w(F(SR1_TD_INCL, 1));
   if (r.SR1_TD_INCL) {
-    if (!w.need(24)) return;   // 25 bits counted from the flag
-    w.u(r.SR1_CDMA_FREQ_TD, "SR1_CDMA_FREQ_TD", 11);
-    w.u(r.SR1_BRAT_TD, "SR1_BRAT_TD", 2);
-    w.u(r.SR1_CRAT_TD, "SR1_CRAT_TD", 1);
-    w.u(r.SR1_BCCH_CODE_CHAN_TD, "SR1_BCCH_CODE_CHAN_TD", 6);
-    w.u(r.SR1_TD_MODE, "SR1_TD_MODE", 2);
-    w.u(r.SR1_TD_POWER_LEVEL, "SR1_TD_POWER_LEVEL", 2);
+    w(F(SR1_CDMA_FREQ_TD, 11), F(SR1_BRAT_TD, 2), F(SR1_CRAT_TD, 1), F(SR1_BCCH_CODE_CHAN_TD, 6), F(SR1_TD_MODE, 2),
+      F(SR1_TD_POWER_LEVEL, 2));
   }
-
-  if (!w.need(1)) return;
-  w.u(r.SR3_INCL, "SR3_INCL", 1);
+  w(F(SR3_INCL, 1));
   if (r.SR3_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.SR3_CENTER_FREQ_INCL, "SR3_CENTER_FREQ_INCL", 1);
-    if (r.SR3_CENTER_FREQ_INCL) {
-      if (!w.need(11)) return;
-      w.u(r.SR3_CENTER_FREQ, "SR3_CENTER_FREQ", 11);
-    }
-    if (!w.need(17)) return;
-    w.u(r.SR3_BRAT, "SR3_BRAT", 2);
-    w.u(r.SR3_BCCH_CODE_CHAN, "SR3_BCCH_CODE_CHAN", 7);
-    w.u(r.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2);
-    w.u(r.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3);
-    w.u(r.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3);
+    w(F(SR3_CENTER_FREQ_INCL, 1));
+    if (r.SR3_CENTER_FREQ_INCL) w(F(SR3_CENTER_FREQ, 11));
+    w(F(SR3_BRAT, 2), F(SR3_BCCH_CODE_CHAN, 7), F(SR3_PRIMARY_PILOT, 2), F(SR3_PILOT_POWER1, 3),
+      F(SR3_PILOT_POWER2, 3));
   }
-
-  if (!w.need(1)) return;
-  w.u(r.DS_INCL, "DS_INCL", 1);
-  if (r.DS_INCL) {
-    if (!w.need(24)) return;   // 25 bits counted from the flag
-    w.u(r.DS_BLOB, "DS_BLOB", 24);
-  }
+  w(F(DS_INCL, 1));
+  if (r.DS_INCL) w(F(DS_BLOB, 24));
 }
 
 const MessageTable& sync_messages() {

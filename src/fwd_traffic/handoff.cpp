@@ -36,10 +36,7 @@ struct HoPilot {
 
 template <class W>
 void layout(W& w, HoPilot& r, const Ctx&) {
-  if (!w.need(18)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
-  w.u(r.CODE_CHAN, "CODE_CHAN", 8);
+  w(F(PILOT_PN, 9), F(PWR_COMB_IND, 1), F(CODE_CHAN, 8));
 }
 
 // ---- Handoff Direction Message (5) --------------------------------------------------------
@@ -64,24 +61,9 @@ struct FD_HDM {
 
 template <class W>
 void layout(W& w, FD_HDM& r, const Ctx& c) {
-  if (!w.need(42)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  w.u(r.HDM_SEQ, "HDM_SEQ", 2);
-  w.u(r.SRCH_WIN_A, "SRCH_WIN_A", 4);
-  w.u(r.T_ADD, "T_ADD", 6);
-  w.u(r.T_DROP, "T_DROP", 6);
-  w.u(r.T_COMP, "T_COMP", 4);
-  w.u(r.T_TDROP, "T_TDROP", 4);
-  w.u(r.FRAME_OFFSET, "FRAME_OFFSET", 4);
-  w.u(r.PRIVATE_LCM, "PRIVATE_LCM", 1);
-  w.u(r.RESET_L2, "RESET_L2", 1);
-  w.u(r.ENCRYPT_MODE, "ENCRYPT_MODE", 2);
-  w.u(r.FREQ_INCL, "FREQ_INCL", 1);
-  if (r.FREQ_INCL) {
-    if (!w.need(11)) return;
-    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
-  }
+  w(F(USE_TIME, 1), F(ACTION_TIME, 6), F(HDM_SEQ, 2), F(SRCH_WIN_A, 4), F(T_ADD, 6), F(T_DROP, 6), F(T_COMP, 4),
+    F(T_TDROP, 4), F(FRAME_OFFSET, 4), F(PRIVATE_LCM, 1), F(RESET_L2, 1), F(ENCRYPT_MODE, 2), F(FREQ_INCL, 1));
+  if (r.FREQ_INCL) w(F(CDMA_FREQ, 11));
   w.list_to_end("PILOTs", "FD_HDM_PILOTs", r.PILOTs, pilot_capacity, c);
 }
 
@@ -93,8 +75,7 @@ struct EhdmAdditional {
 
 template <class W>
 void layout(W& w, EhdmAdditional& r, const Ctx&) {
-  if (!w.need(8)) return;
-  w.u(r.P_REV, "P_REV", 8);
+  w(F(P_REV, 8));
 }
 
 struct FD_EHDM {
@@ -126,47 +107,21 @@ struct FD_EHDM {
 
 template <class W>
 void layout(W& w, FD_EHDM& r, const Ctx& c) {
-  if (!w.need(10)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  w.u(r.HDM_SEQ, "HDM_SEQ", 2);
-  w.u(r.SEARCH_INCLUDED, "SEARCH_INCLUDED", 1);
-  if (r.SEARCH_INCLUDED) {
-    if (!w.need(24)) return;
-    w.u(r.SRCH_WIN_A, "SRCH_WIN_A", 4);
-    w.u(r.T_ADD, "T_ADD", 6);
-    w.u(r.T_DROP, "T_DROP", 6);
-    w.u(r.T_COMP, "T_COMP", 4);
-    w.u(r.T_TDROP, "T_TDROP", 4);
-  }
-  if (!w.need(1)) return;
-  w.u(r.HARD_INCLUDED, "HARD_INCLUDED", 1);
+  w(F(USE_TIME, 1), F(ACTION_TIME, 6), F(HDM_SEQ, 2), F(SEARCH_INCLUDED, 1));
+  if (r.SEARCH_INCLUDED) w(F(SRCH_WIN_A, 4), F(T_ADD, 6), F(T_DROP, 6), F(T_COMP, 4), F(T_TDROP, 4));
+  w(F(HARD_INCLUDED, 1));
   if (r.HARD_INCLUDED) {
-    if (!w.need(6)) return;
-    w.u(r.FRAME_OFFSET, "FRAME_OFFSET", 4);
-    w.u(r.PRIVATE_LCM, "PRIVATE_LCM", 1);
-    w.u(r.RESET_L2, "RESET_L2", 1);
+    w(F(FRAME_OFFSET, 4), F(PRIVATE_LCM, 1), F(RESET_L2, 1));
     if (c.p_rev >= 3) {
-      if (!w.need(2)) return;
-      w.u(r.RESET_FPC, "RESET_FPC", 1);
-      w.u(r.SERV_NEG_TYPE, "SERV_NEG_TYPE", 1);
+      w(F(RESET_FPC, 1), F(SERV_NEG_TYPE, 1));
     } else if (pcs_band(c.band_class)) {
       // Before P_REV 3 only the PCS bands carry the two bits; the second (SERV_NEG_TYPE) is
       // consumed but neither kept nor shown. The asymmetry is intended.
-      if (!w.need(2)) return;
-      w.u(r.RESET_FPC, "RESET_FPC", 1);
-      w.skip(1);
+      w(F(RESET_FPC, 1), reserved(1));
     }
-    if (!w.need(26)) return;
-    w.u(r.ENCRYPT_MODE, "ENCRYPT_MODE", 2);
-    w.u(r.NOM_PWR_EXT, "NOM_PWR_EXT", 1);
-    w.u(r.NOM_PWR, "NOM_PWR", 4);
-    w.u(r.NUM_PREAMBLE, "NUM_PREAMBLE", 3);
-    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
+    w(F(ENCRYPT_MODE, 2), F(NOM_PWR_EXT, 1), F(NOM_PWR, 4), F(NUM_PREAMBLE, 3), F(BAND_CLASS, 5), F(CDMA_FREQ, 11));
   }
-  if (!w.need(3)) return;
-  w.u(r.ADD_LENGTH, "ADD_LENGTH", 3);
+  w(F(ADD_LENGTH, 3));
   if (r.ADD_LENGTH) {
     // Only P_REV is known; the walk moves on by all ADD_LENGTH octets.
     if (!w.sized("AdditionalFields", "FD_EHDM_AdditionalFields", r.AdditionalFields, 8u * r.ADD_LENGTH, c)) return;
@@ -197,17 +152,8 @@ void skip_to(W& w, std::uint64_t start, std::uint64_t declared_bits) {
 // The search group of the General and Universal Handoff Direction messages.
 template <class W, class R>
 bool search_group(W& w, R& r) {
-  if (!w.need(50)) return false;
-  w.u(r.SRCH_WIN_A, "SRCH_WIN_A", 4);
-  w.u(r.SRCH_WIN_N, "SRCH_WIN_N", 4);
-  w.u(r.SRCH_WIN_R, "SRCH_WIN_R", 4);
-  w.u(r.T_ADD, "T_ADD", 6);
-  w.u(r.T_DROP, "T_DROP", 6);
-  w.u(r.T_COMP, "T_COMP", 4);
-  w.u(r.T_TDROP, "T_TDROP", 4);
-  w.u(r.SOFT_SLOPE, "SOFT_SLOPE", 6);
-  w.u(r.ADD_INTERCEPT, "ADD_INTERCEPT", 6);
-  w.u(r.DROP_INTERCEPT, "DROP_INTERCEPT", 6);
+  if (!w(F(SRCH_WIN_A, 4), F(SRCH_WIN_N, 4), F(SRCH_WIN_R, 4), F(T_ADD, 6), F(T_DROP, 6), F(T_COMP, 4), F(T_TDROP, 4),
+         F(SOFT_SLOPE, 6), F(ADD_INTERCEPT, 6), F(DROP_INTERCEPT, 6))) return false;
   return true;
 }
 
@@ -215,18 +161,13 @@ bool search_group(W& w, R& r) {
 // parameters of both messages.
 template <class W, class R>
 bool return_and_scr(W& w, R& r, const Ctx& c) {
-  if (!w.need(1)) return false;
-  w.u(r.RETURN_IF_HANDOFF_FAIL, "RETURN_IF_HANDOFF_FAIL", 1);
+  if (!w(F(RETURN_IF_HANDOFF_FAIL, 1))) return false;
   if (r.RETURN_IF_HANDOFF_FAIL) {
-    if (!w.need(1)) return false;
-    w.u(r.COMPLETE_SEARCH, "COMPLETE_SEARCH", 1);
+    if (!w(F(COMPLETE_SEARCH, 1))) return false;
   }
-  if (!w.need(2)) return false;
-  w.u(r.PERIODIC_SEARCH, "PERIODIC_SEARCH", 1);
-  w.u(r.SCR_INCLUDED, "SCR_INCLUDED", 1);
+  if (!w(F(PERIODIC_SEARCH, 1), F(SCR_INCLUDED, 1))) return false;
   if (r.SCR_INCLUDED) {
-    if (!w.need(3)) return false;
-    w.u(r.SERV_CON_SEQ, "SERV_CON_SEQ", 3);
+    if (!w(F(SERV_CON_SEQ, 3))) return false;
     if (!scr_record(w, r.RECORD_TYPE, r.RECORD_LEN, r.SCR, c)) return false;
   }
   return true;
@@ -235,14 +176,11 @@ bool return_and_scr(W& w, R& r, const Ctx& c) {
 // SYNC_ID_INCL, SYNC_ID_LEN and SYNC_ID (SYNC_ID_LEN octets, shown in hexadecimal).
 template <class W, class R>
 bool sync_id(W& w, R& r) {
-  if (!w.need(1)) return false;
-  w.u(r.SYNC_ID_INCL, "SYNC_ID_INCL", 1);
+  if (!w(F(SYNC_ID_INCL, 1))) return false;
   if (!r.SYNC_ID_INCL) return true;
-  if (!w.need(4)) return false;
-  w.u(r.SYNC_ID_LEN, "SYNC_ID_LEN", 4);
+  if (!w(F(SYNC_ID_LEN, 4))) return false;
   if (r.SYNC_ID_LEN == 0) return true;
-  if (!w.need(8u * r.SYNC_ID_LEN)) return false;
-  w.bits(r.SYNC_ID, "SYNC_ID", 8u * r.SYNC_ID_LEN);
+  if (!w(F(SYNC_ID, 8u * r.SYNC_ID_LEN))) return false;
   return true;
 }
 
@@ -256,15 +194,11 @@ struct CallAssign {
 
 template <class W>
 void layout(W& w, CallAssign& r, const Ctx&) {
-  if (!w.need(9)) return;
-  w.u(r.CON_REF, "CON_REF", 8);
-  w.u(r.RESPONSE_IND, "RESPONSE_IND", 1);
+  w(F(CON_REF, 8), F(RESPONSE_IND, 1));
   if (r.RESPONSE_IND) {
-    if (!w.need(4)) return;
-    w.u(r.TAG, "TAG", 4);
+    w(F(TAG, 4));
   } else {
-    if (!w.need(1)) return;
-    w.u(r.BYPASS_ALERT_ANSWER, "BYPASS_ALERT_ANSWER", 1);
+    w(F(BYPASS_ALERT_ANSWER, 1));
   }
 }
 
@@ -275,20 +209,16 @@ template <class W, class R>
 bool enc_and_calls(W& w, R& r, const Ctx& c, bool universal, const char* calls_header) {
   if (r.EXTRA_PARMS) {
     if (r.ENCRYPT_MODE == 3) {
-      if (!w.need(3)) return false;
-      w.u(r.D_SIG_ENCRYPT_MODE, "D_SIG_ENCRYPT_MODE", 3);
+      if (!w(F(D_SIG_ENCRYPT_MODE, 3))) return false;
     }
     if (r.ENCRYPT_MODE == 2 || r.ENCRYPT_MODE == 3) {
-      if (!w.need(3)) return false;
-      w.u(r.ENC_KEY_SIZE, "ENC_KEY_SIZE", 3);
+      if (!w(F(ENC_KEY_SIZE, 3))) return false;
     }
   }
   if (universal) {
-    if (!w.need(1)) return false;
-    w.u(r.F3XFL_1XRL_INCL, "F3XFL_1XRL_INCL", 1);
+    if (!w(F(F3XFL_1XRL_INCL, 1))) return false;
     if (r.F3XFL_1XRL_INCL) {
-      if (!w.need(2)) return false;
-      w.u(r.F1XRL_FREQ_OFFSET, "F1XRL_FREQ_OFFSET", 2);
+      if (!w(F(F1XRL_FREQ_OFFSET, 2))) return false;
     }
   }
   // From P_REV 11 the Universal message may name a stored configuration by its SYNC_ID even
@@ -297,11 +227,9 @@ bool enc_and_calls(W& w, R& r, const Ctx& c, bool universal, const char* calls_h
   if (!r.EXTRA_PARMS && !any_sync_id) return true;
   if ((any_sync_id || r.SCR_INCLUDED || r.NNSCR_INCLUDED) && !sync_id(w, r)) return false;
   if (universal && r.EXTRA_PARMS && r.SCR_INCLUDED) {
-    if (!w.need(1)) return false;
-    w.u(r.CC_INFO_INCL, "CC_INFO_INCL", 1);
+    if (!w(F(CC_INFO_INCL, 1))) return false;
     if (r.CC_INFO_INCL) {
-      if (!w.need(8)) return false;
-      w.u(r.NUM_CALLS_ASSIGN, "NUM_CALLS_ASSIGN", 8);
+      if (!w(F(NUM_CALLS_ASSIGN, 8))) return false;
       if (!w.counted("CALLs", calls_header, r.CALLs, r.NUM_CALLS_ASSIGN, c)) return false;
     }
   }
@@ -330,21 +258,15 @@ struct GhdmPilot {
 
 template <class W>
 void layout(W& w, GhdmPilot& r, const GhdmPilotCtx& c) {
-  if (!w.need(18)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
-  w.u(r.CODE_CHAN, "CODE_CHAN", 8);
+  w(F(PILOT_PN, 9), F(PWR_COMB_IND, 1), F(CODE_CHAN, 8));
   if (!c.sup_specified) return;
-  if (!w.need(1)) return;
-  w.u(r.FOR_SUP_INCLUDED, "FOR_SUP_INCLUDED", 1);
+  w(F(FOR_SUP_INCLUDED, 1));
   if (!r.FOR_SUP_INCLUDED) return;
-  if (!w.need(1)) return;
-  w.u(r.EXPL_CODE_CHAN, "EXPL_CODE_CHAN", 1);
+  w(F(EXPL_CODE_CHAN, 1));
   if (r.EXPL_CODE_CHAN) {
     w.scalars("SUP_CODE_CHAN", r.SUP_CODE_CHAN, c.num_for_sup, 8);
   } else {
-    if (!w.need(8)) return;
-    w.u(r.BASE_CODE_CHAN, "BASE_CODE_CHAN", 8);
+    w(F(BASE_CODE_CHAN, 8));
   }
 }
 
@@ -435,90 +357,42 @@ struct FD_GHDM {
 
 template <class W>
 void layout(W& w, FD_GHDM& r, const Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  if (r.USE_TIME) {
-    if (!w.need(6)) return;
-    w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  }
-  if (!w.need(3)) return;
-  w.u(r.HDM_SEQ, "HDM_SEQ", 2);
-  w.u(r.SEARCH_INCLUDED, "SEARCH_INCLUDED", 1);
+  w(F(USE_TIME, 1));
+  if (r.USE_TIME) w(F(ACTION_TIME, 6));
+  w(F(HDM_SEQ, 2), F(SEARCH_INCLUDED, 1));
   if (r.SEARCH_INCLUDED && !search_group(w, r)) return;
-  if (!w.need(1)) return;
-  w.u(r.EXTRA_PARMS, "EXTRA_PARMS", 1);
+  w(F(EXTRA_PARMS, 1));
   if (r.EXTRA_PARMS) {
-    if (!w.need(50)) return;
-    w.u(r.P_REV, "P_REV", 8);
-    w.u(r.PACKET_ZONE_ID, "PACKET_ZONE_ID", 8);
-    w.u(r.FRAME_OFFSET, "FRAME_OFFSET", 4);
-    w.u(r.PRIVATE_LCM, "PRIVATE_LCM", 1);
-    w.u(r.RESET_L2, "RESET_L2", 1);
-    w.u(r.RESET_FPC, "RESET_FPC", 1);
-    w.u(r.SERV_NEG_TYPE, "SERV_NEG_TYPE", 1);
-    w.u(r.ENCRYPT_MODE, "ENCRYPT_MODE", 2);
-    w.u(r.NOM_PWR_EXT, "NOM_PWR_EXT", 1);
-    w.u(r.NOM_PWR, "NOM_PWR", 4);
-    w.u(r.NUM_PREAMBLE, "NUM_PREAMBLE", 3);
-    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
+    w(F(P_REV, 8), F(PACKET_ZONE_ID, 8), F(FRAME_OFFSET, 4), F(PRIVATE_LCM, 1), F(RESET_L2, 1), F(RESET_FPC, 1),
+      F(SERV_NEG_TYPE, 1), F(ENCRYPT_MODE, 2), F(NOM_PWR_EXT, 1), F(NOM_PWR, 4), F(NUM_PREAMBLE, 3), F(BAND_CLASS, 5),
+      F(CDMA_FREQ, 11));
     if (!return_and_scr(w, r, c)) return;
   }
 
-  if (!w.need(1)) return;
-  w.u(r.SUP_CHAN_PARMS_INCLUDED, "SUP_CHAN_PARMS_INCLUDED", 1);
+  w(F(SUP_CHAN_PARMS_INCLUDED, 1));
   if (r.SUP_CHAN_PARMS_INCLUDED) {
-    if (!w.need(1)) return;
-    w.u(r.FOR_INCLUDED, "FOR_INCLUDED", 1);
+    w(F(FOR_INCLUDED, 1));
     if (r.FOR_INCLUDED) {
-      if (!w.need(2)) return;
-      w.u(r.FOR_SUP_CONFIG, "FOR_SUP_CONFIG", 2);
-      if (r.FOR_SUP_CONFIG == 2 || r.FOR_SUP_CONFIG == 3) {
-        if (!w.need(3)) return;
-        w.u(r.NUM_FOR_SUP, "NUM_FOR_SUP", 3);
-      }
+      w(F(FOR_SUP_CONFIG, 2));
+      if (r.FOR_SUP_CONFIG == 2 || r.FOR_SUP_CONFIG == 3) w(F(NUM_FOR_SUP, 3));
       // '01' and '11' start the supplementals: their duration may follow.
       if (r.FOR_SUP_CONFIG == 1 || r.FOR_SUP_CONFIG == 3) {
-        if (!w.need(1)) return;
-        w.u(r.USE_FOR_DURATION, "USE_FOR_DURATION", 1);
-        if (r.USE_FOR_DURATION) {
-          if (!w.need(8)) return;
-          w.u(r.FOR_DURATION, "FOR_DURATION", 8);
-        }
+        w(F(USE_FOR_DURATION, 1));
+        if (r.USE_FOR_DURATION) w(F(FOR_DURATION, 8));
       }
     }
-    if (!w.need(1)) return;
-    w.u(r.REV_INCLUDED, "REV_INCLUDED", 1);
+    w(F(REV_INCLUDED, 1));
     if (r.REV_INCLUDED) {
-      if (!w.need(6)) return;
-      w.u(r.REV_DTX_DURATION, "REV_DTX_DURATION", 4);
-      w.u(r.CLEAR_RETRY_DELAY, "CLEAR_RETRY_DELAY", 1);
-      w.u(r.USE_REV_DURATION, "USE_REV_DURATION", 1);
-      if (r.USE_REV_DURATION) {
-        if (!w.need(8)) return;
-        w.u(r.REV_DURATION, "REV_DURATION", 8);
-      }
-      if (!w.need(4)) return;
-      w.u(r.NUM_REV_CODES, "NUM_REV_CODES", 3);
-      w.u(r.USE_T_ADD_ABORT, "USE_T_ADD_ABORT", 1);
+      w(F(REV_DTX_DURATION, 4), F(CLEAR_RETRY_DELAY, 1), F(USE_REV_DURATION, 1));
+      if (r.USE_REV_DURATION) w(F(REV_DURATION, 8));
+      w(F(NUM_REV_CODES, 3), F(USE_T_ADD_ABORT, 1));
     }
-    if (!w.need(1)) return;
-    w.u(r.REV_PARMS_INCLUDED, "REV_PARMS_INCLUDED", 1);
-    if (r.REV_PARMS_INCLUDED) {
-      if (!w.need(9)) return;
-      w.u(r.T_MULCHAN, "T_MULCHAN", 3);
-      w.u(r.BEGIN_PREAMBLE, "BEGIN_PREAMBLE", 3);
-      w.u(r.RESUME_PREAMBLE, "RESUME_PREAMBLE", 3);
-    }
+    w(F(REV_PARMS_INCLUDED, 1));
+    if (r.REV_PARMS_INCLUDED) w(F(T_MULCHAN, 3), F(BEGIN_PREAMBLE, 3), F(RESUME_PREAMBLE, 3));
   }
-  if (!w.need(1)) return;
-  w.u(r.USE_PWR_CNTL_STEP, "USE_PWR_CNTL_STEP", 1);
-  if (r.USE_PWR_CNTL_STEP) {
-    if (!w.need(3)) return;
-    w.u(r.PWR_CNTL_STEP, "PWR_CNTL_STEP", 3);
-  }
-  if (!w.need(3)) return;
-  w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
+  w(F(USE_PWR_CNTL_STEP, 1));
+  if (r.USE_PWR_CNTL_STEP) w(F(PWR_CNTL_STEP, 3));
+  w(F(NUM_PILOTS, 3));
   {
     GhdmPilotCtx pilots{};
     static_cast<Ctx&>(pilots) = c;
@@ -529,25 +403,16 @@ void layout(W& w, FD_GHDM& r, const Ctx& c) {
   }
   if (c.p_rev < 6) return;
 
-  if (!w.need(6)) return;
-  w.u(r.FPC_SUBCHAN_GAIN, "FPC_SUBCHAN_GAIN", 5);
-  w.u(r.USE_PC_TIME, "USE_PC_TIME", 1);
-  if (r.USE_PC_TIME) {
-    if (!w.need(6)) return;
-    w.u(r.PC_ACTION_TIME, "PC_ACTION_TIME", 6);
-  }
+  w(F(FPC_SUBCHAN_GAIN, 5), F(USE_PC_TIME, 1));
+  if (r.USE_PC_TIME) w(F(PC_ACTION_TIME, 6));
   if (r.EXTRA_PARMS) {
-    if (!w.need(8)) return;
-    w.u(r.RLGAIN_TRAFFIC_PILOT, "RLGAIN_TRAFFIC_PILOT", 6);
-    w.u(r.DEFAULT_RLAG, "DEFAULT_RLAG", 1);
-    w.u(r.NNSCR_INCLUDED, "NNSCR_INCLUDED", 1);
+    w(F(RLGAIN_TRAFFIC_PILOT, 6), F(DEFAULT_RLAG, 1), F(NNSCR_INCLUDED, 1));
     if (r.NNSCR_INCLUDED && !nnscr_record(w, r.RECORD_TYPE2, r.RECORD_LEN2, r.NNSCR, c)) return;
   }
   if (!fwd::rev_fch_gating(w, r)) return;
   if (c.p_rev < 7) return;
   if (!enc_and_calls(w, r, c, false, "FD_GHDM_CALLs")) return;
-  if (!w.need(1)) return;
-  w.u(r.CS_SUPPORTED, "CS_SUPPORTED", 1);
+  w(F(CS_SUPPORTED, 1));
 }
 
 // ---- Universal Handoff Direction Message (34) ---------------------------------------------
@@ -564,16 +429,9 @@ struct ForSchAssign {
 
 template <class W>
 void layout(W& w, ForSchAssign& r, const Ctx&) {
-  if (!w.need(6)) return;
-  w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
-  w.u(r.FOR_SCH_DURATION, "FOR_SCH_DURATION", 4);
-  w.u(r.FOR_SCH_START_TIME_INCL, "FOR_SCH_START_TIME_INCL", 1);
-  if (r.FOR_SCH_START_TIME_INCL) {
-    if (!w.need(5)) return;
-    w.u(r.FOR_SCH_START_TIME, "FOR_SCH_START_TIME", 5);
-  }
-  if (!w.need(4)) return;
-  w.u(r.SCCL_INDEX, "SCCL_INDEX", 4);
+  w(F(FOR_SCH_ID, 1), F(FOR_SCH_DURATION, 4), F(FOR_SCH_START_TIME_INCL, 1));
+  if (r.FOR_SCH_START_TIME_INCL) w(F(FOR_SCH_START_TIME, 5));
+  w(F(SCCL_INDEX, 4));
 }
 
 struct UhdmRevSchAssign {
@@ -586,16 +444,9 @@ struct UhdmRevSchAssign {
 
 template <class W>
 void layout(W& w, UhdmRevSchAssign& r, const Ctx&) {
-  if (!w.need(6)) return;
-  w.u(r.REV_SCH_ID, "REV_SCH_ID", 1);
-  w.u(r.REV_SCH_DURATION, "REV_SCH_DURATION", 4);
-  w.u(r.REV_SCH_START_TIME_INCL, "REV_SCH_START_TIME_INCL", 1);
-  if (r.REV_SCH_START_TIME_INCL) {
-    if (!w.need(5)) return;
-    w.u(r.REV_SCH_START_TIME, "REV_SCH_START_TIME", 5);
-  }
-  if (!w.need(4)) return;
-  w.u(r.REV_SCH_NUM_BITS_IDX, "REV_SCH_NUM_BITS_IDX", 4);
+  w(F(REV_SCH_ID, 1), F(REV_SCH_DURATION, 4), F(REV_SCH_START_TIME_INCL, 1));
+  if (r.REV_SCH_START_TIME_INCL) w(F(REV_SCH_START_TIME, 5));
+  w(F(REV_SCH_NUM_BITS_IDX, 4));
 }
 
 // Supplemental channels of the active set record.
@@ -607,10 +458,7 @@ struct AsrForSch {
 
 template <class W>
 void layout(W& w, AsrForSch& r, const Ctx&) {
-  if (!w.need(9)) return;
-  w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
-  w.u(r.SCCL_INDEX, "SCCL_INDEX", 4);
-  w.u(r.FOR_SCH_RATE, "FOR_SCH_RATE", 4);
+  w(F(FOR_SCH_ID, 1), F(SCCL_INDEX, 4), F(FOR_SCH_RATE, 4));
 }
 
 struct AsrRevSch {
@@ -621,10 +469,7 @@ struct AsrRevSch {
 
 template <class W>
 void layout(W& w, AsrRevSch& r, const Ctx&) {
-  if (!w.need(6)) return;
-  w.u(r.REV_SCH_ID, "REV_SCH_ID", 1);
-  w.u(r.REV_WALSH_ID, "REV_WALSH_ID", 1);
-  w.u(r.REV_SCH_RATE, "REV_SCH_RATE", 4);
+  w(F(REV_SCH_ID, 1), F(REV_WALSH_ID, 1), F(REV_SCH_RATE, 4));
 }
 
 // A pilot's code channel on one forward supplemental channel.
@@ -638,23 +483,15 @@ struct AsrPilotSch {
 
 template <class W>
 void layout(W& w, AsrPilotSch& r, const Ctx&) {
-  if (!w.need(6)) return;
-  w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
-  w.u(r.SCCL_INDEX, "SCCL_INDEX", 4);
-  w.u(r.PILOT_INCL, "PILOT_INCL", 1);
-  if (r.PILOT_INCL) {
-    if (!w.need(13)) return;
-    w.u(r.CODE_CHAN_SCH, "CODE_CHAN_SCH", 11);
-    w.u(r.QOF_MASK_ID_SCH, "QOF_MASK_ID_SCH", 2);
-  }
+  w(F(FOR_SCH_ID, 1), F(SCCL_INDEX, 4), F(PILOT_INCL, 1));
+  if (r.PILOT_INCL) w(F(CODE_CHAN_SCH, 11), F(QOF_MASK_ID_SCH, 2));
 }
 
 // ADD_PILOT_REC_INCL, PILOT_REC_TYPE and RECORD_LEN (octets of the type-specific fields that
 // follow it), then those fields.
 template <class W, class R>
 bool add_pilot_rec(W& w, R& r, const char* type_name, const Ctx& c) {
-  if (!w.need(1)) return false;
-  w.u(r.ADD_PILOT_REC_INCL, "ADD_PILOT_REC_INCL", 1);
+  if (!w(F(ADD_PILOT_REC_INCL, 1))) return false;
   if (!r.ADD_PILOT_REC_INCL) return true;
   if (!w.need(6)) return false;
   w.u(r.PILOT_REC_TYPE, type_name, 3);
@@ -705,28 +542,14 @@ struct AsrPilot {
 template <class W>
 void layout(W& w, AsrPilot& r, const AsrCtx& c) {
   const unsigned ch_ind = c.ch_ind;
-  if (!w.need(9)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  if (c.srch_offset_incl) {
-    if (!w.need(3)) return;
-    w.u(r.SRCH_OFFSET, "SRCH_OFFSET", 3);
-  }
+  w(F(PILOT_PN, 9));
+  if (c.srch_offset_incl) w(F(SRCH_OFFSET, 3));
   if (!add_pilot_rec(w, r, "PILOT_REC_TYPE", c)) return;
-  if (!w.need(1)) return;
-  w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
-  if (asr_fch(ch_ind)) {
-    if (!w.need(13)) return;
-    w.u(r.CODE_CHAN_FCH, "CODE_CHAN_FCH", 11);
-    w.u(r.QOF_MASK_ID_FCH, "QOF_MASK_ID_FCH", 2);
-  }
-  if (asr_dcch(ch_ind)) {
-    if (!w.need(13)) return;
-    w.u(r.CODE_CHAN_DCCH, "CODE_CHAN_DCCH", 11);
-    w.u(r.QOF_MASK_ID_DCCH, "QOF_MASK_ID_DCCH", 2);
-  }
+  w(F(PWR_COMB_IND, 1));
+  if (asr_fch(ch_ind)) w(F(CODE_CHAN_FCH, 11), F(QOF_MASK_ID_FCH, 2));
+  if (asr_dcch(ch_ind)) w(F(CODE_CHAN_DCCH, 11), F(QOF_MASK_ID_DCCH, 2));
   if (c.sch_incl) {
-    if (!w.need(5)) return;
-    w.u(r.NUM_SCH, "NUM_SCH", 5);
+    w(F(NUM_SCH, 5));
     w.counted("SCHs", "ACTIVE_SET_REC_PILOTs_SCHs", r.SCHs, r.NUM_SCH, c);
   }
 }
@@ -777,8 +600,7 @@ struct F3xSch {
 
 template <class W>
 void layout(W& w, F3xSch& r, const Ctx&) {
-  if (!w.need(1)) return;
-  w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
+  w(F(FOR_SCH_ID, 1));
   f3x_code(w, r.CODE, kF3xSch);
 }
 
@@ -796,8 +618,7 @@ void layout(W& w, F3xPilot& r, const AsrCtx& c) {
   if (fch && !f3x_code(w, r.FCH, kF3xFch)) return;
   if (dcch && !f3x_code(w, r.DCCH, kF3xDcch)) return;
   if ((fch || dcch) && c.sch_incl) {
-    if (!w.need(1)) return;
-    w.u(r.F3X_SCH_INFO_INCL, "F3X_SCH_INFO_INCL", 1);
+    w(F(F3X_SCH_INFO_INCL, 1));
     if (r.F3X_SCH_INFO_INCL) w.counted("F3X_SCHs", "ACTIVE_SET_REC_F3X_FCHs_DCCHs_F3X_SCHs", r.SCHs, r.NUM_SCH, c);
   }
 }
@@ -827,9 +648,7 @@ struct AsrCpcch {
 
 template <class W>
 void layout(W& w, AsrCpcch& r, const Ctx&) {
-  if (!w.need(12)) return;
-  w.u(r.FOR_CPCCH_WALSH, "FOR_CPCCH_WALSH", 7);
-  w.u(r.FOR_CPCSCH, "FOR_CPCSCH", 5);
+  w(F(FOR_CPCCH_WALSH, 7), F(FOR_CPCSCH, 5));
 }
 
 // ACTIVE_SET_REC_FIELDS for the channel indicators with a Fundamental or Dedicated Control
@@ -868,28 +687,18 @@ void layout(W& w, ActiveSetRec& r, const AsrCtx& c) {
   const unsigned ch_ind = c.ch_ind;
   const bool sch_incl = c.sch_incl;
   if (sch_incl) {
-    if (!w.need(5)) return;
-    w.u(r.NUM_FOR_SCH, "NUM_FOR_SCH", 5);
+    w(F(NUM_FOR_SCH, 5));
     if (!w.counted("FOR_SCHs", "ACTIVE_SET_REC_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
-    if (!w.need(5)) return;
-    w.u(r.NUM_REV_SCH, "NUM_REV_SCH", 5);
+    w(F(NUM_REV_SCH, 5));
     if (!w.counted("REV_SCHs", "ACTIVE_SET_REC_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
   }
-  if (!w.need(4)) return;
-  w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
-  w.u(r.SRCH_OFFSET_INCL, "SRCH_OFFSET_INCL", 1);
+  w(F(NUM_PILOTS, 3), F(SRCH_OFFSET_INCL, 1));
   AsrCtx pilots = c;
   pilots.srch_offset_incl = r.SRCH_OFFSET_INCL;
   if (!w.counted("PILOTs", "ACTIVE_SET_REC_PILOTs", r.PILOTs, r.NUM_PILOTS, pilots)) return;
   if (c.p_rev < 7) return;
-  if (asr_fch(ch_ind)) {
-    if (!w.need(1)) return;
-    w.u(r.F3X_FCH_INFO_INCL, "F3X_FCH_INFO_INCL", 1);
-  }
-  if (asr_dcch(ch_ind)) {
-    if (!w.need(1)) return;
-    w.u(r.F3X_DCCH_INFO_INCL, "F3X_DCCH_INFO_INCL", 1);
-  }
+  if (asr_fch(ch_ind)) w(F(F3X_FCH_INFO_INCL, 1));
+  if (asr_dcch(ch_ind)) w(F(F3X_DCCH_INFO_INCL, 1));
   // The per-pilot records below depend on each 1X pilot's supplemental channels: the decode
   // sizes them from the pilots just read; printing walks what was stored.
   if (r.F3X_FCH_INFO_INCL || r.F3X_DCCH_INFO_INCL) {
@@ -905,28 +714,19 @@ void layout(W& w, ActiveSetRec& r, const AsrCtx& c) {
       if (!w.sub(kF3xPilotLabel[i], "ACTIVE_SET_REC_F3X_FCHs", r.F3X_PILOTs[i], f3x)) return;
   }
   if (c.p_rev < 8) return;
-  if (!w.need(1)) return;
-  w.u(r.CCSH_INCLUDED, "CCSH_INCLUDED", 1);
+  w(F(CCSH_INCLUDED, 1));
   if (r.CCSH_INCLUDED && !asr_ccsh(w, r, c)) return;
   if (c.p_rev < 10 || !asr_dcch(ch_ind)) return;
   // From P_REV 10 a Dedicated Control Channel may carry broadcast-multicast; with the
   // Fundamental Channel too ('111') the common power control subchannels are optional.
-  if (!w.need(1)) return;
-  w.u(r.FUNDICATED_BCMC_IND, "FUNDICATED_BCMC_IND", 1);
+  w(F(FUNDICATED_BCMC_IND, 1));
   if (ch_ind == 7 && r.FUNDICATED_BCMC_IND) {
-    if (!w.need(2)) return;
-    w.u(r.REV_FCH_ASSIGNED, "REV_FCH_ASSIGNED", 1);
-    w.u(r.ADD_PLCM_FOR_FCH_INCL, "ADD_PLCM_FOR_FCH_INCL", 1);
+    w(F(REV_FCH_ASSIGNED, 1), F(ADD_PLCM_FOR_FCH_INCL, 1));
     if (r.ADD_PLCM_FOR_FCH_INCL) {
-      if (!w.need(1)) return;
-      w.u(r.ADD_PLCM_FOR_FCH_TYPE, "ADD_PLCM_FOR_FCH_TYPE", 1);
-      if (r.ADD_PLCM_FOR_FCH_TYPE) {
-        if (!w.need(39)) return;
-        w.bits(r.ADD_PLCM_FOR_FCH_39, "ADD_PLCM_FOR_FCH_39", 39);
-      }
+      w(F(ADD_PLCM_FOR_FCH_TYPE, 1));
+      if (r.ADD_PLCM_FOR_FCH_TYPE) w(F(ADD_PLCM_FOR_FCH_39, 39));
     }
-    if (!w.need(1)) return;
-    w.u(r.FOR_CPCCH_INFO_INCL, "FOR_CPCCH_INFO_INCL", 1);
+    w(F(FOR_CPCCH_INFO_INCL, 1));
   }
   const bool cpcch = r.FUNDICATED_BCMC_IND && (ch_ind != 7 || r.FOR_CPCCH_INFO_INCL);
   if (cpcch) w.counted("FOR_CPCH_RECs", "ACTIVE_SET_REC_FOR_CPCH_RECs", r.FOR_CPCH_RECs, r.NUM_PILOTS, c);
@@ -936,11 +736,9 @@ void layout(W& w, ActiveSetRec& r, const AsrCtx& c) {
 template <class W>
 bool asr_ccsh(W& w, ActiveSetRec& r, const AsrCtx& c) {
   const bool sch_incl = c.sch_incl;
-  if (!w.need(1)) return false;
-  w.u(r.USE_CCSH_ENCODER_TIME, "USE_CCSH_ENCODER_TIME", 1);
+  if (!w(F(USE_CCSH_ENCODER_TIME, 1))) return false;
   if (r.USE_CCSH_ENCODER_TIME) {
-    if (!w.need(6)) return false;
-    w.u(r.CCSH_ENCODER_ACTION_TIME, "CCSH_ENCODER_ACTION_TIME", 6);
+    if (!w(F(CCSH_ENCODER_ACTION_TIME, 6))) return false;
   }
   if (!sch_incl) return true;
   if constexpr (W::kReading) {
@@ -988,8 +786,7 @@ struct ExtPdcch {
 
 template <class W>
 void layout(W& w, ExtPdcch& r, const Ctx&) {
-  if (!w.need(6)) return;
-  w.u(r.FOR_PDCCH_WALSH, "FOR_PDCCH_WALSH", 6);
+  w(F(FOR_PDCCH_WALSH, 6));
 }
 
 struct ExtPilot {
@@ -1019,52 +816,26 @@ struct ExtPilot {
 
 template <class W>
 void layout(W& w, ExtPilot& r, const ExtAsrCtx& c) {
-  if (!w.need(9)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  if (c.srch_offset_incl) {
-    if (!w.need(3)) return;
-    w.u(r.SRCH_OFFSET, "SRCH_OFFSET", 3);
-  }
+  w(F(PILOT_PN, 9));
+  if (c.srch_offset_incl) w(F(SRCH_OFFSET, 3));
   if (!add_pilot_rec(w, r, "PILOT_REC_TYPE", c)) return;
-  if (!w.need(1)) return;
-  w.u(r.FOR_PDCH_INCL, "FOR_PDCH_INCL", 1);
+  w(F(FOR_PDCH_INCL, 1));
   // Without common packet data parameters each pilot names its own control channels.
   if (r.FOR_PDCH_INCL && !c.pdch_common_parms) {
-    if (!w.need(6)) return;
-    w.u(r.WALSH_TABLE_ID, "WALSH_TABLE_ID", 3);
-    w.u(r.NUM_PDCCH, "NUM_PDCCH", 3);
+    w(F(WALSH_TABLE_ID, 3), F(NUM_PDCCH, 3));
     if (!w.counted("PDCCH_RECs", "EXT_ACTIVE_SET_REC_PILOT_RECs_PDCCH_RECs", r.PDCCH_RECs, r.NUM_PDCCH + 1u, c))
       return;
   }
   if (r.FOR_PDCH_INCL) {
-    if (!w.need(11)) return;
-    w.u(r.MAC_ID, "MAC_ID", 8);
-    w.u(r.REV_CQICH_COVER, "REV_CQICH_COVER", 3);
-    if (ext_cpcch(c.ext_ch_ind)) {
-      if (!w.need(12)) return;
-      w.u(r.FOR_CPCCH_WALSH, "FOR_CPCCH_WALSH", 7);
-      w.u(r.FOR_CPCSCH, "FOR_CPCSCH", 5);
-    }
+    w(F(MAC_ID, 8), F(REV_CQICH_COVER, 3));
+    if (ext_cpcch(c.ext_ch_ind)) w(F(FOR_CPCCH_WALSH, 7), F(FOR_CPCSCH, 5));
   }
-  if (!w.need(1)) return;
-  w.u(r.PWR_COMB_IND, "PWR_COMB_IND", 1);
-  if (c.pdch_group_ind_incl) {
-    if (!w.need(1)) return;
-    w.u(r.PDCH_GROUP_IND, "PDCH_GROUP_IND", 1);
-  }
-  if (ext_fwd_fch(c.ext_ch_ind)) {
-    if (!w.need(13)) return;
-    w.u(r.CODE_CHAN_FCH, "CODE_CHAN_FCH", 11);
-    w.u(r.QOF_MASK_ID_FCH, "QOF_MASK_ID_FCH", 2);
-  }
-  if (ext_fwd_dcch(c.ext_ch_ind)) {
-    if (!w.need(13)) return;
-    w.u(r.CODE_CHAN_DCCH, "CODE_CHAN_DCCH", 11);
-    w.u(r.QOF_MASK_ID_DCCH, "QOF_MASK_ID_DCCH", 2);
-  }
+  w(F(PWR_COMB_IND, 1));
+  if (c.pdch_group_ind_incl) w(F(PDCH_GROUP_IND, 1));
+  if (ext_fwd_fch(c.ext_ch_ind)) w(F(CODE_CHAN_FCH, 11), F(QOF_MASK_ID_FCH, 2));
+  if (ext_fwd_dcch(c.ext_ch_ind)) w(F(CODE_CHAN_DCCH, 11), F(QOF_MASK_ID_DCCH, 2));
   if (c.sch_incl) {
-    if (!w.need(5)) return;
-    w.u(r.NUM_SCH, "NUM_SCH", 5);
+    w(F(NUM_SCH, 5));
     w.counted("SCHs", "EXT_ACTIVE_SET_REC_PILOT_RECs_SCHs", r.SCHs, r.NUM_SCH, c);
   }
 }
@@ -1113,63 +884,35 @@ struct ExtActiveSetRec {
 template <class W>
 void layout(W& w, ExtActiveSetRec& r, const ExtAsrCtx& c) {
   if (!ext_known(c.ext_ch_ind)) return;
-  if (!w.need(2)) return;
-  w.u(r.PDCH_CONTROL_HOLD, "PDCH_CONTROL_HOLD", 1);
-  w.u(r.FULL_CI_FEEDBACK_IND, "FULL_CI_FEEDBACK_IND", 1);
+  w(F(PDCH_CONTROL_HOLD, 1), F(FULL_CI_FEEDBACK_IND, 1));
   // Release D puts FOR_CPCCH_RATE and FOR_CPCCH_UPDATE_RATE here, each only under a condition,
   // and adds the reverse packet data channel fields further on. Neither their widths nor
   // their conditions are known, so from P_REV 10 the record ends here; the message moves on
   // by ACTIVE_SET_REC_LEN all the same.
   if (c.p_rev >= 10) return;
-  if (!w.need(8)) return;
-  w.u(r.REV_CQICH_FRAME_OFFSET, "REV_CQICH_FRAME_OFFSET", 4);
-  w.u(r.REV_CQICH_REPS, "REV_CQICH_REPS", 2);
-  w.u(r.REV_ACKCH_REPS, "REV_ACKCH_REPS", 2);
+  w(F(REV_CQICH_FRAME_OFFSET, 4), F(REV_CQICH_REPS, 2), F(REV_ACKCH_REPS, 2));
   // With the common power control channel there is no forward supplemental channel.
   if (c.sch_incl && !ext_cpcch(c.ext_ch_ind)) {
-    if (!w.need(5)) return;
-    w.u(r.NUM_FOR_SCH, "NUM_FOR_SCH", 5);
+    w(F(NUM_FOR_SCH, 5));
     if (!w.counted("FOR_SCHs", "EXT_ACTIVE_SET_REC_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
   }
   if (c.sch_incl) {
-    if (!w.need(5)) return;
-    w.u(r.NUM_REV_SCH, "NUM_REV_SCH", 5);
+    w(F(NUM_REV_SCH, 5));
     if (!w.counted("REV_SCHs", "EXT_ACTIVE_SET_REC_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
   }
-  if (!w.need(6)) return;
-  w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
-  w.u(r.SRCH_OFFSET_INCL, "SRCH_OFFSET_INCL", 1);
-  w.u(r.PDCH_GROUP_IND_INCL, "PDCH_GROUP_IND_INCL", 1);
-  w.u(r.FOR_PDCH_PARMS_INCL, "FOR_PDCH_PARMS_INCL", 1);
+  w(F(NUM_PILOTS, 3), F(SRCH_OFFSET_INCL, 1), F(PDCH_GROUP_IND_INCL, 1), F(FOR_PDCH_PARMS_INCL, 1));
   if (r.FOR_PDCH_PARMS_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.FOR_PDCH_RLGAIN_INCL, "FOR_PDCH_RLGAIN_INCL", 1);
-    if (r.FOR_PDCH_RLGAIN_INCL) {
-      if (!w.need(12)) return;
-      w.u(r.RLGAIN_ACKCH_PILOT, "RLGAIN_ACKCH_PILOT", 6);
-      w.u(r.RLGAIN_CQICH_PILOT, "RLGAIN_CQICH_PILOT", 6);
-    }
-    if (!w.need(13)) return;
-    w.u(r.NUM_SOFT_SWITCHING_FRAMES, "NUM_SOFT_SWITCHING_FRAMES", 4);
-    w.u(r.NUM_SOFTER_SWITCHING_FRAMES, "NUM_SOFTER_SWITCHING_FRAMES", 4);
-    w.u(r.NUM_SOFT_SWITCHING_SLOTS, "NUM_SOFT_SWITCHING_SLOTS", 2);
-    w.u(r.NUM_SOFTER_SWITCHING_SLOTS, "NUM_SOFTER_SWITCHING_SLOTS", 2);
-    w.u(r.CHM_SWITCHING_PARMS_INCL, "CHM_SWITCHING_PARMS_INCL", 1);
+    w(F(FOR_PDCH_RLGAIN_INCL, 1));
+    if (r.FOR_PDCH_RLGAIN_INCL) w(F(RLGAIN_ACKCH_PILOT, 6), F(RLGAIN_CQICH_PILOT, 6));
+    w(F(NUM_SOFT_SWITCHING_FRAMES, 4), F(NUM_SOFTER_SWITCHING_FRAMES, 4), F(NUM_SOFT_SWITCHING_SLOTS, 2),
+      F(NUM_SOFTER_SWITCHING_SLOTS, 2), F(CHM_SWITCHING_PARMS_INCL, 1));
     if (r.CHM_SWITCHING_PARMS_INCL) {
-      if (!w.need(12)) return;
-      w.u(r.NUM_SOFT_SWITCHING_FRAMES_CHM, "NUM_SOFT_SWITCHING_FRAMES_CHM", 4);
-      w.u(r.NUM_SOFTER_SWITCHING_FRAMES_CHM, "NUM_SOFTER_SWITCHING_FRAMES_CHM", 4);
-      w.u(r.NUM_SOFT_SWITCHING_SLOTS_CHM, "NUM_SOFT_SWITCHING_SLOTS_CHM", 2);
-      w.u(r.NUM_SOFTER_SWITCHING_SLOTS_CHM, "NUM_SOFTER_SWITCHING_SLOTS_CHM", 2);
+      w(F(NUM_SOFT_SWITCHING_FRAMES_CHM, 4), F(NUM_SOFTER_SWITCHING_FRAMES_CHM, 4),
+        F(NUM_SOFT_SWITCHING_SLOTS_CHM, 2), F(NUM_SOFTER_SWITCHING_SLOTS_CHM, 2));
     }
-    if (!w.need(17)) return;
-    w.u(r.PDCH_SOFT_SWITCHING_DELAY, "PDCH_SOFT_SWITCHING_DELAY", 8);
-    w.u(r.PDCH_SOFTER_SWITCHING_DELAY, "PDCH_SOFTER_SWITCHING_DELAY", 8);
-    w.u(r.FOR_PDCH_COMMON_PARMS, "FOR_PDCH_COMMON_PARMS", 1);
+    w(F(PDCH_SOFT_SWITCHING_DELAY, 8), F(PDCH_SOFTER_SWITCHING_DELAY, 8), F(FOR_PDCH_COMMON_PARMS, 1));
     if (r.FOR_PDCH_COMMON_PARMS) {
-      if (!w.need(6)) return;
-      w.u(r.WALSH_TABLE_ID, "WALSH_TABLE_ID", 3);
-      w.u(r.NUM_PDCCH, "NUM_PDCCH", 3);
+      w(F(WALSH_TABLE_ID, 3), F(NUM_PDCCH, 3));
       if (!w.counted("PDCCH_RECs", "EXT_ACTIVE_SET_REC_PDCCH_RECs", r.PDCCH_RECs, r.NUM_PDCCH + 1u, c)) return;
     }
   }
@@ -1178,15 +921,10 @@ void layout(W& w, ExtActiveSetRec& r, const ExtAsrCtx& c) {
   pilots.pdch_common_parms = r.FOR_PDCH_PARMS_INCL && r.FOR_PDCH_COMMON_PARMS;
   pilots.pdch_group_ind_incl = r.PDCH_GROUP_IND_INCL;
   if (!w.counted("PILOT_RECs", "EXT_ACTIVE_SET_REC_PILOT_RECs", r.PILOT_RECs, r.NUM_PILOTS, pilots)) return;
-  if (!w.need(1)) return;
-  w.u(r.CCSH_INCLUDED, "CCSH_INCLUDED", 1);
+  w(F(CCSH_INCLUDED, 1));
   if (!r.CCSH_INCLUDED) return;
-  if (!w.need(1)) return;
-  w.u(r.USE_CCSH_ENCODER_TIME, "USE_CCSH_ENCODER_TIME", 1);
-  if (r.USE_CCSH_ENCODER_TIME) {
-    if (!w.need(6)) return;
-    w.u(r.CCSH_ENCODER_ACTION_TIME, "CCSH_ENCODER_ACTION_TIME", 6);
-  }
+  w(F(USE_CCSH_ENCODER_TIME, 1));
+  if (r.USE_CCSH_ENCODER_TIME) w(F(CCSH_ENCODER_ACTION_TIME, 6));
   if (!c.sch_incl) return;
   // One encoder type for each supplemental channel a pilot carries; the decode counts them
   // from the pilots just read, printing walks what was stored.
@@ -1218,14 +956,8 @@ struct UhdmSchBcmc {
 
 template <class W>
 void layout(W& w, UhdmSchBcmc& r, const Ctx&) {
-  if (!w.need(2)) return;
-  w.u(r.USE_ADD_PLCM_FOR_SCH, "USE_ADD_PLCM_FOR_SCH", 1);
-  w.u(r.FSCH_OUTERCODE_INCL, "FSCH_OUTERCODE_INCL", 1);
-  if (r.FSCH_OUTERCODE_INCL) {
-    if (!w.need(9)) return;
-    w.u(r.FSCH_OUTERCODE_RATE, "FSCH_OUTERCODE_RATE", 3);
-    w.u(r.FSCH_OUTERCODE_OFFSET, "FSCH_OUTERCODE_OFFSET", 6);
-  }
+  w(F(USE_ADD_PLCM_FOR_SCH, 1), F(FSCH_OUTERCODE_INCL, 1));
+  if (r.FSCH_OUTERCODE_INCL) w(F(FSCH_OUTERCODE_RATE, 3), F(FSCH_OUTERCODE_OFFSET, 6));
 }
 
 struct FD_UHDM {
@@ -1357,71 +1089,45 @@ struct FD_UHDM {
 // The capabilities and idle-state parameters that follow CS_SUPPORTED from P_REV 9 on.
 template <class W>
 bool uhdm_rel_c(W& w, FD_UHDM& r) {
-  if (!w.need(2)) return false;
-  w.u(r.CHM_SUPPORTED, "CHM_SUPPORTED", 1);
-  w.u(r.CDMA_OFF_TIME_REP_SUP_IND, "CDMA_OFF_TIME_REP_SUP_IND", 1);
+  if (!w(F(CHM_SUPPORTED, 1), F(CDMA_OFF_TIME_REP_SUP_IND, 1))) return false;
   if (r.CDMA_OFF_TIME_REP_SUP_IND) {
-    if (!w.need(4)) return false;
-    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD_UNIT, "CDMA_OFF_TIME_REP_THRESHOLD_UNIT", 1);
-    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD, "CDMA_OFF_TIME_REP_THRESHOLD", 3);
+    if (!w(F(CDMA_OFF_TIME_REP_THRESHOLD_UNIT, 1), F(CDMA_OFF_TIME_REP_THRESHOLD, 3))) return false;
   }
-  if (!w.need(5)) return false;
-  w.u(r.RELEASE_TO_IDLE_IND, "RELEASE_TO_IDLE_IND", 1);
-  w.u(r.MSG_INTEGRITY_SUP, "MSG_INTEGRITY_SUP", 1);
-  w.u(r.GEN_2G_KEY, "GEN_2G_KEY", 1);
-  w.u(r.REGISTER_IN_IDLE, "REGISTER_IN_IDLE", 1);
-  w.u(r.PLCM_TYPE_INCL, "PLCM_TYPE_INCL", 1);
+  if (!w(F(RELEASE_TO_IDLE_IND, 1), F(MSG_INTEGRITY_SUP, 1), F(GEN_2G_KEY, 1), F(REGISTER_IN_IDLE, 1),
+         F(PLCM_TYPE_INCL, 1))) return false;
   if (r.PLCM_TYPE_INCL) {
-    if (!w.need(4)) return false;
-    w.u(r.PLCM_TYPE, "PLCM_TYPE", 4);
+    if (!w(F(PLCM_TYPE, 4))) return false;
     if (r.PLCM_TYPE == 1) {   // the mask itself only for the base-station-specified type
-      if (!w.need(39)) return false;
-      w.bits(r.PLCM_39, "PLCM_39", 39);
+      if (!w(F(PLCM_39, 39))) return false;
     }
   }
   if (r.SEARCH_INCLUDED) {
-    if (!w.need(1)) return false;
-    w.u(r.T_TDROP_RANGE_INCL, "T_TDROP_RANGE_INCL", 1);
+    if (!w(F(T_TDROP_RANGE_INCL, 1))) return false;
     if (r.T_TDROP_RANGE_INCL) {
-      if (!w.need(4)) return false;
-      w.u(r.T_TDROP_RANGE, "T_TDROP_RANGE", 4);
+      if (!w(F(T_TDROP_RANGE, 4))) return false;
     }
   }
-  if (!w.need(1)) return false;
-  w.u(r.FOR_PDCH_SUPPORTED, "FOR_PDCH_SUPPORTED", 1);
+  if (!w(F(FOR_PDCH_SUPPORTED, 1))) return false;
   if (r.FOR_PDCH_SUPPORTED) {
-    if (!w.need(1)) return false;
-    w.u(r.PDCH_CHM_SUPPORTED, "PDCH_CHM_SUPPORTED", 1);
+    if (!w(F(PDCH_CHM_SUPPORTED, 1))) return false;
   }
-  if (!w.need(2)) return false;
-  w.u(r.PILOT_INFO_REQ_SUPPORTED, "PILOT_INFO_REQ_SUPPORTED", 1);
-  w.u(r.ENC_SUPPORTED, "ENC_SUPPORTED", 1);
+  if (!w(F(PILOT_INFO_REQ_SUPPORTED, 1), F(ENC_SUPPORTED, 1))) return false;
   if (r.ENC_SUPPORTED) {
-    if (!w.need(16)) return false;
-    w.u(r.SIG_ENCRYPT_SUP, "SIG_ENCRYPT_SUP", 8);
-    w.u(r.UI_ENCRYPT_SUP, "UI_ENCRYPT_SUP", 8);
+    if (!w(F(SIG_ENCRYPT_SUP, 8), F(UI_ENCRYPT_SUP, 8))) return false;
   }
-  if (!w.need(2)) return false;
-  w.u(r.USE_SYNC_ID, "USE_SYNC_ID", 1);
-  w.u(r.SID_INCL, "SID_INCL", 1);
+  if (!w(F(USE_SYNC_ID, 1), F(SID_INCL, 1))) return false;
   if (r.SID_INCL) {
-    if (!w.need(15)) return false;
-    w.u(r.SID, "SID", 15);
+    if (!w(F(SID, 15))) return false;
   }
-  if (!w.need(1)) return false;
-  w.u(r.NID_INCL, "NID_INCL", 1);
+  if (!w(F(NID_INCL, 1))) return false;
   if (r.NID_INCL) {
-    if (!w.need(16)) return false;
-    w.u(r.NID, "NID", 16);
+    if (!w(F(NID, 16))) return false;
   }
-  if (!w.need(1)) return false;
-  w.u(r.SDB_SUPPORTED, "SDB_SUPPORTED", 1);
+  if (!w(F(SDB_SUPPORTED, 1))) return false;
   if (r.CS_SUPPORTED) {
-    if (!w.need(1)) return false;
-    w.u(r.MOB_QOS, "MOB_QOS", 1);
+    if (!w(F(MOB_QOS, 1))) return false;
   }
-  if (!w.need(1)) return false;
-  w.u(r.MS_INIT_POS_LOC_SUP_IND, "MS_INIT_POS_LOC_SUP_IND", 1);
+  if (!w(F(MS_INIT_POS_LOC_SUP_IND, 1))) return false;
   return true;
 }
 
@@ -1430,64 +1136,46 @@ bool uhdm_rel_c(W& w, FD_UHDM& r) {
 template <class W>
 bool uhdm_rel_d(W& w, FD_UHDM& r, const Ctx& c) {
   if (r.FOR_PDCH_SUPPORTED) {
-    if (!w.need(1)) return false;
-    w.u(r.REV_PDCH_SUPPORTED, "REV_PDCH_SUPPORTED", 1);
+    if (!w(F(REV_PDCH_SUPPORTED, 1))) return false;
   }
   // Hysteresis only means something inside a packet zone.
   if (r.EXTRA_PARMS && r.PACKET_ZONE_ID != 0) {
-    if (!w.need(1)) return false;
-    w.u(r.PZ_HYST_ENABLED, "PZ_HYST_ENABLED", 1);
+    if (!w(F(PZ_HYST_ENABLED, 1))) return false;
     if (r.PZ_HYST_ENABLED) {
-      if (!w.need(1)) return false;
-      w.u(r.PZ_HYST_INFO_INCL, "PZ_HYST_INFO_INCL", 1);
+      if (!w(F(PZ_HYST_INFO_INCL, 1))) return false;
       if (r.PZ_HYST_INFO_INCL) {
-        if (!w.need(20)) return false;
-        w.u(r.PZ_HYST_LIST_LEN, "PZ_HYST_LIST_LEN", 4);
-        w.u(r.PZ_HYST_ACT_TIMER, "PZ_HYST_ACT_TIMER", 8);
-        w.u(r.PZ_HYST_TIMER_MUL, "PZ_HYST_TIMER_MUL", 3);
-        w.u(r.PZ_HYST_TIMER_EXP, "PZ_HYST_TIMER_EXP", 5);
+        if (!w(F(PZ_HYST_LIST_LEN, 4), F(PZ_HYST_ACT_TIMER, 8), F(PZ_HYST_TIMER_MUL, 3), F(PZ_HYST_TIMER_EXP, 5))) return false;
       }
     }
   }
-  if (!w.need(1)) return false;
-  w.u(r.BCMC_ON_TRAFFIC_SUP, "BCMC_ON_TRAFFIC_SUP", 1);
+  if (!w(F(BCMC_ON_TRAFFIC_SUP, 1))) return false;
   if (r.BCMC_ON_TRAFFIC_SUP) {
-    if (!w.need(1)) return false;
-    w.u(r.AUTO_REQ_TRAF_ALLOWED_IND, "AUTO_REQ_TRAF_ALLOWED_IND", 1);
+    if (!w(F(AUTO_REQ_TRAF_ALLOWED_IND, 1))) return false;
   }
   // Broadcast on a supplemental channel needs a forward supplemental assignment to ride on.
   const bool for_sch = r.SCH_INCL && r.NUM_FOR_ASSIGN != 0;
   if (r.BCMC_ON_TRAFFIC_SUP && for_sch) {
-    if (!w.need(1)) return false;
-    w.u(r.SCH_BCMC_IND, "SCH_BCMC_IND", 1);
+    if (!w(F(SCH_BCMC_IND, 1))) return false;
   }
   if (r.SCH_BCMC_IND && for_sch) {
-    if (!w.need(1)) return false;
-    w.u(r.ADD_PLCM_FOR_SCH_INCL, "ADD_PLCM_FOR_SCH_INCL", 1);
+    if (!w(F(ADD_PLCM_FOR_SCH_INCL, 1))) return false;
     if (r.ADD_PLCM_FOR_SCH_INCL) {
-      if (!w.need(1)) return false;
-      w.u(r.ADD_PLCM_FOR_SCH_TYPE, "ADD_PLCM_FOR_SCH_TYPE", 1);
+      if (!w(F(ADD_PLCM_FOR_SCH_TYPE, 1))) return false;
       if (r.ADD_PLCM_FOR_SCH_TYPE) {
-        if (!w.need(35)) return false;
-        w.bits(r.ADD_PLCM_FOR_SCH_35, "ADD_PLCM_FOR_SCH_35", 35);
+        if (!w(F(ADD_PLCM_FOR_SCH_35, 35))) return false;
       }
     }
     // One record for each forward supplemental channel assigned above.
     if (!w.counted("SCH_BCMCs", "FD_UHDM_SCH_BCMCs", r.SCH_BCMCs, r.NUM_FOR_ASSIGN, c)) return false;
   }
   if (r.CS_SUPPORTED) {
-    if (!w.need(3)) return false;
-    w.u(r.MAX_ADD_SERV_INSTANCE, "MAX_ADD_SERV_INSTANCE", 3);
+    if (!w(F(MAX_ADD_SERV_INSTANCE, 3))) return false;
   }
-  if (!w.need(2)) return false;
-  w.u(r.USE_CH_CFG_RRM, "USE_CH_CFG_RRM", 1);
-  w.u(r.TX_PWR_LIMIT_INCL, "TX_PWR_LIMIT_INCL", 1);
+  if (!w(F(USE_CH_CFG_RRM, 1), F(TX_PWR_LIMIT_INCL, 1))) return false;
   if (r.TX_PWR_LIMIT_INCL) {
-    if (!w.need(1)) return false;
-    w.u(r.TX_PWR_LIMIT_DEFAULT, "TX_PWR_LIMIT_DEFAULT", 1);
+    if (!w(F(TX_PWR_LIMIT_DEFAULT, 1))) return false;
     if (!r.TX_PWR_LIMIT_DEFAULT) {
-      if (!w.need(6)) return false;
-      w.u(r.TX_PWR_LIMIT, "TX_PWR_LIMIT", 6);
+      if (!w(F(TX_PWR_LIMIT, 6))) return false;
     }
   }
   return true;
@@ -1495,85 +1183,44 @@ bool uhdm_rel_d(W& w, FD_UHDM& r, const Ctx& c) {
 
 template <class W>
 void layout(W& w, FD_UHDM& r, const Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  if (r.USE_TIME) {
-    if (!w.need(6)) return;
-    w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  }
-  if (!w.need(3)) return;
-  w.u(r.HDM_SEQ, "HDM_SEQ", 2);
-  w.u(r.PARMS_INCL, "PARMS_INCL", 1);
-  if (r.PARMS_INCL) {
-    if (!w.need(9)) return;
-    w.u(r.P_REV, "P_REV", 8);
-    w.u(r.SERV_NEG_TYPE, "SERV_NEG_TYPE", 1);
-  }
+  w(F(USE_TIME, 1));
+  if (r.USE_TIME) w(F(ACTION_TIME, 6));
+  w(F(HDM_SEQ, 2), F(PARMS_INCL, 1));
+  if (r.PARMS_INCL) w(F(P_REV, 8), F(SERV_NEG_TYPE, 1));
   // The service configuration records are laid out for the revision the mobile station hands
   // off to: the message's own P_REV when it carries one.
   Ctx target = c;
   if (r.PARMS_INCL) target.p_rev = r.P_REV;
 
-  if (!w.need(1)) return;
-  w.u(r.SEARCH_INCLUDED, "SEARCH_INCLUDED", 1);
+  w(F(SEARCH_INCLUDED, 1));
   if (r.SEARCH_INCLUDED && !search_group(w, r)) return;
-  if (!w.need(1)) return;
-  w.u(r.EXTRA_PARMS, "EXTRA_PARMS", 1);
+  w(F(EXTRA_PARMS, 1));
   if (r.EXTRA_PARMS) {
-    if (!w.need(48)) return;
-    w.u(r.PACKET_ZONE_ID, "PACKET_ZONE_ID", 8);
-    w.u(r.FRAME_OFFSET, "FRAME_OFFSET", 4);
-    w.u(r.PRIVATE_LCM, "PRIVATE_LCM", 1);
-    w.u(r.RESET_L2, "RESET_L2", 1);
-    w.u(r.RESET_FPC, "RESET_FPC", 1);
-    w.u(r.ENCRYPT_MODE, "ENCRYPT_MODE", 2);
-    w.u(r.NOM_PWR_EXT, "NOM_PWR_EXT", 1);
-    w.u(r.NOM_PWR, "NOM_PWR", 4);
-    w.u(r.RLGAIN_TRAFFIC_PILOT, "RLGAIN_TRAFFIC_PILOT", 6);
-    w.u(r.DEFAULT_RLAG, "DEFAULT_RLAG", 1);
-    w.u(r.NUM_PREAMBLE, "NUM_PREAMBLE", 3);
-    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-    w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
+    w(F(PACKET_ZONE_ID, 8), F(FRAME_OFFSET, 4), F(PRIVATE_LCM, 1), F(RESET_L2, 1), F(RESET_FPC, 1),
+      F(ENCRYPT_MODE, 2), F(NOM_PWR_EXT, 1), F(NOM_PWR, 4), F(RLGAIN_TRAFFIC_PILOT, 6), F(DEFAULT_RLAG, 1),
+      F(NUM_PREAMBLE, 3), F(BAND_CLASS, 5), F(CDMA_FREQ, 11));
     if (!return_and_scr(w, r, target)) return;
-    if (!w.need(1)) return;
-    w.u(r.NNSCR_INCLUDED, "NNSCR_INCLUDED", 1);
+    w(F(NNSCR_INCLUDED, 1));
     if (r.NNSCR_INCLUDED && !nnscr_record(w, r.RECORD_TYPE2, r.RECORD_LEN2, r.NNSCR, target)) return;
   }
-  if (!w.need(1)) return;
-  w.u(r.USE_PWR_CNTL_STEP, "USE_PWR_CNTL_STEP", 1);
-  if (r.USE_PWR_CNTL_STEP) {
-    if (!w.need(3)) return;
-    w.u(r.PWR_CNTL_STEP, "PWR_CNTL_STEP", 3);
-  }
-  if (!w.need(2)) return;
-  w.u(r.CLEAR_RETRY_DELAY, "CLEAR_RETRY_DELAY", 1);
-  w.u(r.SCH_INCL, "SCH_INCL", 1);
+  w(F(USE_PWR_CNTL_STEP, 1));
+  if (r.USE_PWR_CNTL_STEP) w(F(PWR_CNTL_STEP, 3));
+  w(F(CLEAR_RETRY_DELAY, 1), F(SCH_INCL, 1));
   if (r.SCH_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.NUM_FOR_ASSIGN, "NUM_FOR_ASSIGN", 2);
+    w(F(NUM_FOR_ASSIGN, 2));
     if (!w.counted("FOR_SCH_ASSIGNs", "FD_UHDM_FOR_SCH_ASSIGNs", r.FOR_SCH_ASSIGNs, r.NUM_FOR_ASSIGN, c)) return;
-    if (!w.need(2)) return;
-    w.u(r.NUM_REV_ASSIGN, "NUM_REV_ASSIGN", 2);
+    w(F(NUM_REV_ASSIGN, 2));
     if (!w.counted("REV_SCH_ASSIGNs", "FD_UHDM_REV_SCH_ASSIGNs", r.REV_SCH_ASSIGNs, r.NUM_REV_ASSIGN, c)) return;
   }
-  if (!w.need(6)) return;
-  w.u(r.FPC_SUBCHAN_GAIN, "FPC_SUBCHAN_GAIN", 5);
-  w.u(r.USE_PC_TIME, "USE_PC_TIME", 1);
-  if (r.USE_PC_TIME) {
-    if (!w.need(6)) return;
-    w.u(r.PC_ACTION_TIME, "PC_ACTION_TIME", 6);
-  }
-  if (!w.need(11)) return;
-  w.u(r.CH_IND, "CH_IND", 3);
-  w.u(r.ACTIVE_SET_REC_LEN, "ACTIVE_SET_REC_LEN", 8);
+  w(F(FPC_SUBCHAN_GAIN, 5), F(USE_PC_TIME, 1));
+  if (r.USE_PC_TIME) w(F(PC_ACTION_TIME, 6));
+  w(F(CH_IND, 3), F(ACTIVE_SET_REC_LEN, 8));
   const std::uint64_t rec_bits = 8u * r.ACTIVE_SET_REC_LEN;
   if (r.CH_IND == 0 && c.p_rev >= 9) {
     // '000' refers to the extended channel indicator of the packet data channels. Its first
     // octet is part of the record's length.
     if (rec_bits >= 8) {
-      if (!w.need(8)) return;
-      w.u(r.EXT_CH_IND, "EXT_CH_IND", 5);
-      w.u(r.RESERVED, "RESERVED", 3);
+      w(F(EXT_CH_IND, 5), F(RESERVED, 3));
       ExtAsrCtx ext{};
       static_cast<Ctx&>(ext) = c;
       ext.ext_ch_ind = r.EXT_CH_IND;
@@ -1599,8 +1246,7 @@ void layout(W& w, FD_UHDM& r, const Ctx& c) {
   }
   if (c.p_rev < 7) return;
   if (!enc_and_calls(w, r, c, true, "FD_UHDM_CALLs")) return;
-  if (!w.need(1)) return;
-  w.u(r.CS_SUPPORTED, "CS_SUPPORTED", 1);
+  w(F(CS_SUPPORTED, 1));
   if (c.p_rev < 9 || !uhdm_rel_c(w, r)) return;
   if (c.p_rev < 10) return;
   uhdm_rel_d(w, r, c);
@@ -1616,10 +1262,7 @@ struct EscamRevCfg {
 
 template <class W>
 void layout(W& w, EscamRevCfg& r, const Ctx&) {
-  if (!w.need(6)) return;
-  w.u(r.REV_SCH_ID, "REV_SCH_ID", 1);
-  w.u(r.REV_WALSH_ID, "REV_WALSH_ID", 1);
-  w.u(r.REV_SCH_RATE, "REV_SCH_RATE", 4);
+  w(F(REV_SCH_ID, 1), F(REV_WALSH_ID, 1), F(REV_SCH_RATE, 4));
 }
 
 struct EscamRevSch {
@@ -1632,16 +1275,9 @@ struct EscamRevSch {
 
 template <class W>
 void layout(W& w, EscamRevSch& r, const Ctx&) {
-  if (!w.need(6)) return;
-  w.u(r.REV_SCH_ID, "REV_SCH_ID", 1);
-  w.u(r.REV_SCH_DURATION, "REV_SCH_DURATION", 4);
-  w.u(r.REV_SCH_START_TIME_INCL, "REV_SCH_START_TIME_INCL", 1);
-  if (r.REV_SCH_START_TIME_INCL) {
-    if (!w.need(5)) return;
-    w.u(r.REV_SCH_START_TIME, "REV_SCH_START_TIME", 5);
-  }
-  if (!w.need(4)) return;
-  w.u(r.REV_SCH_RATE, "REV_SCH_RATE", 4);
+  w(F(REV_SCH_ID, 1), F(REV_SCH_DURATION, 4), F(REV_SCH_START_TIME_INCL, 1));
+  if (r.REV_SCH_START_TIME_INCL) w(F(REV_SCH_START_TIME, 5));
+  w(F(REV_SCH_RATE, 4));
 }
 
 // A pilot of the soft handoff set of a forward supplemental channel configuration.
@@ -1657,12 +1293,9 @@ struct EscamSupSho {
 
 template <class W>
 void layout(W& w, EscamSupSho& r, const Ctx& c) {
-  if (!w.need(9)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
+  w(F(PILOT_PN, 9));
   if (!add_pilot_rec(w, r, "ACTIVE_PILOT_REC_TYPE", c)) return;
-  if (!w.need(13)) return;
-  w.u(r.CODE_CHAN_SCH, "CODE_CHAN_SCH", 11);
-  w.u(r.QOF_MASK_ID_SCH, "QOF_MASK_ID_SCH", 2);
+  w(F(CODE_CHAN_SCH, 11), F(QOF_MASK_ID_SCH, 2));
 }
 
 struct EscamForCfg {
@@ -1675,11 +1308,7 @@ struct EscamForCfg {
 
 template <class W>
 void layout(W& w, EscamForCfg& r, const Ctx& c) {
-  if (!w.need(12)) return;
-  w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
-  w.u(r.SCCL_INDEX, "SCCL_INDEX", 4);
-  w.u(r.FOR_SCH_RATE, "FOR_SCH_RATE", 4);
-  w.u(r.NUM_SUP_SHO, "NUM_SUP_SHO", 3);
+  w(F(FOR_SCH_ID, 1), F(SCCL_INDEX, 4), F(FOR_SCH_RATE, 4), F(NUM_SUP_SHO, 3));
   w.counted("SUP_SHOs", "FD_ESCAM_FOR_CFGs_SUP_SHOs", r.SUP_SHOs, r.NUM_SUP_SHO + 1u, c);
 }
 
@@ -1694,12 +1323,7 @@ struct EscamFpcSup {
 
 template <class W>
 void layout(W& w, EscamFpcSup& r, const Ctx&) {
-  if (!w.need(30)) return;
-  w.u(r.SCH_ID, "SCH_ID", 1);
-  w.u(r.FPC_SCH_FER, "FPC_SCH_FER", 5);
-  w.u(r.FPC_SCH_INIT_SETPT, "FPC_SCH_INIT_SETPT", 8);
-  w.u(r.FPC_SCH_MIN_SETPT, "FPC_SCH_MIN_SETPT", 8);
-  w.u(r.FPC_SCH_MAX_SETPT, "FPC_SCH_MAX_SETPT", 8);
+  w(F(SCH_ID, 1), F(FPC_SCH_FER, 5), F(FPC_SCH_INIT_SETPT, 8), F(FPC_SCH_MIN_SETPT, 8), F(FPC_SCH_MAX_SETPT, 8));
 }
 
 struct EscamRpcSup {
@@ -1709,9 +1333,7 @@ struct EscamRpcSup {
 
 template <class W>
 void layout(W& w, EscamRpcSup& r, const Ctx&) {
-  if (!w.need(7)) return;
-  w.u(r.SCH_ID, "SCH_ID", 1);
-  w.u(r.RLGAIN_SCH_PILOT, "RLGAIN_SCH_PILOT", 6);
+  w(F(SCH_ID, 1), F(RLGAIN_SCH_PILOT, 6));
 }
 
 // ---- P_REV 7 and 8: the 3X code channels, the common power control encoders and the
@@ -1740,8 +1362,7 @@ struct EscamF3xRec {
 
 template <class W>
 void layout(W& w, EscamF3xRec& r, const EscamF3xCtx& c) {
-  if (!w.need(4)) return;
-  w.u(r.SCCL_INDEX, "SCCL_INDEX", 4);
+  w(F(SCCL_INDEX, 4));
   // A record that matches no forward configuration has no pilots to describe.
   std::uint32_t pilots = 0;
   for (std::uint32_t k = 0; c.for_cfgs && k < c.for_cfgs->count; ++k) {
@@ -1762,9 +1383,7 @@ struct EscamF3xCfg {
 
 template <class W>
 void layout(W& w, EscamF3xCfg& r, const EscamF3xCtx& c) {
-  if (!w.need(6)) return;
-  w.u(r.FOR_SCH_ID, "FOR_SCH_ID", 1);
-  w.u(r.NUM_F3X_REC, "NUM_F3X_REC", 5);
+  w(F(FOR_SCH_ID, 1), F(NUM_F3X_REC, 5));
   EscamF3xCtx recs = c;
   recs.for_sch_id = r.FOR_SCH_ID;
   w.counted("RECs", "FD_ESCAM_F3X_CFGs_RECs", r.RECs, r.NUM_F3X_REC + 1u, recs);
@@ -1842,87 +1461,53 @@ struct FD_ESCAM {
 
 template <class W>
 void layout(W& w, FD_ESCAM& r, const Ctx& c) {
-  if (!w.need(9)) return;
-  w.u(r.START_TIME_UNIT, "START_TIME_UNIT", 3);
-  w.u(r.REV_SCH_DTX_DURATION, "REV_SCH_DTX_DURATION", 4);
-  w.u(r.USE_T_ADD_ABORT, "USE_T_ADD_ABORT", 1);
-  w.u(r.USE_SCRM_SEQ_NUM, "USE_SCRM_SEQ_NUM", 1);
-  if (r.USE_SCRM_SEQ_NUM) {
-    if (!w.need(4)) return;
-    w.u(r.SCRM_SEQ_NUM, "SCRM_SEQ_NUM", 4);
-  }
-  if (!w.need(1)) return;
-  w.u(r.ADD_INFO_INCL, "ADD_INFO_INCL", 1);
-  if (r.ADD_INFO_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.FPC_PRI_CHAN, "FPC_PRI_CHAN", 1);
-  }
+  w(F(START_TIME_UNIT, 3), F(REV_SCH_DTX_DURATION, 4), F(USE_T_ADD_ABORT, 1), F(USE_SCRM_SEQ_NUM, 1));
+  if (r.USE_SCRM_SEQ_NUM) w(F(SCRM_SEQ_NUM, 4));
+  w(F(ADD_INFO_INCL, 1));
+  if (r.ADD_INFO_INCL) w(F(FPC_PRI_CHAN, 1));
 
-  if (!w.need(1)) return;
-  w.u(r.REV_CFG_INCLUDED, "REV_CFG_INCLUDED", 1);
+  w(F(REV_CFG_INCLUDED, 1));
   if (r.REV_CFG_INCLUDED) {
-    if (!w.need(5)) return;
-    w.u(r.NUM_REV_CFG_RECS, "NUM_REV_CFG_RECS", 5);
+    w(F(NUM_REV_CFG_RECS, 5));
     if (!w.counted("REV_CFGs", "FD_ESCAM_REV_CFGs", r.REV_CFGs, r.NUM_REV_CFG_RECS + 1u, c)) return;
   }
-  if (!w.need(2)) return;
-  w.u(r.NUM_REV_SCH, "NUM_REV_SCH", 2);
+  w(F(NUM_REV_SCH, 2));
   if (!w.counted("REV_SCHs", "FD_ESCAM_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
 
-  if (!w.need(1)) return;
-  w.u(r.FOR_CFG_INCLUDED, "FOR_CFG_INCLUDED", 1);
+  w(F(FOR_CFG_INCLUDED, 1));
   if (r.FOR_CFG_INCLUDED) {
-    if (!w.need(6)) return;
-    w.u(r.FOR_SCH_FER_REP, "FOR_SCH_FER_REP", 1);
-    w.u(r.NUM_FOR_CFG_RECS, "NUM_FOR_CFG_RECS", 5);
+    w(F(FOR_SCH_FER_REP, 1), F(NUM_FOR_CFG_RECS, 5));
     if (!w.counted("FOR_CFGs", "FD_ESCAM_FOR_CFGs", r.FOR_CFGs, r.NUM_FOR_CFG_RECS + 1u, c)) return;
   }
-  if (!w.need(2)) return;
-  w.u(r.NUM_FOR_SCH, "NUM_FOR_SCH", 2);
+  w(F(NUM_FOR_SCH, 2));
   if (!w.counted("FOR_SCHs", "FD_ESCAM_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
 
-  if (!w.need(1)) return;
-  w.u(r.FPC_INCL, "FPC_INCL", 1);
+  w(F(FPC_INCL, 1));
   if (r.FPC_INCL) {
-    if (!w.need(4)) return;
-    w.u(r.FPC_MODE_SCH, "FPC_MODE_SCH", 3);
-    w.u(r.FPC_SCH_INIT_SETPT_OP, "FPC_SCH_INIT_SETPT_OP", 1);
+    w(F(FPC_MODE_SCH, 3), F(FPC_SCH_INIT_SETPT_OP, 1));
     // Modes '001' and '010' run a secondary power control subchannel.
-    if (r.FPC_MODE_SCH == 1 || r.FPC_MODE_SCH == 2) {
-      if (!w.need(1)) return;
-      w.u(r.FPC_SEC_CHAN, "FPC_SEC_CHAN", 1);
-    }
-    if (!w.need(2)) return;
-    w.u(r.NUM_SUP, "NUM_SUP", 2);
+    if (r.FPC_MODE_SCH == 1 || r.FPC_MODE_SCH == 2) w(F(FPC_SEC_CHAN, 1));
+    w(F(NUM_SUP, 2));
     if (!w.counted("FPC_SUPs", "FD_ESCAM_FPC_SUPs", r.FPC_SUPs, r.NUM_SUP, c)) return;
-    if (!w.need(1)) return;
-    w.u(r.FPC_THRESH_SCH_INCL, "FPC_THRESH_SCH_INCL", 1);
-    if (r.FPC_THRESH_SCH_INCL) {
-      if (!w.need(8)) return;
-      w.u(r.FPC_SETPT_THRESH_SCH, "FPC_SETPT_THRESH_SCH", 8);
-    }
+    w(F(FPC_THRESH_SCH_INCL, 1));
+    if (r.FPC_THRESH_SCH_INCL) w(F(FPC_SETPT_THRESH_SCH, 8));
   }
-  if (!w.need(1)) return;
-  w.u(r.RPC_INCL, "RPC_INCL", 1);
+  w(F(RPC_INCL, 1));
   if (r.RPC_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.RPC_NUM_SUP, "RPC_NUM_SUP", 1);
+    w(F(RPC_NUM_SUP, 1));
     if (!w.counted("RPC_SUPs", "FD_ESCAM_RPC_SUPs", r.RPC_SUPs, r.RPC_NUM_SUP + 1u, c)) return;
   }
   if (c.p_rev < 7) return;
-  if (!w.need(1)) return;
-  w.u(r.F3X_SCH_INFO_INCL, "F3X_SCH_INFO_INCL", 1);
+  w(F(F3X_SCH_INFO_INCL, 1));
   if (r.F3X_SCH_INFO_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.NUM_F3X_CFG, "NUM_F3X_CFG", 2);
+    w(F(NUM_F3X_CFG, 2));
     EscamF3xCtx f3x{};
     static_cast<Ctx&>(f3x) = c;
     f3x.for_cfgs = r.FOR_CFG_INCLUDED ? &r.FOR_CFGs : nullptr;
     if (!w.counted("F3X_CFGs", "FD_ESCAM_F3X_CFGs", r.F3X_CFGs, r.NUM_F3X_CFG, f3x)) return;
   }
   if (c.p_rev < 8) return;
-  if (!w.need(1)) return;
-  w.u(r.CCSH_INCLUDED, "CCSH_INCLUDED", 1);
+  w(F(CCSH_INCLUDED, 1));
   if (r.CCSH_INCLUDED && r.FOR_CFG_INCLUDED) {
     // One group per forward configuration record, sized by that record's pilots.
     if constexpr (W::kReading) {
@@ -1934,27 +1519,19 @@ void layout(W& w, FD_ESCAM& r, const Ctx& c) {
     for (std::uint32_t i = 0; i < r.CCSH_CFGs.count && i < 32; ++i)
       if (!w.sub(kCcshCfgLabel[i], "FD_ESCAM_CCSH_CFGs", r.CCSH_CFGs[i], c)) return;
   }
-  if (!w.need(1)) return;
-  w.u(r.FOR_SCH_CC_INCL, "FOR_SCH_CC_INCL", 1);
+  w(F(FOR_SCH_CC_INCL, 1));
   if (r.FOR_SCH_CC_INCL && !w.counted("FOR_SCH_CCs", "FD_ESCAM_FOR_SCH_CCs", r.FOR_SCH_CCs, r.NUM_FOR_SCH, c)) return;
-  if (!w.need(1)) return;
-  w.u(r.REV_SCH_CC_INCL, "REV_SCH_CC_INCL", 1);
+  w(F(REV_SCH_CC_INCL, 1));
   if (r.REV_SCH_CC_INCL && !w.counted("REV_SCH_CCs", "FD_ESCAM_REV_SCH_CCs", r.REV_SCH_CCs, r.NUM_REV_SCH, c)) return;
   if (c.p_rev < 10 || r.NUM_FOR_SCH == 0) return;
   // Release D: broadcast-multicast on the forward supplemental channels just assigned, with
   // the same outer-code record per channel as the Universal Handoff Direction Message.
-  if (!w.need(1)) return;
-  w.u(r.SCH_BCMC_IND, "SCH_BCMC_IND", 1);
+  w(F(SCH_BCMC_IND, 1));
   if (!r.SCH_BCMC_IND) return;
-  if (!w.need(1)) return;
-  w.u(r.ADD_PLCM_FOR_SCH_INCL, "ADD_PLCM_FOR_SCH_INCL", 1);
+  w(F(ADD_PLCM_FOR_SCH_INCL, 1));
   if (r.ADD_PLCM_FOR_SCH_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.ADD_PLCM_FOR_SCH_TYPE, "ADD_PLCM_FOR_SCH_TYPE", 1);
-    if (r.ADD_PLCM_FOR_SCH_TYPE) {
-      if (!w.need(35)) return;
-      w.bits(r.ADD_PLCM_FOR_SCH_35, "ADD_PLCM_FOR_SCH_35", 35);
-    }
+    w(F(ADD_PLCM_FOR_SCH_TYPE, 1));
+    if (r.ADD_PLCM_FOR_SCH_TYPE) w(F(ADD_PLCM_FOR_SCH_35, 35));
   }
   w.counted("SCH_BCMCs", "FD_ESCAM_SCH_BCMCs", r.SCH_BCMCs, r.NUM_FOR_SCH, c);
   // FPC_BCMC_CHAN (one bit) closes the message under a condition not known here: not read.
@@ -2001,8 +1578,7 @@ void layout(W& w, FD_SCM& r, const Ctx& c) {
     // '11' (from P_REV 9) restores the stored configuration of one service reference, named
     // right after the indicator.
     if (c.p_rev >= 9 && r.USE_OLD_SERV_CONFIG == 3) {
-      if (!w.need(3)) return;
-      w.u(r.SR_ID, "SR_ID", 3);
+      w(F(SR_ID, 3));
       // Release D follows it with SR_ID_RESTORE_BITMAP, whose width and condition are not
       // known: the message is not read further.
       if (c.p_rev >= 10) return;
@@ -2015,16 +1591,13 @@ void layout(W& w, FD_SCM& r, const Ctx& c) {
     if (c.p_rev >= 6 && !nnscr_record(w, r.RECORD_TYPE2, r.RECORD_LEN2, r.NNSCR, c)) return;
   }
   if (c.p_rev < 7) return;
-  if (!w.need(1)) return;
-  w.u(r.CC_INFO_INCL, "CC_INFO_INCL", 1);
+  w(F(CC_INFO_INCL, 1));
   if (r.CC_INFO_INCL) {
-    if (!w.need(8)) return;
-    w.u(r.NUM_CALLS_ASSIGN, "NUM_CALLS_ASSIGN", 8);
+    w(F(NUM_CALLS_ASSIGN, 8));
     if (!w.counted("CALLs", "FD_SCM_CALLs", r.CALLs, r.NUM_CALLS_ASSIGN, c)) return;
   }
   if (c.p_rev < 9) return;
-  if (!w.need(1)) return;
-  w.u(r.USE_TYPE0_PLCM, "USE_TYPE0_PLCM", 1);
+  w(F(USE_TYPE0_PLCM, 1));
   // Release D appends SYNC_ID_BS_INITIATED_IND and the SR_ID_RELEASE_BITMAP group under
   // conditions not known here; the message ends at USE_TYPE0_PLCM.
 }

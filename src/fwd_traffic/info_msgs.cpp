@@ -26,14 +26,9 @@ struct FD_EAWIM {
 };
 template <class W>
 void layout(W& w, FD_EAWIM& r, const Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(r.CON_REF_INCL, "CON_REF_INCL", 1);
-  if (r.CON_REF_INCL) {
-    if (!w.need(8)) return;
-    w.u(r.CON_REF, "CON_REF", 8);
-  }
-  if (!w.need(4)) return;
-  w.u(r.NUM_REC, "NUM_REC", 4);
+  w(F(CON_REF_INCL, 1));
+  if (r.CON_REF_INCL) w(F(CON_REF, 8));
+  w(F(NUM_REC, 4));
   w.counted("INFO_RECs", "FWD_USER_INFO_REC", r.INFO_RECs, r.NUM_REC, c);
 }
 

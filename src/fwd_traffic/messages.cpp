@@ -42,27 +42,12 @@ struct FD_AHDM {
 
 template <class W>
 void layout(W& w, FD_AHDM& r, const Ctx& c) {
-  if (!w.need(42)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  w.u(r.SID, "SID", 15);
-  w.u(r.VMAC, "VMAC", 3);
-  w.u(r.ANALOG_CHAN, "ANALOG_CHAN", 11);
-  w.u(r.SCC, "SCC", 2);
-  w.u(r.MEM, "MEM", 1);
-  w.u(r.AN_CHAN_TYPE, "AN_CHAN_TYPE", 2);
-  w.u(r.DSCC_MSB, "DSCC_MSB", 1);
-  if (c.p_rev >= kIs95B) {
-    if (!w.need(5)) return;
-    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-  }
+  w(F(USE_TIME, 1), F(ACTION_TIME, 6), F(SID, 15), F(VMAC, 3), F(ANALOG_CHAN, 11), F(SCC, 2), F(MEM, 1),
+    F(AN_CHAN_TYPE, 2), F(DSCC_MSB, 1));
+  if (c.p_rev >= kIs95B) w(F(BAND_CLASS, 5));
   if (c.p_rev >= kRelA) {
-    if (!w.need(1)) return;
-    w.u(r.CON_REF_INCL, "CON_REF_INCL", 1);
-    if (r.CON_REF_INCL) {
-      if (!w.need(8)) return;
-      w.u(r.CON_REF, "CON_REF", 8);
-    }
+    w(F(CON_REF_INCL, 1));
+    if (r.CON_REF_INCL) w(F(CON_REF, 8));
   }
 }
 
@@ -79,18 +64,11 @@ struct FD_BDTMFM {
 
 template <class W>
 void layout(W& w, FD_BDTMFM& r, const Ctx& c) {
-  if (!w.need(14)) return;
-  w.u(r.NUM_DIGITS, "NUM_DIGITS", 8);
-  w.u(r.DTMF_ON_LENGTH, "DTMF_ON_LENGTH", 3);
-  w.u(r.DTMF_OFF_LENGTH, "DTMF_OFF_LENGTH", 3);
+  w(F(NUM_DIGITS, 8), F(DTMF_ON_LENGTH, 3), F(DTMF_OFF_LENGTH, 3));
   if (!w.scalars("DIGITi", r.DIGITi, r.NUM_DIGITS, 4)) return;
   if (c.p_rev >= kRelA) {
-    if (!w.need(1)) return;
-    w.u(r.CON_REF_INCL, "CON_REF_INCL", 1);
-    if (r.CON_REF_INCL) {
-      if (!w.need(8)) return;
-      w.u(r.CON_REF, "CON_REF", 8);
-    }
+    w(F(CON_REF_INCL, 1));
+    if (r.CON_REF_INCL) w(F(CON_REF, 8));
   }
 }
 
@@ -118,13 +96,10 @@ struct FD_STPM_PARAMETER {
 
 template <class W>
 void layout(W& w, FD_STPM_PARAMETER& r, const Ctx&) {
-  if (!w.need(26)) return;
-  w.u(r.PARAMETER_ID, "PARAMETER_ID", 16);
-  w.u(r.PARAMETER_LEN, "PARAMETER_LEN", 10);
+  w(F(PARAMETER_ID, 16), F(PARAMETER_LEN, 10));
   // PARAMETER_LEN is the parameter's width in bits less one.
   const std::uint32_t width = r.PARAMETER_LEN + 1u;
-  if (!w.need(width)) return;
-  w.bits(r.PARAMETER, "PARAMETER", width);
+  w(F(PARAMETER, width));
 }
 
 struct FD_STPM {
@@ -157,17 +132,8 @@ struct FD_MSRM {
 
 template <class W>
 void layout(W& w, FD_MSRM& r, const Ctx&) {
-  if (!w.need(107)) return;
-  w.u(r.SID, "SID", 15);
-  w.u(r.NID, "NID", 16);
-  w.u(r.REG_ZONE, "REG_ZONE", 12);
-  w.u(r.TOTAL_ZONES, "TOTAL_ZONES", 3);
-  w.u(r.ZONE_TIMER, "ZONE_TIMER", 3);
-  w.u(r.MULT_SIDS, "MULT_SIDS", 1);
-  w.u(r.MULT_NIDS, "MULT_NIDS", 1);
-  w.u(r.BASE_LAT, "BASE_LAT", 22);
-  w.u(r.BASE_LONG, "BASE_LONG", 23);
-  w.u(r.REG_DIST, "REG_DIST", 11);
+  w(F(SID, 15), F(NID, 16), F(REG_ZONE, 12), F(TOTAL_ZONES, 3), F(ZONE_TIMER, 3), F(MULT_SIDS, 1), F(MULT_NIDS, 1),
+    F(BASE_LAT, 22), F(BASE_LONG, 23), F(REG_DIST, 11));
 }
 
 // ---- Status Request Message (16) --------------------------------------------------------
@@ -205,12 +171,9 @@ bool qual_info(W& w, std::uint8_t type, std::uint8_t len_octets, std::uint8_t& b
 
 template <class W>
 void layout(W& w, FD_STRQM& r, const Ctx&) {
-  if (!w.need(11)) return;
-  w.u(r.QUAL_INFO_TYPE, "QUAL_INFO_TYPE", 8);
-  w.u(r.QUAL_INFO_LEN, "QUAL_INFO_LEN", 3);
+  w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
   if (!qual_info(w, r.QUAL_INFO_TYPE, r.QUAL_INFO_LEN, r.BAND_CLASS, r.OP_MODE)) return;
-  if (!w.need(4)) return;
-  w.u(r.NUM_FIELDS, "NUM_FIELDS", 4);
+  w(F(NUM_FIELDS, 4));
   w.scalars("RECORD_TYPE", r.RECORD_TYPE, r.NUM_FIELDS, 8);
 }
 
@@ -250,16 +213,10 @@ struct FD_SOCM {
 
 template <class W>
 void layout(W& w, FD_SOCM& r, const Ctx&) {
-  if (!w.need(39)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  w.u(r.CON_REF, "CON_REF", 8);
-  w.u(r.SERVICE_OPTION, "SERVICE_OPTION", 16);
-  w.u(r.CTL_REC_LEN, "CTL_REC_LEN", 8);
+  w(F(USE_TIME, 1), F(ACTION_TIME, 6), F(CON_REF, 8), F(SERVICE_OPTION, 16), F(CTL_REC_LEN, 8));
   // The control record's contents belong to the service option; they are shown whole.
   if (r.CTL_REC_LEN == 0) return;
-  if (!w.need(8u * r.CTL_REC_LEN)) return;
-  w.bits(r.TYPE_SPECIFIC_FIELDS, "TYPE_SPECIFIC_FIELDS", 8u * r.CTL_REC_LEN);
+  w(F(TYPE_SPECIFIC_FIELDS, 8u * r.CTL_REC_LEN));
 }
 
 // ---- TMSI Assignment Message (22) -------------------------------------------------------
@@ -273,16 +230,10 @@ struct FD_TASM {
 
 template <class W>
 void layout(W& w, FD_TASM& r, const Ctx&) {
-  if (!w.need(4)) return;
-  w.u(r.TMSI_ZONE_LEN, "TMSI_ZONE_LEN", 4);
-  if (r.TMSI_ZONE_LEN) {
-    if (!w.need(8u * r.TMSI_ZONE_LEN)) return;
-    w.bits(r.TMSI_ZONE, "TMSI_ZONE", 8u * r.TMSI_ZONE_LEN);
-  }
-  if (!w.need(32)) return;
-  w.u(r.TMSI_CODE, "TMSI_CODE", 32);
-  if (!w.need(24)) return;
-  w.u(r.TMSI_EXP_TIME, "TMSI_EXP_TIME", 24);
+  w(F(TMSI_ZONE_LEN, 4));
+  if (r.TMSI_ZONE_LEN) w(F(TMSI_ZONE, 8u * r.TMSI_ZONE_LEN));
+  w(F(TMSI_CODE, 32));
+  w(F(TMSI_EXP_TIME, 24));
 }
 
 // ---- Service Redirection Message (23) ---------------------------------------------------
@@ -305,24 +256,14 @@ template <class W>
 void layout(W& w, FD_SRDM_Record& r, const Ctx&) {
   switch (r.type) {
     case 1:   // analog system; the reserved bits that follow are covered by RECORD_LEN
-      if (!w.need(19)) return;
-      w.u(r.EXPECTED_SID, "EXPECTED_SID", 15);
-      w.u(r.IGNORE_CDMA, "IGNORE_CDMA", 1);
-      w.u(r.SYS_ORDERING, "SYS_ORDERING", 3);
+      w(F(EXPECTED_SID, 15), F(IGNORE_CDMA, 1), F(SYS_ORDERING, 3));
       break;
     case 2:   // CDMA system
-      if (!w.need(44)) return;
-      w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-      w.u(r.EXPECTED_SID, "EXPECTED_SID", 15);
-      w.u(r.EXPECTED_NID, "EXPECTED_NID", 16);
-      w.skip(4);
-      w.u(r.NUM_CHANS, "NUM_CHANS", 4);
+      w(F(BAND_CLASS, 5), F(EXPECTED_SID, 15), F(EXPECTED_NID, 16), reserved(4), F(NUM_CHANS, 4));
       w.scalars("CDMA_CHAN", r.CDMA_CHAN, r.NUM_CHANS, 11);
       break;
     case 4:   // JTACS system
-      if (!w.need(16)) return;
-      w.u(r.EXPECTED_AID, "EXPECTED_AID", 15);
-      w.u(r.IGNORE_CDMA, "IGNORE_CDMA", 1);
+      w(F(EXPECTED_AID, 15), F(IGNORE_CDMA, 1));
       break;
     default:   // '00000000' (NDSS off) carries no fields; other types are reserved
       break;
@@ -340,16 +281,9 @@ struct FD_SRDM {
 
 template <class W>
 void layout(W& w, FD_SRDM& r, const Ctx& c) {
-  if (!w.need(2)) return;
-  w.u(r.RETURN_IF_FAIL, "RETURN_IF_FAIL", 1);
-  w.u(r.DELETE_TMSI, "DELETE_TMSI", 1);
-  if (c.p_rev >= kIs95B) {
-    if (!w.need(1)) return;
-    w.u(r.REDIRECT_TYPE, "REDIRECT_TYPE", 1);
-  }
-  if (!w.need(16)) return;
-  w.u(r.RECORD_TYPE, "RECORD_TYPE", 8);
-  w.u(r.RECORD_LEN, "RECORD_LEN", 8);
+  w(F(RETURN_IF_FAIL, 1), F(DELETE_TMSI, 1));
+  if (c.p_rev >= kIs95B) w(F(REDIRECT_TYPE, 1));
+  w(F(RECORD_TYPE, 8), F(RECORD_LEN, 8));
   // The record's layout depends on the type read just before it.
   if constexpr (W::kReading) r.RECORD.type = r.RECORD_TYPE;
   if (r.RECORD_LEN == 0) return;
@@ -369,14 +303,8 @@ struct FD_UZRM {
 
 template <class W>
 void layout(W& w, FD_UZRM& r, const Ctx&) {
-  if (!w.need(20)) return;
-  w.u(r.REJECT_UZID, "REJECT_UZID", 16);
-  w.u(r.REJECT_ACTION_INDI, "REJECT_ACTION_INDI", 3);
-  w.u(r.UZID_ASSIGN_INCL, "UZID_ASSIGN_INCL", 1);
-  if (r.UZID_ASSIGN_INCL) {
-    if (!w.need(16)) return;
-    w.u(r.ASSIGN_UZID, "ASSIGN_UZID", 16);
-  }
+  w(F(REJECT_UZID, 16), F(REJECT_ACTION_INDI, 3), F(UZID_ASSIGN_INCL, 1));
+  if (r.UZID_ASSIGN_INCL) w(F(ASSIGN_UZID, 16));
 }
 
 struct FD_UZUM {
@@ -385,8 +313,7 @@ struct FD_UZUM {
 
 template <class W>
 void layout(W& w, FD_UZUM& r, const Ctx&) {
-  if (!w.need(16)) return;
-  w.u(r.UZID, "UZID", 16);
+  w(F(UZID, 16));
 }
 
 // ---- Extended Release Message (33) ------------------------------------------------------
@@ -429,82 +356,44 @@ struct FD_ERM {
 // transmit diversity, '011' back to system determination (no idle parameters follow).
 template <class W>
 void direct_to_idle(W& w, FD_ERM& r) {
-  if (!w.need(3)) return;
-  w.u(r.RELEASE_TYPE, "RELEASE_TYPE", 3);
+  w(F(RELEASE_TYPE, 3));
   const bool to_idle = r.RELEASE_TYPE != 3;
   if (to_idle) {
-    if (!w.need(32)) return;
-    w.u(r.SID, "SID", 15);
-    w.u(r.NID, "NID", 16);
-    w.u(r.FREQ_INCL, "FREQ_INCL", 1);
-    if (r.FREQ_INCL) {
-      if (!w.need(16)) return;
-      w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
-      w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-    }
+    w(F(SID, 15), F(NID, 16), F(FREQ_INCL, 1));
+    if (r.FREQ_INCL) w(F(CDMA_FREQ, 11), F(BAND_CLASS, 5));
   }
   if (r.RELEASE_TYPE == 0) {
-    if (!w.need(5)) return;
-    w.u(r.PAGE_CH, "PAGE_CH", 3);
-    w.u(r.PRAT, "PRAT", 2);
+    w(F(PAGE_CH, 3), F(PRAT, 2));
   } else if (r.RELEASE_TYPE == 1) {
-    if (!w.need(9)) return;
-    w.u(r.SR1_BCCH_CODE_CHAN_NON_TD, "SR1_BCCH_CODE_CHAN_NON_TD", 6);
-    w.u(r.SR1_CRAT_NON_TD, "SR1_CRAT_NON_TD", 1);
-    w.u(r.SR1_BRAT_NON_TD, "SR1_BRAT_NON_TD", 2);
+    w(F(SR1_BCCH_CODE_CHAN_NON_TD, 6), F(SR1_CRAT_NON_TD, 1), F(SR1_BRAT_NON_TD, 2));
   } else if (r.RELEASE_TYPE == 2) {
-    if (!w.need(13)) return;
-    w.u(r.SR1_TD_MODE, "SR1_TD_MODE", 2);
-    w.u(r.SR1_BCCH_CODE_CHAN_TD, "SR1_BCCH_CODE_CHAN_TD", 6);
-    w.u(r.SR1_CRAT_TD, "SR1_CRAT_TD", 1);
-    w.u(r.SR1_BRAT_TD, "SR1_BRAT_TD", 2);
-    w.u(r.SR1_TD_POWER_LEVEL, "SR1_TD_POWER_LEVEL", 2);
+    w(F(SR1_TD_MODE, 2), F(SR1_BCCH_CODE_CHAN_TD, 6), F(SR1_CRAT_TD, 1), F(SR1_BRAT_TD, 2), F(SR1_TD_POWER_LEVEL, 2));
   }
   if (!to_idle) return;
-  if (!w.need(1)) return;
-  w.u(r.NUM_PILOTS_D2I_INCL, "NUM_PILOTS_D2I_INCL", 1);
+  w(F(NUM_PILOTS_D2I_INCL, 1));
   if (r.NUM_PILOTS_D2I_INCL) {
-    if (!w.need(3)) return;
-    w.u(r.NUM_PILOTS_D2I, "NUM_PILOTS_D2I", 3);
+    w(F(NUM_PILOTS_D2I, 3));
     w.scalars("PILOT_PN", r.PILOT_PN, r.NUM_PILOTS_D2I, 9);
   }
 }
 
 template <class W>
 void layout(W& w, FD_ERM& r, const Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  if (r.USE_TIME) {
-    if (!w.need(6)) return;
-    w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  }
-  if (!w.need(4)) return;
-  w.u(r.CH_IND, "CH_IND", 3);
-  w.u(r.GATING_RATE_INCL, "GATING_RATE_INCL", 1);
-  if (r.GATING_RATE_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.PILOT_GATING_RATE, "PILOT_GATING_RATE", 2);
-  }
+  w(F(USE_TIME, 1));
+  if (r.USE_TIME) w(F(ACTION_TIME, 6));
+  w(F(CH_IND, 3), F(GATING_RATE_INCL, 1));
+  if (r.GATING_RATE_INCL) w(F(PILOT_GATING_RATE, 2));
   if (c.p_rev < kRelC) return;
 
-  if (!w.need(1)) return;
-  w.u(r.USE_EXT_CH_IND, "USE_EXT_CH_IND", 1);
+  w(F(USE_EXT_CH_IND, 1));
   if (r.USE_EXT_CH_IND) {
-    if (!w.need(6)) return;
-    w.u(r.EXT_CH_IND, "EXT_CH_IND", 5);
-    w.u(r.PDCH_CONTROL_HOLD, "PDCH_CONTROL_HOLD", 1);
+    w(F(EXT_CH_IND, 5), F(PDCH_CONTROL_HOLD, 1));
     if (r.GATING_RATE_INCL) {
-      if (!w.need(1)) return;
-      w.u(r.SWITCHING_PARMS_INCL, "SWITCHING_PARMS_INCL", 1);
-      if (r.SWITCHING_PARMS_INCL) {
-        if (!w.need(8)) return;
-        w.u(r.NUM_SOFT_SWITCHING_FRAMES_CHM, "NUM_SOFT_SWITCHING_FRAMES_CHM", 4);
-        w.u(r.NUM_SOFTER_SWITCHING_FRAMES_CHM, "NUM_SOFTER_SWITCHING_FRAMES_CHM", 4);
-      }
+      w(F(SWITCHING_PARMS_INCL, 1));
+      if (r.SWITCHING_PARMS_INCL) w(F(NUM_SOFT_SWITCHING_FRAMES_CHM, 4), F(NUM_SOFTER_SWITCHING_FRAMES_CHM, 4));
     }
   }
-  if (!w.need(1)) return;
-  w.u(r.DIRECT_TO_IDLE_INFO_INCL, "DIRECT_TO_IDLE_INFO_INCL", 1);
+  w(F(DIRECT_TO_IDLE_INFO_INCL, 1));
   if (r.DIRECT_TO_IDLE_INFO_INCL) direct_to_idle(w, r);
 }
 
@@ -526,42 +415,23 @@ struct FD_CLAM {
 
 template <class W>
 void layout(W& w, FD_CLAM& r, const Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(r.RESPONSE_IND, "RESPONSE_IND", 1);
+  w(F(RESPONSE_IND, 1));
   if (r.RESPONSE_IND) {
     // An answer to the mobile station's Enhanced Origination Message, found by its TAG.
-    if (!w.need(5)) return;
-    w.u(r.TAG, "TAG", 4);
-    w.u(r.ACCEPT_IND, "ACCEPT_IND", 1);
-    if (!r.ACCEPT_IND) {
-      if (!w.need(1)) return;
-      w.u(r.REJECT_PKTDATA_IND, "REJECT_PKTDATA_IND", 1);
-    }
+    w(F(TAG, 4), F(ACCEPT_IND, 1));
+    if (!r.ACCEPT_IND) w(F(REJECT_PKTDATA_IND, 1));
   } else {
-    if (!w.need(1)) return;
-    w.u(r.BYPASS_ALERT_ANSWER, "BYPASS_ALERT_ANSWER", 1);
+    w(F(BYPASS_ALERT_ANSWER, 1));
   }
-  if (!w.need(1)) return;
-  w.u(r.SO_INCL, "SO_INCL", 1);
-  if (r.SO_INCL) {
-    if (!w.need(16)) return;
-    w.u(r.SO, "SO", 16);
-  }
-  if (!w.need(1)) return;
-  w.u(r.CON_REF_INCL, "CON_REF_INCL", 1);
-  if (r.CON_REF_INCL) {
-    if (!w.need(8)) return;
-    w.u(r.CON_REF, "CON_REF", 8);
-  }
+  w(F(SO_INCL, 1));
+  if (r.SO_INCL) w(F(SO, 16));
+  w(F(CON_REF_INCL, 1));
+  if (r.CON_REF_INCL) w(F(CON_REF, 8));
   if (c.p_rev < kRelC) return;
   // A rejected call carries no service configuration choice.
   if (r.RESPONSE_IND && !r.ACCEPT_IND) return;
-  if (!w.need(1)) return;
-  w.u(r.USE_OLD_SERV_CONFIG, "USE_OLD_SERV_CONFIG", 1);
-  if (r.USE_OLD_SERV_CONFIG) {
-    if (!w.need(3)) return;
-    w.u(r.SR_ID, "SR_ID", 3);
-  }
+  w(F(USE_OLD_SERV_CONFIG, 1));
+  if (r.USE_OLD_SERV_CONFIG) w(F(SR_ID, 3));
 }
 
 // ---- Security Mode Command Message (43) -------------------------------------------------
@@ -573,9 +443,7 @@ struct FD_SMCM_REC {
 
 template <class W>
 void layout(W& w, FD_SMCM_REC& r, const Ctx&) {
-  if (!w.need(11)) return;
-  w.u(r.CON_REF, "CON_REF", 8);
-  w.u(r.UI_ENCRYPT_MODE, "UI_ENCRYPT_MODE", 3);
+  w(F(CON_REF, 8), F(UI_ENCRYPT_MODE, 3));
 }
 
 struct FD_SMCM {
@@ -594,35 +462,17 @@ struct FD_SMCM {
 
 template <class W>
 void layout(W& w, FD_SMCM& r, const Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  if (r.USE_TIME) {
-    if (!w.need(6)) return;
-    w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  }
-  if (!w.need(6)) return;
-  w.u(r.D_SIG_ENCRYPT_MODE, "D_SIG_ENCRYPT_MODE", 3);
-  w.u(r.NUM_RECS, "NUM_RECS", 3);
+  w(F(USE_TIME, 1));
+  if (r.USE_TIME) w(F(ACTION_TIME, 6));
+  w(F(D_SIG_ENCRYPT_MODE, 3), F(NUM_RECS, 3));
   if (!w.counted("RECs", "FD_SMCM_RECs", r.RECs, r.NUM_RECS, c)) return;
   // The key size matters only to the Enhanced CMEA ('001') and Rijndael ('010') modes.
-  if (r.D_SIG_ENCRYPT_MODE == 1 || r.D_SIG_ENCRYPT_MODE == 2) {
-    if (!w.need(3)) return;
-    w.u(r.KEY_SIZE, "KEY_SIZE", 3);
-  }
-  if (!w.need(1)) return;
-  w.u(r.C_SIG_ENCRYPT_MODE_INCL, "C_SIG_ENCRYPT_MODE_INCL", 1);
-  if (r.C_SIG_ENCRYPT_MODE_INCL) {
-    if (!w.need(3)) return;
-    w.u(r.C_SIG_ENCRYPT_MODE, "C_SIG_ENCRYPT_MODE", 3);
-  }
+  if (r.D_SIG_ENCRYPT_MODE == 1 || r.D_SIG_ENCRYPT_MODE == 2) w(F(KEY_SIZE, 3));
+  w(F(C_SIG_ENCRYPT_MODE_INCL, 1));
+  if (r.C_SIG_ENCRYPT_MODE_INCL) w(F(C_SIG_ENCRYPT_MODE, 3));
   if (c.p_rev < kRelC) return;
-  if (!w.need(1)) return;
-  w.u(r.MSG_INT_INFO_INCL, "MSG_INT_INFO_INCL", 1);
-  if (r.MSG_INT_INFO_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.CHANGE_KEYS, "CHANGE_KEYS", 1);
-    w.u(r.USE_UAK, "USE_UAK", 1);
-  }
+  w(F(MSG_INT_INFO_INCL, 1));
+  if (r.MSG_INT_INFO_INCL) w(F(CHANGE_KEYS, 1), F(USE_UAK, 1));
 }
 
 // ---- Base Station Status Response Message (49) ------------------------------------------
@@ -647,27 +497,14 @@ template <class W>
 void bss_pilot(W& w, BssPilot& r, const Ctx& c, bool sid_nid) {
   std::uint64_t start = 0;
   if constexpr (W::kReading) start = w.pos();
-  if (!w.need(29)) return;
-  w.u(r.RECORD_LEN, "RECORD_LEN", 4);
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.BASE_ID, "BASE_ID", 16);
+  w(F(RECORD_LEN, 4), F(PILOT_PN, 9), F(BASE_ID, 16));
   if (sid_nid) {
-    if (!w.need(1)) return;
-    w.u(r.SID_NID_INCL, "SID_NID_INCL", 1);
-    if (r.SID_NID_INCL) {
-      if (!w.need(31)) return;
-      w.u(r.SID, "SID", 15);
-      w.u(r.NID, "NID", 16);
-    }
+    w(F(SID_NID_INCL, 1));
+    if (r.SID_NID_INCL) w(F(SID, 15), F(NID, 16));
   }
   if (c.p_rev >= kRelC) {
-    if (!w.need(1)) return;
-    w.u(r.BASE_LAT_LONG_INCL, "BASE_LAT_LONG_INCL", 1);
-    if (r.BASE_LAT_LONG_INCL) {
-      if (!w.need(45)) return;
-      w.u(r.BASE_LAT, "BASE_LAT", 22);
-      w.u(r.BASE_LONG, "BASE_LONG", 23);
-    }
+    w(F(BASE_LAT_LONG_INCL, 1));
+    if (r.BASE_LAT_LONG_INCL) w(F(BASE_LAT, 22), F(BASE_LONG, 23));
   }
   // Reserved bits up to the record's declared length (unchecked: the next read checks).
   if constexpr (W::kReading) {
@@ -695,9 +532,7 @@ struct BssPilotInfo {
 
 template <class W>
 void layout(W& w, BssPilotInfo& r, const Ctx& c) {
-  if (!w.need(5)) return;
-  w.u(r.NUM_PILOTS, "NUM_PILOTS", 4);
-  w.u(r.SID_NID_IND, "SID_NID_IND", 1);
+  w(F(NUM_PILOTS, 4), F(SID_NID_IND, 1));
   if (r.SID_NID_IND)
     w.counted("PILOTs", "FD_BSSRSPM_PILOTs", r.PILOTs_SID_NID, r.NUM_PILOTS, c);
   else
@@ -715,9 +550,7 @@ struct BssRecord {
 
 template <class W>
 void layout(W& w, BssRecord& r, const Ctx& c) {
-  if (!w.need(16)) return;
-  w.u(r.RECORD_TYPE, "RECORD_TYPE", 8);
-  w.u(r.RECORD_LENGTH, "RECORD_LENGTH", 8);
+  w(F(RECORD_TYPE, 8), F(RECORD_LENGTH, 8));
   if (!w.need(8u * r.RECORD_LENGTH)) return;
   if (r.RECORD_TYPE == 0)
     w.sized("TypeSpecificFields", "FD_BSSRSPM_PILOT_INFO", r.PILOT_INFO, 8u * r.RECORD_LENGTH, c);
@@ -736,12 +569,9 @@ struct FD_BSSRSPM {
 
 template <class W>
 void layout(W& w, FD_BSSRSPM& r, const Ctx& c) {
-  if (!w.need(11)) return;
-  w.u(r.QUAL_INFO_TYPE, "QUAL_INFO_TYPE", 8);
-  w.u(r.QUAL_INFO_LEN, "QUAL_INFO_LEN", 3);
+  w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
   if (!qual_info(w, r.QUAL_INFO_TYPE, r.QUAL_INFO_LEN, r.BAND_CLASS, r.OP_MODE)) return;
-  if (!w.need(4)) return;
-  w.u(r.NUM_RECORDS, "NUM_RECORDS", 4);
+  w(F(NUM_RECORDS, 4));
   w.counted("RECORDs", "FD_BSSRSPM_RECORDs", r.RECORDs, r.NUM_RECORDS, c);
 }
 
@@ -759,9 +589,7 @@ struct FD_ITBSPM {
 
 template <class W>
 void layout(W& w, FD_ITBSPM& r, const Ctx&) {
-  if (!w.need(2)) return;
-  w.u(r.AUTO_REQ_TRAF_ALLOWED_IND, "AUTO_REQ_TRAF_ALLOWED_IND", 1);
-  w.u(r.BCMC_ON_IDLE_SUP_IND, "BCMC_ON_IDLE_SUP_IND", 1);
+  w(F(AUTO_REQ_TRAF_ALLOWED_IND, 1), F(BCMC_ON_IDLE_SUP_IND, 1));
   (void)w.reject(Rc::count);
 }
 

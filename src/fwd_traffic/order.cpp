@@ -14,9 +14,7 @@ struct FD_ORDRM {
 
 template <class W>
 void layout(W& w, FD_ORDRM& r, const Ctx& c) {
-  if (!w.need(7)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
+  w(F(USE_TIME, 1), F(ACTION_TIME, 6));
   orders::order_fields(w, orders::Link::traffic, r.ORDER, r.ADD_RECORD_LEN, r.ORDQ, r.specific, c);
 }
 

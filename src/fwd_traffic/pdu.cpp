@@ -21,40 +21,25 @@ const MessageTable& fd_messages() {
 
 template <class W>
 void layout(W& w, FdPdu& r, const Ctx& c) {
-  if (!w.need(8)) return;
-  w.u(r.MSG_TYPE, "MSG_TYPE", 8);
-  if (!w.need(7)) return;
-  w.u(r.ACK_SEQ, "ACK_SEQ", 3);
-  w.u(r.MSG_SEQ, "MSG_SEQ", 3);
-  w.u(r.ACK_REQ, "ACK_REQ", 1);
-  if (!w.need(2)) return;
-  w.u(r.ENCRYPTION, "ENCRYPTION", 2);
+  w(F(MSG_TYPE, 8));
+  w(F(ACK_SEQ, 3), F(MSG_SEQ, 3), F(ACK_REQ, 1));
+  w(F(ENCRYPTION, 2));
   if (c.p_rev >= 9) {
-    if (!w.need(1)) return;
-    w.u(r.MACI_INCL, "MACI_INCL", 1);
+    w(F(MACI_INCL, 1));
     if (r.MACI_INCL) {
-      if (!w.need(6)) return;
-      w.u(r.SDU_KEY_ID, "SDU_KEY_ID", 2);
-      w.u(r.SDU_INTEGRITY_ALGO, "SDU_INTEGRITY_ALGO", 3);
-      w.u(r.SDU_SSEQ_OR_SSEQH, "SDU_SSEQ_OR_SSEQH", 1);
+      w(F(SDU_KEY_ID, 2), F(SDU_INTEGRITY_ALGO, 3), F(SDU_SSEQ_OR_SSEQH, 1));
       if (r.SDU_SSEQ_OR_SSEQH) {
-        if (!w.need(24)) return;
-        w.u(r.SDU_SSEQ_H, "SDU_SSEQ_H", 24);
+        w(F(SDU_SSEQ_H, 24));
       } else {
-        if (!w.need(8)) return;
-        w.u(r.SDU_SSEQ, "SDU_SSEQ", 8);
+        w(F(SDU_SSEQ, 8));
       }
     }
   }
   // Below P_REV 9 MACI_INCL is not on the air: the value the last P_REV 9 message left
   // steers this test, on purpose.
   if (c.p_rev >= 7 && r.ENCRYPTION == 3) {
-    if (!w.need(3)) return;
-    w.u(r.SDU_ENCRYPT_MODE, "SDU_ENCRYPT_MODE", 3);
-    if ((r.SDU_ENCRYPT_MODE == 1 || r.SDU_ENCRYPT_MODE == 2) && r.MACI_INCL == 0) {
-      if (!w.need(8)) return;
-      w.u(r.ENC_SEQ, "ENC_SEQ", 8);
-    }
+    w(F(SDU_ENCRYPT_MODE, 3));
+    if ((r.SDU_ENCRYPT_MODE == 1 || r.SDU_ENCRYPT_MODE == 2) && r.MACI_INCL == 0) w(F(ENC_SEQ, 8));
   }
 
   Ctx body_ctx = c;
@@ -65,10 +50,7 @@ void layout(W& w, FdPdu& r, const Ctx& c) {
 
   // Octet padding: not checked against the end; only the MACI read behind it is.
   w.align(8, 0);
-  if (c.p_rev >= 9 && r.MACI_INCL) {
-    if (!w.need(32)) return;
-    w.u(r.MACI, "MACI", 32);
-  }
+  if (c.p_rev >= 9 && r.MACI_INCL) w(F(MACI, 32));
 }
 
 Rc run_fwd_traffic(FwdTrafficState& st, Call& call) {

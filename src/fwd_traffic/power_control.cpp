@@ -26,12 +26,7 @@ struct FD_PCNPM {
 
 template <class W>
 void layout(W& w, FD_PCNPM& r, const Ctx&) {
-  if (!w.need(16)) return;
-  w.u(r.PWR_REP_THRESH, "PWR_REP_THRESH", 5);
-  w.u(r.PWR_REP_FRAMES, "PWR_REP_FRAMES", 4);
-  w.u(r.PWR_THRESH_ENABLE, "PWR_THRESH_ENABLE", 1);
-  w.u(r.PWR_PERIOD_ENABLE, "PWR_PERIOD_ENABLE", 1);
-  w.u(r.PWR_REP_DELAY, "PWR_REP_DELAY", 5);
+  w(F(PWR_REP_THRESH, 5), F(PWR_REP_FRAMES, 4), F(PWR_THRESH_ENABLE, 1), F(PWR_PERIOD_ENABLE, 1), F(PWR_REP_DELAY, 5));
 }
 
 // ---- Supplemental Channel Assignment Message (24) ---------------------------------------
@@ -51,14 +46,11 @@ struct FD_SCAM_PILOT {
 template <class W>
 void layout(W& w, FD_SCAM_PILOT& r, const ScamCtx& c) {
   const auto& s = c;
-  if (!w.need(10)) return;
-  w.u(r.PILOT_PN, "PILOT_PN", 9);
-  w.u(r.EXPL_CODE_CHAN, "EXPL_CODE_CHAN", 1);
+  w(F(PILOT_PN, 9), F(EXPL_CODE_CHAN, 1));
   if (r.EXPL_CODE_CHAN) {
     w.scalars("SUP_CODE_CHAN", r.SUP_CODE_CHAN, s.num_sup, 8);
   } else {
-    if (!w.need(8)) return;
-    w.u(r.BASE_CODE_CHAN, "BASE_CODE_CHAN", 8);
+    w(F(BASE_CODE_CHAN, 8));
   }
 }
 
@@ -96,88 +88,42 @@ struct FD_SCAM {
 
 template <class W>
 void scam_reverse(W& w, FD_SCAM& r) {
-  if (!w.need(5)) return;
-  w.u(r.REV_DTX_DURATION, "REV_DTX_DURATION", 4);
-  w.u(r.EXPL_REV_START_TIME, "EXPL_REV_START_TIME", 1);
-  if (r.EXPL_REV_START_TIME) {
-    if (!w.need(6)) return;
-    w.u(r.REV_START_TIME, "REV_START_TIME", 6);
-  }
-  if (!w.need(1)) return;
-  w.u(r.USE_REV_DURATION, "USE_REV_DURATION", 1);
-  if (r.USE_REV_DURATION) {
-    if (!w.need(8)) return;
-    w.u(r.REV_DURATION, "REV_DURATION", 8);
-  }
-  if (!w.need(1)) return;
-  w.u(r.USE_REV_HDM_SEQ, "USE_REV_HDM_SEQ", 1);
-  if (r.USE_REV_HDM_SEQ) {
-    if (!w.need(2)) return;
-    w.u(r.REV_LINKED_HDM_SEQ, "REV_LINKED_HDM_SEQ", 2);
-  }
-  if (!w.need(5)) return;
-  w.u(r.NUM_REV_CODES, "NUM_REV_CODES", 3);
-  w.u(r.USE_T_ADD_ABORT, "USE_T_ADD_ABORT", 1);
-  w.u(r.USE_SCRM_SEQ_NUM, "USE_SCRM_SEQ_NUM", 1);
-  if (r.USE_SCRM_SEQ_NUM) {
-    if (!w.need(4)) return;
-    w.u(r.SCRM_SEQ_NUM, "SCRM_SEQ_NUM", 4);
-  }
-  if (!w.need(1)) return;
-  w.u(r.REV_PARMS_INCLUDED, "REV_PARMS_INCLUDED", 1);
-  if (r.REV_PARMS_INCLUDED) {
-    if (!w.need(9)) return;
-    w.u(r.T_MULCHAN, "T_MULCHAN", 3);
-    w.u(r.BEGIN_PREAMBLE, "BEGIN_PREAMBLE", 3);
-    w.u(r.RESUME_PREAMBLE, "RESUME_PREAMBLE", 3);
-  }
+  w(F(REV_DTX_DURATION, 4), F(EXPL_REV_START_TIME, 1));
+  if (r.EXPL_REV_START_TIME) w(F(REV_START_TIME, 6));
+  w(F(USE_REV_DURATION, 1));
+  if (r.USE_REV_DURATION) w(F(REV_DURATION, 8));
+  w(F(USE_REV_HDM_SEQ, 1));
+  if (r.USE_REV_HDM_SEQ) w(F(REV_LINKED_HDM_SEQ, 2));
+  w(F(NUM_REV_CODES, 3), F(USE_T_ADD_ABORT, 1), F(USE_SCRM_SEQ_NUM, 1));
+  if (r.USE_SCRM_SEQ_NUM) w(F(SCRM_SEQ_NUM, 4));
+  w(F(REV_PARMS_INCLUDED, 1));
+  if (r.REV_PARMS_INCLUDED) w(F(T_MULCHAN, 3), F(BEGIN_PREAMBLE, 3), F(RESUME_PREAMBLE, 3));
 }
 
 template <class W>
 void layout(W& w, FD_SCAM& r, const Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(r.USE_RETRY_DELAY, "USE_RETRY_DELAY", 1);
-  if (r.USE_RETRY_DELAY) {
-    if (!w.need(8)) return;
-    w.u(r.RETRY_DELAY, "RETRY_DELAY", 8);
-  }
-  if (!w.need(1)) return;
-  w.u(r.REV_INCLUDED, "REV_INCLUDED", 1);
+  w(F(USE_RETRY_DELAY, 1));
+  if (r.USE_RETRY_DELAY) w(F(RETRY_DELAY, 8));
+  w(F(REV_INCLUDED, 1));
   if (r.REV_INCLUDED) scam_reverse(w, r);
-  if (!w.need(1)) return;
-  w.u(r.FOR_INCLUDED, "FOR_INCLUDED", 1);
+  w(F(FOR_INCLUDED, 1));
   if (!r.FOR_INCLUDED) return;
   // FOR_SUP_CONFIG: '00' stop, '01' start, '10' stop the listed, '11' start the listed.
-  if (!w.need(2)) return;
-  w.u(r.FOR_SUP_CONFIG, "FOR_SUP_CONFIG", 2);
+  w(F(FOR_SUP_CONFIG, 2));
   const bool start = r.FOR_SUP_CONFIG == 1 || r.FOR_SUP_CONFIG == 3;
   const bool listed = r.FOR_SUP_CONFIG == 2 || r.FOR_SUP_CONFIG == 3;
   if (start) {
-    if (!w.need(1)) return;
-    w.u(r.EXPL_FOR_START_TIME, "EXPL_FOR_START_TIME", 1);
-    if (r.EXPL_FOR_START_TIME) {
-      if (!w.need(6)) return;
-      w.u(r.FOR_START_TIME, "FOR_START_TIME", 6);
-    }
+    w(F(EXPL_FOR_START_TIME, 1));
+    if (r.EXPL_FOR_START_TIME) w(F(FOR_START_TIME, 6));
   }
-  if (!w.need(1)) return;
-  w.u(r.USE_FOR_DURATION, "USE_FOR_DURATION", 1);
-  if (r.USE_FOR_DURATION) {
-    if (!w.need(8)) return;
-    w.u(r.FOR_DURATION, "FOR_DURATION", 8);
-  }
+  w(F(USE_FOR_DURATION, 1));
+  if (r.USE_FOR_DURATION) w(F(FOR_DURATION, 8));
   if (start) {
-    if (!w.need(1)) return;
-    w.u(r.USE_FOR_HDM_SEQ, "USE_FOR_HDM_SEQ", 1);
-    if (r.USE_FOR_HDM_SEQ) {
-      if (!w.need(2)) return;
-      w.u(r.FOR_LINKED_HDM_SEQ, "FOR_LINKED_HDM_SEQ", 2);
-    }
+    w(F(USE_FOR_HDM_SEQ, 1));
+    if (r.USE_FOR_HDM_SEQ) w(F(FOR_LINKED_HDM_SEQ, 2));
   }
   if (!listed) return;
-  if (!w.need(6)) return;
-  w.u(r.NUM_SUP_PILOTS, "NUM_SUP_PILOTS", 3);
-  w.u(r.NUM_SUP, "NUM_SUP", 3);
+  w(F(NUM_SUP_PILOTS, 3), F(NUM_SUP, 3));
   ScamCtx s;
   static_cast<Ctx&>(s) = c;
   s.num_sup = r.NUM_SUP;
@@ -195,11 +141,7 @@ struct FD_PCNM_SUP {
 
 template <class W>
 void layout(W& w, FD_PCNM_SUP& r, const Ctx&) {
-  if (!w.need(22)) return;
-  w.u(r.SCH_ID, "SCH_ID", 1);
-  w.u(r.FPC_SCH_FER, "FPC_SCH_FER", 5);
-  w.u(r.FPC_SCH_MIN_SETPT, "FPC_SCH_MIN_SETPT", 8);
-  w.u(r.FPC_SCH_MAX_SETPT, "FPC_SCH_MAX_SETPT", 8);
+  w(F(SCH_ID, 1), F(FPC_SCH_FER, 5), F(FPC_SCH_MIN_SETPT, 8), F(FPC_SCH_MAX_SETPT, 8));
 }
 
 // A set of 8-bit attribute gains under one inclusion flag.
@@ -246,8 +188,7 @@ void rpc_channel_gains(W& w, FD_PCNM_RPC_ADJ& r, const Ctx& c) {
 
 template <class W>
 void rpc_basic_rate_gains(W& w, FD_PCNM_RPC_ADJ& r, const Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(r.RL_ATT_ADJ_GAIN_TYPE, "RL_ATT_ADJ_GAIN_TYPE", 1);
+  w(F(RL_ATT_ADJ_GAIN_TYPE, 1));
   if (!gain_group(w, r.RC3_RC5_20MS, "RC3_RC5_20MS_INCL",
                   {"RL_ATT_ADJ_GAIN_1500", "RL_ATT_ADJ_GAIN_2700", "RL_ATT_ADJ_GAIN_4800", "RL_ATT_ADJ_GAIN_9600"}))
     return;
@@ -275,9 +216,7 @@ void rpc_basic_rate_gains(W& w, FD_PCNM_RPC_ADJ& r, const Ctx& c) {
 
 template <class W>
 void rpc_high_rate_gains(W& w, FD_PCNM_RPC_ADJ& r, const Ctx& c) {
-  if (!w.need(2)) return;
-  w.u(r.CODE_TYPE, "CODE_TYPE", 1);
-  w.u(r.RL_ATT_ADJ_GAIN_TYPE, "RL_ATT_ADJ_GAIN_TYPE", 1);
+  w(F(CODE_TYPE, 1), F(RL_ATT_ADJ_GAIN_TYPE, 1));
   if (!gain_group(w, r.RC3_RC5_20MS, "RC3_RC5_20MS_INCL",
                   {"RL_ATT_ADJ_GAIN_19200", "RL_ATT_ADJ_GAIN_38400", "RL_ATT_ADJ_GAIN_76800",
                    "RL_ATT_ADJ_GAIN_153600", "RL_ATT_ADJ_GAIN_307200", "RL_ATT_ADJ_GAIN_614400"}))
@@ -312,8 +251,7 @@ void layout(W& w, FD_PCNM_RPC_ADJ& r, const Ctx& c) {
     case 2: rpc_high_rate_gains(w, r, c); break;
     case 3:
       if (c.p_rev < kRelC) break;
-      if (!w.need(1)) return;
-      w.u(r.RL_CQICH_ATT_ADJ_GAIN_TYPE, "RL_CQICH_ATT_ADJ_GAIN_TYPE", 1);
+      w(F(RL_CQICH_ATT_ADJ_GAIN_TYPE, 1));
       if (!gain_group(w, r.CQICH_HIGH, "RL_CQICH_ATT_ADJ_GAIN_HIGH_INCL", {"RL_CQICH_ATT_ADJ_GAIN_HIGH"})) return;
       gain_group(w, r.CQICH_LOW, "RL_CQICH_ATT_ADJ_GAIN_LOW_INCL", {"RL_CQICH_ATT_ADJ_GAIN_LOW"});
       break;
@@ -330,9 +268,7 @@ struct FD_PCNM_RPC_REC {
 
 template <class W>
 void layout(W& w, FD_PCNM_RPC_REC& r, const Ctx& c) {
-  if (!w.need(9)) return;
-  w.u(r.RPC_ADJ_REC_TYPE, "RPC_ADJ_REC_TYPE", 4);
-  w.u(r.RPC_ADJ_REC_LEN, "RPC_ADJ_REC_LEN", 5);
+  w(F(RPC_ADJ_REC_TYPE, 4), F(RPC_ADJ_REC_LEN, 5));
   // The record's layout depends on the type read just before it.
   if constexpr (W::kReading) r.ADJ.type = r.RPC_ADJ_REC_TYPE;
   if (r.RPC_ADJ_REC_LEN == 0) return;
@@ -371,67 +307,33 @@ struct FD_PCNM {
 
 template <class W>
 void pcnm_forward(W& w, FD_PCNM& r, const Ctx& c) {
-  if (!w.need(5)) return;
-  w.u(r.FPC_MODE, "FPC_MODE", 3);
-  w.u(r.FPC_PRI_CHAN, "FPC_PRI_CHAN", 1);
-  w.u(r.FPC_OLPC_FCH_INCL, "FPC_OLPC_FCH_INCL", 1);
-  if (r.FPC_OLPC_FCH_INCL) {
-    if (!w.need(21)) return;
-    w.u(r.FPC_FCH_FER, "FPC_FCH_FER", 5);
-    w.u(r.FPC_FCH_MIN_SETPT, "FPC_FCH_MIN_SETPT", 8);
-    w.u(r.FPC_FCH_MAX_SETPT, "FPC_FCH_MAX_SETPT", 8);
-  }
-  if (!w.need(1)) return;
-  w.u(r.FPC_OLPC_DCCH_INCL, "FPC_OLPC_DCCH_INCL", 1);
-  if (r.FPC_OLPC_DCCH_INCL) {
-    if (!w.need(21)) return;
-    w.u(r.FPC_DCCH_FER, "FPC_DCCH_FER", 5);
-    w.u(r.FPC_DCCH_MIN_SETPT, "FPC_DCCH_MIN_SETPT", 8);
-    w.u(r.FPC_DCCH_MAX_SETPT, "FPC_DCCH_MAX_SETPT", 8);
-  }
+  w(F(FPC_MODE, 3), F(FPC_PRI_CHAN, 1), F(FPC_OLPC_FCH_INCL, 1));
+  if (r.FPC_OLPC_FCH_INCL) w(F(FPC_FCH_FER, 5), F(FPC_FCH_MIN_SETPT, 8), F(FPC_FCH_MAX_SETPT, 8));
+  w(F(FPC_OLPC_DCCH_INCL, 1));
+  if (r.FPC_OLPC_DCCH_INCL) w(F(FPC_DCCH_FER, 5), F(FPC_DCCH_MIN_SETPT, 8), F(FPC_DCCH_MAX_SETPT, 8));
   // Only the modes with a secondary power control subchannel ('001', '010') name it.
-  if (r.FPC_MODE == 1 || r.FPC_MODE == 2) {
-    if (!w.need(1)) return;
-    w.u(r.FPC_SEC_CHAN, "FPC_SEC_CHAN", 1);
-  }
-  if (!w.need(2)) return;
-  w.u(r.NUM_SUP, "NUM_SUP", 2);
+  if (r.FPC_MODE == 1 || r.FPC_MODE == 2) w(F(FPC_SEC_CHAN, 1));
+  w(F(NUM_SUP, 2));
   if (!w.counted("SUPs", "FD_PCNM_SUPs", r.SUPs, r.NUM_SUP, c)) return;
-  if (!w.need(1)) return;
-  w.u(r.FPC_THRESH_INCL, "FPC_THRESH_INCL", 1);
-  if (r.FPC_THRESH_INCL) {
-    if (!w.need(8)) return;
-    w.u(r.FPC_SETPT_THRESH, "FPC_SETPT_THRESH", 8);
-  }
-  if (!w.need(1)) return;
-  w.u(r.FPC_THRESH_SCH_INCL, "FPC_THRESH_SCH_INCL", 1);
-  if (r.FPC_THRESH_SCH_INCL) {
-    if (!w.need(8)) return;
-    w.u(r.FPC_SETPT_THRESH_SCH, "FPC_SETPT_THRESH_SCH", 8);
-  }
+  w(F(FPC_THRESH_INCL, 1));
+  if (r.FPC_THRESH_INCL) w(F(FPC_SETPT_THRESH, 8));
+  w(F(FPC_THRESH_SCH_INCL, 1));
+  if (r.FPC_THRESH_SCH_INCL) w(F(FPC_SETPT_THRESH_SCH, 8));
 }
 
 template <class W>
 void layout(W& w, FD_PCNM& r, const Ctx& c) {
-  if (!w.need(3)) return;
-  w.u(r.PWR_CNTL_STEP, "PWR_CNTL_STEP", 3);
+  w(F(PWR_CNTL_STEP, 3));
   if (c.p_rev < kRel0) return;
-  if (!w.need(1)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  if (r.USE_TIME) {
-    if (!w.need(6)) return;
-    w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  }
-  if (!w.need(1)) return;
-  w.u(r.FPC_INCL, "FPC_INCL", 1);
+  w(F(USE_TIME, 1));
+  if (r.USE_TIME) w(F(ACTION_TIME, 6));
+  w(F(FPC_INCL, 1));
   if (r.FPC_INCL) {
     pcnm_forward(w, r, c);
   }
-  if (!w.need(1)) return;
-  w.u(r.RPC_INCL, "RPC_INCL", 1);
+  w(F(RPC_INCL, 1));
   if (r.RPC_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.RPC_NUM_REC, "RPC_NUM_REC", 2);
+    w(F(RPC_NUM_REC, 2));
     if (!w.counted("RPC_RECs", "FD_PCNM_RPC_RECs", r.RPC_RECs, r.RPC_NUM_REC, c)) return;
   }
   if (c.p_rev < kRelD) return;
@@ -440,11 +342,9 @@ void layout(W& w, FD_PCNM& r, const Ctx& c) {
   // condition of the FPC_BCMC_CHAN that follows are not known here, and guessing them would
   // shift every later field. When the boost count is certainly there the message is refused
   // (result 1) after what was shown.
-  if (!w.need(1)) return;
-  w.u(r.REV_PDCH_PARMS_INCL, "REV_PDCH_PARMS_INCL", 1);
+  w(F(REV_PDCH_PARMS_INCL, 1));
   if (r.REV_PDCH_PARMS_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, "REV_PDCH_NUM_ARQ_ROUNDS_NORMAL", 2);
+    w(F(REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, 2));
     (void)w.reject(Rc::count);
   }
 }
@@ -469,23 +369,10 @@ struct FD_PUFM {
 
 template <class W>
 void layout(W& w, FD_PUFM& r, const Ctx&) {
-  if (!w.need(52)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  w.u(r.ACTION_TIME_FRAME, "ACTION_TIME_FRAME", 2);
-  w.u(r.PUF_SETUP_SIZE, "PUF_SETUP_SIZE", 6);
-  w.u(r.PUF_PULSE_SIZE, "PUF_PULSE_SIZE", 7);
-  w.u(r.PUF_INTERVAL, "PUF_INTERVAL", 10);
-  w.u(r.PUF_INIT_PWR, "PUF_INIT_PWR", 6);
-  w.u(r.PUF_PWR_STEP, "PUF_PWR_STEP", 5);
-  w.u(r.TOTAL_PUF_PROBES, "TOTAL_PUF_PROBES", 4);
-  w.u(r.MAX_PWR_PUF, "MAX_PWR_PUF", 4);
-  w.u(r.PUF_FREQ_INCL, "PUF_FREQ_INCL", 1);
-  if (r.PUF_FREQ_INCL) {
-    if (!w.need(16)) return;
-    w.u(r.PUF_BAND_CLASS, "PUF_BAND_CLASS", 5);
-    w.u(r.PUF_CDMA_FREQ, "PUF_CDMA_FREQ", 11);
-  }
+  w(F(USE_TIME, 1), F(ACTION_TIME, 6), F(ACTION_TIME_FRAME, 2), F(PUF_SETUP_SIZE, 6), F(PUF_PULSE_SIZE, 7),
+    F(PUF_INTERVAL, 10), F(PUF_INIT_PWR, 6), F(PUF_PWR_STEP, 5), F(TOTAL_PUF_PROBES, 4), F(MAX_PWR_PUF, 4),
+    F(PUF_FREQ_INCL, 1));
+  if (r.PUF_FREQ_INCL) w(F(PUF_BAND_CLASS, 5), F(PUF_CDMA_FREQ, 11));
 }
 
 // ---- Power Up Function Completion Message (30) ------------------------------------------
@@ -499,16 +386,8 @@ struct FD_PUFCM {
 
 template <class W>
 void layout(W& w, FD_PUFCM& r, const Ctx&) {
-  if (!w.need(7)) return;
-  w.skip(6);
-  w.u(r.LOC_IND, "LOC_IND", 1);
-  if (r.LOC_IND) {
-    if (!w.need(72)) return;
-    w.skip(3);
-    w.u(r.MS_LAT, "MS_LAT", 22);
-    w.u(r.MS_LONG, "MS_LONG", 23);
-    w.u(r.MS_LOC_TSTAMP, "MS_LOC_TSTAMP", 24);
-  }
+  w(reserved(6), F(LOC_IND, 1));
+  if (r.LOC_IND) w(reserved(3), F(MS_LAT, 22), F(MS_LONG, 23), F(MS_LOC_TSTAMP, 24));
 }
 
 // ---- Resource Allocation Message (32) ---------------------------------------------------
@@ -521,14 +400,9 @@ struct FD_RAM {
 
 template <class W>
 void layout(W& w, FD_RAM& r, const Ctx&) {
-  if (!w.need(1)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  if (r.USE_TIME) {
-    if (!w.need(6)) return;
-    w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  }
-  if (!w.need(1)) return;
-  w.u(r.FPC_PRI_CHAN, "FPC_PRI_CHAN", 1);
+  w(F(USE_TIME, 1));
+  if (r.USE_TIME) w(F(ACTION_TIME, 6));
+  w(F(FPC_PRI_CHAN, 1));
 }
 
 // ---- Mobile Assisted Burst Operation Parameters Message (36) ----------------------------
@@ -550,29 +424,13 @@ struct FD_MABOPM {
 
 template <class W>
 void layout(W& w, FD_MABOPM& r, const Ctx&) {
-  if (!w.need(1)) return;
-  w.u(r.ORDER_FLAG, "ORDER_FLAG", 1);
-  if (r.ORDER_FLAG) {
-    if (!w.need(6)) return;
-    w.u(r.PS_MIN_DELTA, "PS_MIN_DELTA", 3);
-    w.u(r.ORDER_INTERVAL, "ORDER_INTERVAL", 3);
-  }
-  if (!w.need(1)) return;
-  w.u(r.PERIODIC_FLAG, "PERIODIC_FLAG", 1);
-  if (r.PERIODIC_FLAG) {
-    if (!w.need(9)) return;
-    w.u(r.NUM_PILOTS, "NUM_PILOTS", 3);
-    w.u(r.PERIODIC_INTERVAL, "PERIODIC_INTERVAL", 6);
-  }
-  if (!w.need(1)) return;
-  w.u(r.THRESHOLD_FLAG, "THRESHOLD_FLAG", 1);
+  w(F(ORDER_FLAG, 1));
+  if (r.ORDER_FLAG) w(F(PS_MIN_DELTA, 3), F(ORDER_INTERVAL, 3));
+  w(F(PERIODIC_FLAG, 1));
+  if (r.PERIODIC_FLAG) w(F(NUM_PILOTS, 3), F(PERIODIC_INTERVAL, 6));
+  w(F(THRESHOLD_FLAG, 1));
   if (r.THRESHOLD_FLAG) {
-    if (!w.need(30)) return;
-    w.u(r.PS_FLOOR_HIGH, "PS_FLOOR_HIGH", 6);
-    w.u(r.PS_FLOOR_LOW, "PS_FLOOR_LOW", 6);
-    w.u(r.PS_CEILING_HIGH, "PS_CEILING_HIGH", 6);
-    w.u(r.PS_CEILING_LOW, "PS_CEILING_LOW", 6);
-    w.u(r.THRESHOLD_INTERVAL, "THRESHOLD_INTERVAL", 6);
+    w(F(PS_FLOOR_HIGH, 6), F(PS_FLOOR_LOW, 6), F(PS_CEILING_HIGH, 6), F(PS_CEILING_LOW, 6), F(THRESHOLD_INTERVAL, 6));
   }
 }
 
@@ -588,19 +446,10 @@ struct FD_RATCHGM_CQICH_GAIN {
 
 template <class W>
 void layout(W& w, FD_RATCHGM_CQICH_GAIN& r, const Ctx&) {
-  if (!w.need(2)) return;
-  w.u(r.RL_CQICH_ATT_ADJ_GAIN_TYPE, "RL_CQICH_ATT_ADJ_GAIN_TYPE", 1);
-  w.u(r.RL_CQICH_ATT_ADJ_GAIN_HIGH_INCL, "RL_CQICH_ATT_ADJ_GAIN_HIGH_INCL", 1);
-  if (r.RL_CQICH_ATT_ADJ_GAIN_HIGH_INCL) {
-    if (!w.need(8)) return;
-    w.u(r.RL_CQICH_ATT_ADJ_GAIN_HIGH, "RL_CQICH_ATT_ADJ_GAIN_HIGH", 8);
-  }
-  if (!w.need(1)) return;
-  w.u(r.RL_CQICH_ATT_ADJ_GAIN_LOW_INCL, "RL_CQICH_ATT_ADJ_GAIN_LOW_INCL", 1);
-  if (r.RL_CQICH_ATT_ADJ_GAIN_LOW_INCL) {
-    if (!w.need(8)) return;
-    w.u(r.RL_CQICH_ATT_ADJ_GAIN_LOW, "RL_CQICH_ATT_ADJ_GAIN_LOW", 8);
-  }
+  w(F(RL_CQICH_ATT_ADJ_GAIN_TYPE, 1), F(RL_CQICH_ATT_ADJ_GAIN_HIGH_INCL, 1));
+  if (r.RL_CQICH_ATT_ADJ_GAIN_HIGH_INCL) w(F(RL_CQICH_ATT_ADJ_GAIN_HIGH, 8));
+  w(F(RL_CQICH_ATT_ADJ_GAIN_LOW_INCL, 1));
+  if (r.RL_CQICH_ATT_ADJ_GAIN_LOW_INCL) w(F(RL_CQICH_ATT_ADJ_GAIN_LOW, 8));
 }
 
 struct FD_RATCHGM {
@@ -629,58 +478,32 @@ struct FD_RATCHGM {
 
 template <class W>
 void layout(W& w, FD_RATCHGM& r, const Ctx& c) {
-  if (!w.need(8)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  w.u(r.REV_CQICH_RATE_CHANGE_INCL, "REV_CQICH_RATE_CHANGE_INCL", 1);
+  w(F(USE_TIME, 1), F(ACTION_TIME, 6), F(REV_CQICH_RATE_CHANGE_INCL, 1));
   if (r.REV_CQICH_RATE_CHANGE_INCL) {
-    if (!w.need(4)) return;
-    w.u(r.FULL_CI_FEEDBACK_IND, "FULL_CI_FEEDBACK_IND", 1);
-    w.u(r.REV_CQICH_REPS, "REV_CQICH_REPS", 2);
-    w.u(r.SWITCHING_PARMS_INCL, "SWITCHING_PARMS_INCL", 1);
+    w(F(FULL_CI_FEEDBACK_IND, 1), F(REV_CQICH_REPS, 2), F(SWITCHING_PARMS_INCL, 1));
     if (r.SWITCHING_PARMS_INCL) {
-      if (!w.need(9)) return;
-      w.u(r.NUM_SOFT_SWITCHING_FRAMES, "NUM_SOFT_SWITCHING_FRAMES", 4);
-      w.u(r.NUM_SOFTER_SWITCHING_FRAMES, "NUM_SOFTER_SWITCHING_FRAMES", 4);
-      w.u(r.CHM_SWITCHING_PARMS_INCL, "CHM_SWITCHING_PARMS_INCL", 1);
-      if (r.CHM_SWITCHING_PARMS_INCL) {
-        if (!w.need(8)) return;
-        w.u(r.NUM_SOFT_SWITCHING_FRAMES_CHM, "NUM_SOFT_SWITCHING_FRAMES_CHM", 4);
-        w.u(r.NUM_SOFTER_SWITCHING_FRAMES_CHM, "NUM_SOFTER_SWITCHING_FRAMES_CHM", 4);
-      }
+      w(F(NUM_SOFT_SWITCHING_FRAMES, 4), F(NUM_SOFTER_SWITCHING_FRAMES, 4), F(CHM_SWITCHING_PARMS_INCL, 1));
+      if (r.CHM_SWITCHING_PARMS_INCL) w(F(NUM_SOFT_SWITCHING_FRAMES_CHM, 4), F(NUM_SOFTER_SWITCHING_FRAMES_CHM, 4));
     }
-    if (!w.need(1)) return;
-    w.u(r.RL_CQICH_ATT_ADJ_GAIN_INCL, "RL_CQICH_ATT_ADJ_GAIN_INCL", 1);
+    w(F(RL_CQICH_ATT_ADJ_GAIN_INCL, 1));
     if (r.RL_CQICH_ATT_ADJ_GAIN_INCL) {
-      if (!w.need(1)) return;
-      w.u(r.NUM_RECS, "NUM_RECS", 1);
+      w(F(NUM_RECS, 1));
       // NUM_RECS is one less than the number of gain records.
       if (!w.counted("RECs", "FD_RATCHGM_RECs", r.RECs, r.NUM_RECS + 1u, c)) return;
     }
   }
-  if (!w.need(1)) return;
-  w.u(r.REV_ACKCH_RATE_CHANGE_INCL, "REV_ACKCH_RATE_CHANGE_INCL", 1);
-  if (r.REV_ACKCH_RATE_CHANGE_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.REV_ACKCH_REPS, "REV_ACKCH_REPS", 2);
-  }
+  w(F(REV_ACKCH_RATE_CHANGE_INCL, 1));
+  if (r.REV_ACKCH_RATE_CHANGE_INCL) w(F(REV_ACKCH_REPS, 2));
   if (c.p_rev < kRelD) return;
   // Release D: limits and ARQ rounds of the reverse packet data channel, with the widths of
   // the same fields in the Extended System Parameters Message. The decode stops after
   // REV_PDCH_NUM_ARQ_ROUNDS_NORMAL: the width of REV_PDCH_NUM_ARQ_ROUNDS_BOOST, which follows
   // it, is not known here, so the message is refused (result 1) there.
-  if (!w.need(1)) return;
-  w.u(r.REV_PDCH_MAX_PARMS_INCL, "REV_PDCH_MAX_PARMS_INCL", 1);
-  if (r.REV_PDCH_MAX_PARMS_INCL) {
-    if (!w.need(12)) return;
-    w.u(r.REV_PDCH_MAX_AUTO_TPR, "REV_PDCH_MAX_AUTO_TPR", 8);
-    w.u(r.REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET, "REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET", 4);
-  }
-  if (!w.need(1)) return;
-  w.u(r.REV_PDCH_PARMS_INCL, "REV_PDCH_PARMS_INCL", 1);
+  w(F(REV_PDCH_MAX_PARMS_INCL, 1));
+  if (r.REV_PDCH_MAX_PARMS_INCL) w(F(REV_PDCH_MAX_AUTO_TPR, 8), F(REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET, 4));
+  w(F(REV_PDCH_PARMS_INCL, 1));
   if (r.REV_PDCH_PARMS_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, "REV_PDCH_NUM_ARQ_ROUNDS_NORMAL", 2);
+    w(F(REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, 2));
     (void)w.reject(Rc::count);
   }
 }

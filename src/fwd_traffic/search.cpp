@@ -74,119 +74,53 @@ template <class W>
 void itspm_rel_d(W& w, FD_ITSPM& r) {
   // Hysteresis only means something inside a packet zone.
   if (r.PACKET_ZONE_ID != 0) {
-    if (!w.need(1)) return;
-    w.u(r.PZ_HYST_ENABLED, "PZ_HYST_ENABLED", 1);
+    w(F(PZ_HYST_ENABLED, 1));
     if (r.PZ_HYST_ENABLED) {
-      if (!w.need(1)) return;
-      w.u(r.PZ_HYST_INFO_INCL, "PZ_HYST_INFO_INCL", 1);
+      w(F(PZ_HYST_INFO_INCL, 1));
       if (r.PZ_HYST_INFO_INCL) {
         // The same hysteresis group as in ESPM and UHDM: a 4-bit list length.
-        if (!w.need(20)) return;
-        w.u(r.PZ_HYST_LIST_LEN, "PZ_HYST_LIST_LEN", 4);
-        w.u(r.PZ_HYST_ACT_TIMER, "PZ_HYST_ACT_TIMER", 8);
-        w.u(r.PZ_HYST_TIMER_MUL, "PZ_HYST_TIMER_MUL", 3);
-        w.u(r.PZ_HYST_TIMER_EXP, "PZ_HYST_TIMER_EXP", 5);
+        w(F(PZ_HYST_LIST_LEN, 4), F(PZ_HYST_ACT_TIMER, 8), F(PZ_HYST_TIMER_MUL, 3), F(PZ_HYST_TIMER_EXP, 5));
       }
     }
   }
-  if (!w.need(1)) return;
-  w.u(r.BCMC_ON_TRAFFIC_SUP, "BCMC_ON_TRAFFIC_SUP", 1);
-  if (r.BCMC_ON_TRAFFIC_SUP) {
-    if (!w.need(1)) return;
-    w.u(r.AUTO_REQ_TRAF_ALLOWED_IND, "AUTO_REQ_TRAF_ALLOWED_IND", 1);
-  }
-  if (r.FOR_PDCH_SUPPORTED) {
-    if (!w.need(1)) return;
-    w.u(r.REV_PDCH_SUPPORTED, "REV_PDCH_SUPPORTED", 1);
-  }
-  if (r.CS_SUPPORTED) {
-    if (!w.need(3)) return;
-    w.u(r.MAX_ADD_SERV_INSTANCE, "MAX_ADD_SERV_INSTANCE", 3);
-  }
-  if (!w.need(1)) return;
-  w.u(r.USE_CH_CFG_RRM, "USE_CH_CFG_RRM", 1);
+  w(F(BCMC_ON_TRAFFIC_SUP, 1));
+  if (r.BCMC_ON_TRAFFIC_SUP) w(F(AUTO_REQ_TRAF_ALLOWED_IND, 1));
+  if (r.FOR_PDCH_SUPPORTED) w(F(REV_PDCH_SUPPORTED, 1));
+  if (r.CS_SUPPORTED) w(F(MAX_ADD_SERV_INSTANCE, 3));
+  w(F(USE_CH_CFG_RRM, 1));
 }
 
 // The fields after P_REV follow the revision the message itself announces: the base station
 // lays the message out by its own P_REV, whatever revision the call is running at.
 template <class W>
 void layout(W& w, FD_ITSPM& r, const Ctx& c) {
-  if (!w.need(67)) return;
-  w.u(r.SID, "SID", 15);
-  w.u(r.NID, "NID", 16);
-  w.u(r.SRCH_WIN_A, "SRCH_WIN_A", 4);
-  w.u(r.SRCH_WIN_N, "SRCH_WIN_N", 4);
-  w.u(r.SRCH_WIN_R, "SRCH_WIN_R", 4);
-  w.u(r.T_ADD, "T_ADD", 6);
-  w.u(r.T_DROP, "T_DROP", 6);
-  w.u(r.T_COMP, "T_COMP", 4);
-  w.u(r.T_TDROP, "T_TDROP", 4);
-  w.u(r.NGHBR_MAX_AGE, "NGHBR_MAX_AGE", 4);
+  w(F(SID, 15), F(NID, 16), F(SRCH_WIN_A, 4), F(SRCH_WIN_N, 4), F(SRCH_WIN_R, 4), F(T_ADD, 6), F(T_DROP, 6),
+    F(T_COMP, 4), F(T_TDROP, 4), F(NGHBR_MAX_AGE, 4));
   if (c.p_rev < kIs95B) return;
 
-  if (!w.need(35)) return;
-  w.u(r.P_REV, "P_REV", 8);
-  w.u(r.SOFT_SLOPE, "SOFT_SLOPE", 6);
-  w.u(r.ADD_INTERCEPT, "ADD_INTERCEPT", 6);
-  w.u(r.DROP_INTERCEPT, "DROP_INTERCEPT", 6);
-  w.u(r.PACKET_ZONE_ID, "PACKET_ZONE_ID", 8);
-  w.u(r.EXTENSION, "EXTENSION", 1);
-  if (r.EXTENSION) {
-    if (!w.need(9)) return;
-    w.u(r.T_MULCHAN, "T_MULCHAN", 3);
-    w.u(r.BEGIN_PREAMBLE, "BEGIN_PREAMBLE", 3);
-    w.u(r.RESUME_PREAMBLE, "RESUME_PREAMBLE", 3);
-  }
+  w(F(P_REV, 8), F(SOFT_SLOPE, 6), F(ADD_INTERCEPT, 6), F(DROP_INTERCEPT, 6), F(PACKET_ZONE_ID, 8), F(EXTENSION, 1));
+  if (r.EXTENSION) w(F(T_MULCHAN, 3), F(BEGIN_PREAMBLE, 3), F(RESUME_PREAMBLE, 3));
   if (r.P_REV < kRel0) return;
 
-  if (!w.need(1)) return;
-  w.u(r.T_SLOTTED_INCL, "T_SLOTTED_INCL", 1);
-  if (r.T_SLOTTED_INCL) {
-    if (!w.need(8)) return;
-    w.u(r.T_SLOTTED, "T_SLOTTED", 8);
-  }
+  w(F(T_SLOTTED_INCL, 1));
+  if (r.T_SLOTTED_INCL) w(F(T_SLOTTED, 8));
   if (r.P_REV < kRelA) return;
 
-  if (!w.need(1)) return;
-  w.u(r.ENC_SUPPORTED, "ENC_SUPPORTED", 1);
-  if (r.ENC_SUPPORTED) {
-    if (!w.need(16)) return;
-    w.u(r.SIG_ENCRYPT_SUP, "SIG_ENCRYPT_SUP", 8);
-    w.u(r.UI_ENCRYPT_SUP, "UI_ENCRYPT_SUP", 8);
-  }
-  if (!w.need(1)) return;
-  w.u(r.CS_SUPPORTED, "CS_SUPPORTED", 1);
+  w(F(ENC_SUPPORTED, 1));
+  if (r.ENC_SUPPORTED) w(F(SIG_ENCRYPT_SUP, 8), F(UI_ENCRYPT_SUP, 8));
+  w(F(CS_SUPPORTED, 1));
   if (r.P_REV < kRelC) return;
 
-  if (!w.need(2)) return;
-  w.u(r.CHM_SUPPORTED, "CHM_SUPPORTED", 1);
-  w.u(r.CDMA_OFF_TIME_REP_SUP_IND, "CDMA_OFF_TIME_REP_SUP_IND", 1);
-  if (r.CDMA_OFF_TIME_REP_SUP_IND) {
-    if (!w.need(4)) return;
-    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD_UNIT, "CDMA_OFF_TIME_REP_THRESHOLD_UNIT", 1);
-    w.u(r.CDMA_OFF_TIME_REP_THRESHOLD, "CDMA_OFF_TIME_REP_THRESHOLD", 3);
-  }
-  if (!w.need(1)) return;
-  w.u(r.T_TDROP_RANGE_INCL, "T_TDROP_RANGE_INCL", 1);
-  if (r.T_TDROP_RANGE_INCL) {
-    if (!w.need(4)) return;
-    w.u(r.T_TDROP_RANGE, "T_TDROP_RANGE", 4);
-  }
-  if (!w.need(1)) return;
-  w.u(r.FOR_PDCH_SUPPORTED, "FOR_PDCH_SUPPORTED", 1);
-  if (r.FOR_PDCH_SUPPORTED) {
-    if (!w.need(1)) return;
-    w.u(r.PDCH_CHM_SUPPORTED, "PDCH_CHM_SUPPORTED", 1);
-  }
-  if (!w.need(1)) return;
-  w.u(r.SDB_SUPPORTED, "SDB_SUPPORTED", 1);
+  w(F(CHM_SUPPORTED, 1), F(CDMA_OFF_TIME_REP_SUP_IND, 1));
+  if (r.CDMA_OFF_TIME_REP_SUP_IND) w(F(CDMA_OFF_TIME_REP_THRESHOLD_UNIT, 1), F(CDMA_OFF_TIME_REP_THRESHOLD, 3));
+  w(F(T_TDROP_RANGE_INCL, 1));
+  if (r.T_TDROP_RANGE_INCL) w(F(T_TDROP_RANGE, 4));
+  w(F(FOR_PDCH_SUPPORTED, 1));
+  if (r.FOR_PDCH_SUPPORTED) w(F(PDCH_CHM_SUPPORTED, 1));
+  w(F(SDB_SUPPORTED, 1));
   // QoS negotiation only matters where concurrent services are supported.
-  if (r.CS_SUPPORTED) {
-    if (!w.need(1)) return;
-    w.u(r.MOB_QOS, "MOB_QOS", 1);
-  }
-  if (!w.need(1)) return;
-  w.u(r.MS_INIT_POS_LOC_SUP_IND, "MS_INIT_POS_LOC_SUP_IND", 1);
+  if (r.CS_SUPPORTED) w(F(MOB_QOS, 1));
+  w(F(MS_INIT_POS_LOC_SUP_IND, 1));
   if (r.P_REV < kRelD) return;
   itspm_rel_d(w, r);
 }
@@ -200,8 +134,7 @@ struct FD_NLUM {
 
 template <class W>
 void layout(W& w, FD_NLUM& r, const Ctx&) {
-  if (!w.need(4)) return;
-  w.u(r.PILOT_INC, "PILOT_INC", 4);
+  w(F(PILOT_INC, 4));
   // The neighbours run to the end of the message; octet padding is shorter than one.
   std::uint32_t n = r.NGHBR_PN.count;
   if constexpr (W::kReading) n = fit(w, 9);
@@ -215,12 +148,9 @@ void layout(W& w, FD_NLUM& r, const Ctx&) {
 template <class W>
 bool add_pilot_rec(W& w, std::uint8_t& incl, std::uint8_t& type, std::uint8_t& len, fwd::AddPilotRec& rec,
                    const char* header, const Ctx& c) {
-  if (!w.need(1)) return false;
-  w.u(incl, "ADD_PILOT_REC_INCL", 1);
+  if (!w(field(incl, "ADD_PILOT_REC_INCL", 1))) return false;
   if (!incl) return true;
-  if (!w.need(6)) return false;
-  w.u(type, "NGHBR_PILOT_REC_TYPE", 3);
-  w.u(len, "RECORD_LEN", 3);
+  if (!w(field(type, "NGHBR_PILOT_REC_TYPE", 3), field(len, "RECORD_LEN", 3))) return false;
   if (len == 0) return true;
   if (!w.need(8u * len)) return false;
   fwd::AddPilotCtx pc{};
@@ -258,27 +188,14 @@ struct FD_ENLUM_NGHBR {
 template <class W>
 void layout(W& w, FD_ENLUM_NGHBR& r, const NghbrCtx& c) {
   const auto& n = c;
-  if (!w.need(9)) return;
-  w.u(r.NGHBR_PN, "NGHBR_PN", 9);
-  if (has_priority(n.srch_mode)) {
-    if (!w.need(2)) return;
-    w.u(r.SEARCH_PRIORITY, "SEARCH_PRIORITY", 2);
-  }
-  if (has_window(n.srch_mode)) {
-    if (!w.need(4)) return;
-    w.u(r.SRCH_WIN_NGHBR, "SRCH_WIN_NGHBR", 4);
-  }
+  w(F(NGHBR_PN, 9));
+  if (has_priority(n.srch_mode)) w(F(SEARCH_PRIORITY, 2));
+  if (has_window(n.srch_mode)) w(F(SRCH_WIN_NGHBR, 4));
   if (!n.use_timing) return;
-  if (!w.need(1)) return;
-  w.u(r.TIMING_INCL, "TIMING_INCL", 1);
+  w(F(TIMING_INCL, 1));
   if (!r.TIMING_INCL) return;
-  if (!w.need(7)) return;
-  w.u(r.NGHBR_TX_OFFSET, "NGHBR_TX_OFFSET", 7);
-  if (!n.global_timing) {
-    if (!w.need(11)) return;
-    w.u(r.NGHBR_TX_DURATION, "NGHBR_TX_DURATION", 4);
-    w.u(r.NGHBR_TX_PERIOD, "NGHBR_TX_PERIOD", 7);
-  }
+  w(F(NGHBR_TX_OFFSET, 7));
+  if (!n.global_timing) w(F(NGHBR_TX_DURATION, 4), F(NGHBR_TX_PERIOD, 7));
 }
 
 struct FD_ENLUM_ADD_NGHBR {
@@ -295,10 +212,7 @@ void layout(W& w, FD_ENLUM_ADD_NGHBR& r, const NghbrCtx& c) {
   if (!add_pilot_rec(w, r.ADD_PILOT_REC_INCL, r.NGHBR_PILOT_REC_TYPE, r.RECORD_LEN, r.TYPE_SPECIFIC_FIELDS,
                      n.pilot_rec_header, c))
     return;
-  if (n.srch_offset && has_window(n.srch_mode)) {
-    if (!w.need(3)) return;
-    w.u(r.SRCH_OFFSET_NGHBR, "SRCH_OFFSET_NGHBR", 3);
-  }
+  if (n.srch_offset && has_window(n.srch_mode)) w(F(SRCH_OFFSET_NGHBR, 3));
 }
 
 struct FD_ENLUM {
@@ -331,22 +245,12 @@ struct FD_ENLUM {
 
 template <class W>
 void layout(W& w, FD_ENLUM& r, const Ctx& c) {
-  if (!w.need(11)) return;
-  w.u(r.PILOT_INC, "PILOT_INC", 4);
-  w.u(r.NGHBR_SRCH_MODE, "NGHBR_SRCH_MODE", 2);
-  w.u(r.SRCH_WIN_N, "SRCH_WIN_N", 4);
-  w.u(r.USE_TIMING, "USE_TIMING", 1);
+  w(F(PILOT_INC, 4), F(NGHBR_SRCH_MODE, 2), F(SRCH_WIN_N, 4), F(USE_TIMING, 1));
   if (r.USE_TIMING) {
-    if (!w.need(1)) return;
-    w.u(r.GLOBAL_TIMING_INCL, "GLOBAL_TIMING_INCL", 1);
-    if (r.GLOBAL_TIMING_INCL) {
-      if (!w.need(11)) return;
-      w.u(r.GLOBAL_TX_DURATION, "GLOBAL_TX_DURATION", 4);
-      w.u(r.GLOBAL_TX_PERIOD, "GLOBAL_TX_PERIOD", 7);
-    }
+    w(F(GLOBAL_TIMING_INCL, 1));
+    if (r.GLOBAL_TIMING_INCL) w(F(GLOBAL_TX_DURATION, 4), F(GLOBAL_TX_PERIOD, 7));
   }
-  if (!w.need(6)) return;
-  w.u(r.NUM_NGHBR, "NUM_NGHBR", 6);
+  w(F(NUM_NGHBR, 6));
   NghbrCtx n;
   static_cast<Ctx&>(n) = c;
   n.srch_mode = r.NGHBR_SRCH_MODE;
@@ -357,14 +261,12 @@ void layout(W& w, FD_ENLUM& r, const Ctx& c) {
   if (!w.counted("NGHBRs", "FD_ENLUM_NGHBRs", r.NGHBRs, r.NUM_NGHBR, n)) return;
   if (c.p_rev < kRel0) return;
 
-  if (!w.need(1)) return;
-  w.u(r.SRCH_OFFSET_INCL, "SRCH_OFFSET_INCL", 1);
+  w(F(SRCH_OFFSET_INCL, 1));
   n.srch_offset = r.SRCH_OFFSET_INCL;
   if (!w.counted("ADD_NGHBRs", "FD_ENLUM_ADD_NGHBRs", r.ADD_NGHBRs, r.NUM_NGHBR, n)) return;
   if (c.p_rev < kRelB) return;
 
-  if (!w.need(1)) return;
-  w.u(r.RESQ_ENABLED, "RESQ_ENABLED", 1);
+  w(F(RESQ_ENABLED, 1));
   if (r.RESQ_ENABLED) fwd::call_rescue<false>(w, r);
 }
 
@@ -380,17 +282,9 @@ struct FD_CFSRQM_PILOT {
 template <class W>
 void layout(W& w, FD_CFSRQM_PILOT& r, const NghbrCtx& c) {
   const auto& n = c;
-  if (!w.need(10)) return;
-  w.u(r.NGHBR_PN, "NGHBR_PN", 9);
-  w.u(r.SEARCH_SET, "SEARCH_SET", 1);
-  if (has_priority(n.srch_mode)) {
-    if (!w.need(2)) return;
-    w.u(r.SEARCH_PRIORITY, "SEARCH_PRIORITY", 2);
-  }
-  if (has_window(n.srch_mode)) {
-    if (!w.need(4)) return;
-    w.u(r.SRCH_WIN_NGHBR, "SRCH_WIN_NGHBR", 4);
-  }
+  w(F(NGHBR_PN, 9), F(SEARCH_SET, 1));
+  if (has_priority(n.srch_mode)) w(F(SEARCH_PRIORITY, 2));
+  if (has_window(n.srch_mode)) w(F(SRCH_WIN_NGHBR, 4));
 }
 
 // Mode-specific fields, under SEARCH_MODE / MODE_SPECIFIC_LEN. `mode` is a copy of the
@@ -421,30 +315,14 @@ struct FD_CFSRQM_MODE {
 template <class W>
 void layout(W& w, FD_CFSRQM_MODE& r, const Ctx& c) {
   if (r.mode == 1) {   // analog channels
-    if (!w.need(24)) return;
-    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-    w.u(r.SF_TOTAL_EC_THRESH, "SF_TOTAL_EC_THRESH", 5);
-    w.u(r.SF_TOTAL_EC_IO_THRESH, "SF_TOTAL_EC_IO_THRESH", 5);
-    w.skip(6);
-    w.u(r.NUM_ANALOG_FREQS, "NUM_ANALOG_FREQS", 3);
+    w(F(BAND_CLASS, 5), F(SF_TOTAL_EC_THRESH, 5), F(SF_TOTAL_EC_IO_THRESH, 5), reserved(6), F(NUM_ANALOG_FREQS, 3));
     w.scalars("ANALOG_FREQ", r.ANALOG_FREQ, r.NUM_ANALOG_FREQS, 11);
     return;
   }
   if (r.mode != 0) return;   // CDMA pilots; other modes are reserved
-  if (!w.need(64)) return;
-  w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-  w.u(r.CDMA_FREQ, "CDMA_FREQ", 11);
-  w.u(r.SF_TOTAL_EC_THRESH, "SF_TOTAL_EC_THRESH", 5);
-  w.u(r.SF_TOTAL_EC_IO_THRESH, "SF_TOTAL_EC_IO_THRESH", 5);
-  w.u(r.DIFF_RX_PWR_THRESH, "DIFF_RX_PWR_THRESH", 5);
-  w.u(r.MIN_TOTAL_PILOT_EC_IO, "MIN_TOTAL_PILOT_EC_IO", 5);
-  w.u(r.CF_T_ADD, "CF_T_ADD", 6);
-  w.u(r.TF_WAIT_TIME, "TF_WAIT_TIME", 4);
-  w.u(r.CF_PILOT_INC, "CF_PILOT_INC", 4);
-  w.u(r.CF_SRCH_WIN_N, "CF_SRCH_WIN_N", 4);
-  w.u(r.CF_SRCH_WIN_R, "CF_SRCH_WIN_R", 4);
-  w.skip(5);
-  w.u(r.PILOT_UPDATE, "PILOT_UPDATE", 1);
+  w(F(BAND_CLASS, 5), F(CDMA_FREQ, 11), F(SF_TOTAL_EC_THRESH, 5), F(SF_TOTAL_EC_IO_THRESH, 5),
+    F(DIFF_RX_PWR_THRESH, 5), F(MIN_TOTAL_PILOT_EC_IO, 5), F(CF_T_ADD, 6), F(TF_WAIT_TIME, 4), F(CF_PILOT_INC, 4),
+    F(CF_SRCH_WIN_N, 4), F(CF_SRCH_WIN_R, 4), reserved(5), F(PILOT_UPDATE, 1));
   NghbrCtx n;
   static_cast<Ctx&>(n) = c;
   n.use_timing = 0;
@@ -453,15 +331,12 @@ void layout(W& w, FD_CFSRQM_MODE& r, const Ctx& c) {
   n.srch_mode = 0;
   n.pilot_rec_header = "FD_CFSRQM_ADD_PILOTs_TypeSpecificFields";
   if (r.PILOT_UPDATE) {
-    if (!w.need(8)) return;
-    w.u(r.NUM_PILOTS, "NUM_PILOTS", 6);
-    w.u(r.CF_NGHBR_SRCH_MODE, "CF_NGHBR_SRCH_MODE", 2);
+    w(F(NUM_PILOTS, 6), F(CF_NGHBR_SRCH_MODE, 2));
     n.srch_mode = r.CF_NGHBR_SRCH_MODE;
     if (!w.counted("PILOTs", "FD_CFSRQM_PILOTs", r.PILOTs, r.NUM_PILOTS, n)) return;
   }
   if (c.p_rev < kRel0) return;
-  if (!w.need(1)) return;
-  w.u(r.CF_SRCH_OFFSET_INCL, "CF_SRCH_OFFSET_INCL", 1);
+  w(F(CF_SRCH_OFFSET_INCL, 1));
   n.srch_offset = r.CF_SRCH_OFFSET_INCL;
   if (r.PILOT_UPDATE) w.counted("ADD_PILOTs", "FD_CFSRQM_ADD_PILOTs", r.ADD_PILOTs, r.NUM_PILOTS, n);
 }
@@ -481,15 +356,8 @@ struct FD_CFSRQM {
 
 template <class W>
 void layout(W& w, FD_CFSRQM& r, const Ctx& c) {
-  if (!w.need(31)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  w.skip(4);
-  w.u(r.CFSRM_SEQ, "CFSRM_SEQ", 2);
-  w.u(r.SEARCH_TYPE, "SEARCH_TYPE", 2);
-  w.u(r.SEARCH_PERIOD, "SEARCH_PERIOD", 4);
-  w.u(r.SEARCH_MODE, "SEARCH_MODE", 4);
-  w.u(r.MODE_SPECIFIC_LEN, "MODE_SPECIFIC_LEN", 8);
+  w(F(USE_TIME, 1), F(ACTION_TIME, 6), reserved(4), F(CFSRM_SEQ, 2), F(SEARCH_TYPE, 2), F(SEARCH_PERIOD, 4),
+    F(SEARCH_MODE, 4), F(MODE_SPECIFIC_LEN, 8));
   // The mode-specific fields are laid out by the mode read just before them.
   if constexpr (W::kReading) r.MODE.mode = r.SEARCH_MODE;
   if (!w.need(8u * r.MODE_SPECIFIC_LEN)) return;
@@ -497,12 +365,8 @@ void layout(W& w, FD_CFSRQM& r, const Ctx& c) {
       !w.sized("MODE_SPECIFIC_FIELDS", "FD_CFSRQM_MODE_SPECIFIC_FIELDS", r.MODE, 8u * r.MODE_SPECIFIC_LEN, c))
     return;
   if (c.p_rev < kRel0) return;
-  if (!w.need(1)) return;
-  w.u(r.ALIGN_TIMING, "ALIGN_TIMING", 1);
-  if (r.ALIGN_TIMING) {
-    if (!w.need(6)) return;
-    w.u(r.SEARCH_OFFSET, "SEARCH_OFFSET", 6);
-  }
+  w(F(ALIGN_TIMING, 1));
+  if (r.ALIGN_TIMING) w(F(SEARCH_OFFSET, 6));
 }
 
 // ---- Candidate Frequency Search Control Message (28) ------------------------------------
@@ -517,15 +381,8 @@ struct FD_CFSCNM {
 
 template <class W>
 void layout(W& w, FD_CFSCNM& r, const Ctx& c) {
-  if (!w.need(11)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  w.u(r.CFSCM_SEQ, "CFSCM_SEQ", 2);
-  w.u(r.SEARCH_TYPE, "SEARCH_TYPE", 2);
-  if (c.p_rev >= kRel0) {
-    if (!w.need(1)) return;
-    w.u(r.ALIGN_TIMING, "ALIGN_TIMING", 1);
-  }
+  w(F(USE_TIME, 1), F(ACTION_TIME, 6), F(CFSCM_SEQ, 2), F(SEARCH_TYPE, 2));
+  if (c.p_rev >= kRel0) w(F(ALIGN_TIMING, 1));
 }
 
 // ---- The table ------------------------------------------------------------------------------

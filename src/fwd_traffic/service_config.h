@@ -252,36 +252,19 @@ template <class W>
 void layout(W& w, ScrConRec& r, const Ctx& c) {
   std::uint64_t start = 0;
   if constexpr (W::kReading) start = w.pos();
-  if (!w.need(40)) return;
-  w.u(r.RECORD_LEN, "RECORD_LEN", 8);
-  w.u(r.CON_REF, "CON_REF", 8);
-  w.u(r.SERVICE_OPTION, "SERVICE_OPTION", 16);
-  w.u(r.FOR_TRAFFIC, "FOR_TRAFFIC", 4);
-  w.u(r.REV_TRAFFIC, "REV_TRAFFIC", 4);
+  w(F(RECORD_LEN, 8), F(CON_REF, 8), F(SERVICE_OPTION, 16), F(FOR_TRAFFIC, 4), F(REV_TRAFFIC, 4));
   if (c.p_rev >= 6) {
-    if (!w.need(7)) return;
-    w.u(r.UI_ENCRYPT_MODE, "UI_ENCRYPT_MODE", 3);
-    w.u(r.SR_ID, "SR_ID", 3);
-    w.u(r.RLP_INFO_INCL, "RLP_INFO_INCL", 1);
+    w(F(UI_ENCRYPT_MODE, 3), F(SR_ID, 3), F(RLP_INFO_INCL, 1));
     if (r.RLP_INFO_INCL) {
-      if (!w.need(4)) return;
-      w.u(r.RLP_BLOB_LEN, "RLP_BLOB_LEN", 4);
-      if (r.RLP_BLOB_LEN) {
-        if (!w.need(8u * r.RLP_BLOB_LEN)) return;
-        w.bits(r.RLP_BLOB, "RLP_BLOB", 8u * r.RLP_BLOB_LEN);
-      }
+      w(F(RLP_BLOB_LEN, 4));
+      if (r.RLP_BLOB_LEN) w(F(RLP_BLOB, 8u * r.RLP_BLOB_LEN));
     }
   }
   if (c.p_rev >= 7) {
-    if (!w.need(1)) return;
-    w.u(r.QOS_PARMS_INCL, "QOS_PARMS_INCL", 1);
+    w(F(QOS_PARMS_INCL, 1));
     if (r.QOS_PARMS_INCL) {
-      if (!w.need(5)) return;
-      w.u(r.QOS_PARMS_LEN, "QOS_PARMS_LEN", 5);
-      if (r.QOS_PARMS_LEN) {
-        if (!w.need(8u * r.QOS_PARMS_LEN)) return;
-        w.bits(r.QOS_PARMS, "QOS_PARMS", 8u * r.QOS_PARMS_LEN);
-      }
+      w(F(QOS_PARMS_LEN, 5));
+      if (r.QOS_PARMS_LEN) w(F(QOS_PARMS, 8u * r.QOS_PARMS_LEN));
     }
   }
   // RECORD_LEN covers the whole connection record, itself included: skip the reserved
@@ -296,13 +279,7 @@ template <class W>
 void sch_cc(W& w, ScrSch& r) {
   std::uint64_t start = 0;
   if constexpr (W::kReading) start = w.pos();
-  if (!w.need(16)) return;
-  w.u(r.SCH_REC_LEN, "SCH_REC_LEN", 4);
-  w.u(r.SCH_RC, "SCH_RC", 5);
-  w.u(r.CODING_TYPE, "CODING_TYPE", 1);
-  w.u(r.FRAME_40_USED, "FRAME_40_USED", 1);
-  w.u(r.FRAME_80_USED, "FRAME_80_USED", 1);
-  w.u(r.MAX_RATE, "MAX_RATE", 4);
+  w(F(SCH_REC_LEN, 4), F(SCH_RC, 5), F(CODING_TYPE, 1), F(FRAME_40_USED, 1), F(FRAME_80_USED, 1), F(MAX_RATE, 4));
   // Reserved bits, and fields of later revisions, up to the declared length.
   if constexpr (W::kReading) {
     const std::uint64_t end = start + 8u * r.SCH_REC_LEN;
@@ -312,115 +289,67 @@ void sch_cc(W& w, ScrSch& r) {
 
 template <class W>
 void layout(W& w, ScrForSch& r, const Ctx&) {
-  if (!w.need(18)) return;
-  w.u(r.SCH_ID, "FOR_SCH_ID", 2);
-  w.u(r.SCH_MUX, "FOR_SCH_MUX", 16);
+  w(field(r.SCH_ID, "FOR_SCH_ID", 2), field(r.SCH_MUX, "FOR_SCH_MUX", 16));
   sch_cc(w, r);
 }
 
 template <class W>
 void layout(W& w, ScrRevSch& r, const Ctx&) {
-  if (!w.need(18)) return;
-  w.u(r.SCH_ID, "REV_SCH_ID", 2);
-  w.u(r.SCH_MUX, "REV_SCH_MUX", 16);
+  w(field(r.SCH_ID, "REV_SCH_ID", 2), field(r.SCH_MUX, "REV_SCH_MUX", 16));
   sch_cc(w, r);
 }
 
 template <class W>
 void layout(W& w, ServiceConfig& r, const Ctx& c) {
-  if (!w.need(56)) return;
-  w.u(r.FOR_MUX_OPTION, "FOR_MUX_OPTION", 16);
-  w.u(r.REV_MUX_OPTION, "REV_MUX_OPTION", 16);
-  w.u(r.FOR_NUM_BITS, "FOR_NUM_BITS", 8);
-  w.u(r.REV_NUM_BITS, "REV_NUM_BITS", 8);
-  w.u(r.NUM_CON_REC, "NUM_CON_REC", 8);
+  w(F(FOR_MUX_OPTION, 16), F(REV_MUX_OPTION, 16), F(FOR_NUM_BITS, 8), F(REV_NUM_BITS, 8), F(NUM_CON_REC, 8));
   if (!w.counted("CON_RECs", "SCR_CON_RECs", r.CON_RECs, r.NUM_CON_REC, c)) return;
   if (c.p_rev < 6) return;
 
-  if (!w.need(1)) return;
-  w.u(r.FCH_CC_INCL, "FCH_CC_INCL", 1);
-  if (r.FCH_CC_INCL) {
-    if (!w.need(11)) return;
-    w.u(r.FCH_FRAME_SIZE, "FCH_FRAME_SIZE", 1);
-    w.u(r.FOR_FCH_RC, "FOR_FCH_RC", 5);
-    w.u(r.REV_FCH_RC, "REV_FCH_RC", 5);
-  }
-  if (!w.need(1)) return;
-  w.u(r.DCCH_CC_INCL, "DCCH_CC_INCL", 1);
-  if (r.DCCH_CC_INCL) {
-    if (!w.need(12)) return;
-    w.u(r.DCCH_FRAME_SIZE, "DCCH_FRAME_SIZE", 2);
-    w.u(r.FOR_DCCH_RC, "FOR_DCCH_RC", 5);
-    w.u(r.REV_DCCH_RC, "REV_DCCH_RC", 5);
-  }
-  if (!w.need(1)) return;
-  w.u(r.FOR_SCH_CC_INCL, "FOR_SCH_CC_INCL", 1);
+  w(F(FCH_CC_INCL, 1));
+  if (r.FCH_CC_INCL) w(F(FCH_FRAME_SIZE, 1), F(FOR_FCH_RC, 5), F(REV_FCH_RC, 5));
+  w(F(DCCH_CC_INCL, 1));
+  if (r.DCCH_CC_INCL) w(F(DCCH_FRAME_SIZE, 2), F(FOR_DCCH_RC, 5), F(REV_DCCH_RC, 5));
+  w(F(FOR_SCH_CC_INCL, 1));
   if (r.FOR_SCH_CC_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.NUM_FOR_SCH, "NUM_FOR_SCH", 2);
+    w(F(NUM_FOR_SCH, 2));
     if (!w.counted("SCR_FOR_SCHs", "SCR_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
   }
-  if (!w.need(1)) return;
-  w.u(r.REV_SCH_CC_INCL, "REV_SCH_CC_INCL", 1);
+  w(F(REV_SCH_CC_INCL, 1));
   if (r.REV_SCH_CC_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.NUM_REV_SCH, "NUM_REV_SCH", 2);
+    w(F(NUM_REV_SCH, 2));
     if (!w.counted("SCR_REV_SCHs", "SCR_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
   }
   if (c.p_rev < 8) return;
 
-  if (!w.need(2)) return;
-  w.u(r.FCH_DCCH_MUX_OPTION_IND, "FCH_DCCH_MUX_OPTION_IND", 2);
+  w(F(FCH_DCCH_MUX_OPTION_IND, 2));
   // '11': the DCCH runs its own multiplex options, sent here; the other values reuse
   // FOR_MUX_OPTION / REV_MUX_OPTION.
-  if (r.FCH_DCCH_MUX_OPTION_IND == 3) {
-    if (!w.need(32)) return;
-    w.u(r.FOR_DCCH_MUX_OPTION, "FOR_DCCH_MUX_OPTION", 16);
-    w.u(r.REV_DCCH_MUX_OPTION, "REV_DCCH_MUX_OPTION", 16);
-  }
+  if (r.FCH_DCCH_MUX_OPTION_IND == 3) w(F(FOR_DCCH_MUX_OPTION, 16), F(REV_DCCH_MUX_OPTION, 16));
   if (c.p_rev < 9) return;
-  if (!w.need(1)) return;
-  w.u(r.FOR_PDCH_CC_INCL, "FOR_PDCH_CC_INCL", 1);
-  if (r.FOR_PDCH_CC_INCL) {
-    if (!w.need(21)) return;
-    w.u(r.FOR_PDCH_MUX_OPTION, "FOR_PDCH_MUX_OPTION", 16);
-    w.u(r.FOR_PDCH_RC, "FOR_PDCH_RC", 5);
-  }
+  w(F(FOR_PDCH_CC_INCL, 1));
+  if (r.FOR_PDCH_CC_INCL) w(F(FOR_PDCH_MUX_OPTION, 16), F(FOR_PDCH_RC, 5));
   if (c.p_rev < 10) return;
 
-  if (!w.need(1)) return;
-  w.u(r.REV_PDCH_CC_INCL, "REV_PDCH_CC_INCL", 1);
+  w(F(REV_PDCH_CC_INCL, 1));
   if (r.REV_PDCH_CC_INCL) {
-    if (!w.need(37)) return;
-    w.u(r.REV_PDCH_MUX_OPTION_HIGH_RATE, "REV_PDCH_MUX_OPTION_HIGH_RATE", 16);
-    w.u(r.REV_PDCH_MUX_OPTION_LOW_RATE, "REV_PDCH_MUX_OPTION_LOW_RATE", 16);
-    w.u(r.REV_PDCH_RC, "REV_PDCH_RC", 5);
+    w(F(REV_PDCH_MUX_OPTION_HIGH_RATE, 16), F(REV_PDCH_MUX_OPTION_LOW_RATE, 16), F(REV_PDCH_RC, 5));
   }
 }
 
 template <class W>
 void layout(W& w, NnscrForSch& r, const Ctx&) {
-  if (!w.need(4)) return;
-  w.u(r.SCH_ID, "FOR_SCH_ID", 2);
-  w.u(r.SCH_FRAME_OFFSET, "FOR_SCH_FRAME_OFFSET", 2);
+  w(field(r.SCH_ID, "FOR_SCH_ID", 2), field(r.SCH_FRAME_OFFSET, "FOR_SCH_FRAME_OFFSET", 2));
 }
 
 template <class W>
 void layout(W& w, NnscrRevSch& r, const Ctx&) {
-  if (!w.need(4)) return;
-  w.u(r.SCH_ID, "REV_SCH_ID", 2);
-  w.u(r.SCH_FRAME_OFFSET, "REV_SCH_FRAME_OFFSET", 2);
+  w(field(r.SCH_ID, "REV_SCH_ID", 2), field(r.SCH_FRAME_OFFSET, "REV_SCH_FRAME_OFFSET", 2));
 }
 
 template <class W>
 void layout(W& w, NnscrLpmEntry& r, const Ctx&) {
-  if (!w.need(17)) return;
-  w.u(r.SR_ID, "SR_ID", 3);
-  w.u(r.LOGICAL_RESOURCE, "LOGICAL_RESOURCE", 4);
-  w.u(r.PHYSICAL_RESOURCE, "PHYSICAL_RESOURCE", 4);
-  w.u(r.FORWARD_FLAG, "FORWARD_FLAG", 1);
-  w.u(r.REVERSE_FLAG, "REVERSE_FLAG", 1);
-  w.u(r.PRIORITY, "PRIORITY", 4);
+  w(F(SR_ID, 3), F(LOGICAL_RESOURCE, 4), F(PHYSICAL_RESOURCE, 4), F(FORWARD_FLAG, 1), F(REVERSE_FLAG, 1),
+    F(PRIORITY, 4));
 }
 
 template <class W>
@@ -440,64 +369,47 @@ void layout(W& w, NnscrSrRec& r, const Ctx&) {
 
 template <class W>
 void layout(W& w, NnscrNumBitsRec& r, const Ctx&) {
-  if (!w.need(23)) return;
-  w.u(r.NUM_BITS_IDX, "NUM_BITS_IDX", 4);
-  w.u(r.NUM_BITS, "NUM_BITS", 16);
-  w.u(r.CRC_LEN_IDX, "CRC_LEN_IDX", 3);
+  w(F(NUM_BITS_IDX, 4), F(NUM_BITS, 16), F(CRC_LEN_IDX, 3));
 }
 
 template <class W>
 void layout(W& w, NnscrNumBitsTable& r, const Ctx& c) {
-  if (!w.need(8)) return;
-  w.u(r.NUM_BITS_TABLE_ID, "NUM_BITS_TABLE_ID", 4);
-  w.u(r.NUM_RECS, "NUM_RECS", 4);
+  w(F(NUM_BITS_TABLE_ID, 4), F(NUM_RECS, 4));
   w.counted("RECs", "NNSCR_NUM_BITS_TABLEs_RECs", r.RECs, r.NUM_RECS + 1u, c);
 }
 
 template <class W>
 void layout(W& w, NnscrVarRateRec& r, const Ctx&) {
-  if (!w.need(4)) return;
-  w.u(r.NUM_BITS_IDX, "NUM_BITS_IDX", 4);
+  w(F(NUM_BITS_IDX, 4));
   // One mask bit per lower rate of the flexible rate table: NUM_BITS_IDX bits.
-  if (!w.need(r.NUM_BITS_IDX)) return;
-  w.u(r.MASK, "MASK", r.NUM_BITS_IDX);
+  w(F(MASK, r.NUM_BITS_IDX));
 }
 
 template <class W>
 void layout(W& w, NnscrVarRateTable& r, const Ctx& c) {
-  if (!w.need(7)) return;
-  w.u(r.VAR_RATE_TABLE_ID, "VAR_RATE_TABLE_ID", 3);
-  w.u(r.NUM_RECS, "NUM_RECS", 4);
+  w(F(VAR_RATE_TABLE_ID, 3), F(NUM_RECS, 4));
   w.counted("RECs", "NNSCR_VAR_RATE_TABLEs_RECs", r.RECs, r.NUM_RECS + 1u, c);
 }
 
 template <class W>
 void layout(W& w, NnscrLtuRow& r, const Ctx&) {
-  if (!w.need(8)) return;
-  w.u(r.NBITS_IDX, "NBITS_IDX", 4);
-  w.u(r.NUM_LTUS, "NUM_LTUS", 4);
+  w(F(NBITS_IDX, 4), F(NUM_LTUS, 4));
 }
 
 template <class W>
 void layout(W& w, NnscrLtuTable& r, const Ctx& c) {
-  if (!w.need(7)) return;
-  w.u(r.LTU_TABLE_ID, "LTU_TABLE_ID", 3);
-  w.u(r.NUM_ROWS, "NUM_ROWS", 4);
+  w(F(LTU_TABLE_ID, 3), F(NUM_ROWS, 4));
   w.counted("ROWs", "NNSCR_LTU_TABLEs_ROWs", r.ROWs, r.NUM_ROWS + 1u, c);
 }
 
 template <class W>
 void layout(W& w, NnscrPartition& r, const Ctx&) {
-  if (!w.need(12)) return;
-  w.u(r.SR_ID, "SR_ID", 3);
-  w.u(r.SRV_NUM_BITS, "SRV_NUM_BITS", 9);
+  w(F(SR_ID, 3), F(SRV_NUM_BITS, 9));
 }
 
 template <class W>
 void layout(W& w, NnscrPartitionRow& r, const Ctx& c) {
-  if (!w.need(8)) return;
-  w.u(r.CATEGORY, "CATEGORY", 5);
-  w.u(r.MUX_HEADER_LEN, "MUX_HEADER_LEN", 3);
+  w(F(CATEGORY, 5), F(MUX_HEADER_LEN, 3));
   if (!w.need(r.MUX_HEADER_LEN + 3u)) return;
   w.u(r.MUX_HEADER, "MUX_HEADER", r.MUX_HEADER_LEN);
   w.u(r.NUM_PARTITIONS, "NUM_PARTITIONS", 3);
@@ -506,100 +418,65 @@ void layout(W& w, NnscrPartitionRow& r, const Ctx& c) {
 
 template <class W>
 void layout(W& w, NnscrPartitionTable& r, const Ctx& c) {
-  if (!w.need(8)) return;
-  w.u(r.PARTITION_TABLE_ID, "PARTITION_TABLE_ID", 3);
-  w.u(r.NUM_ROWS, "NUM_ROWS", 5);
+  w(F(PARTITION_TABLE_ID, 3), F(NUM_ROWS, 5));
   w.counted("ROWs", "NNSCR_PARTITION_TABLEs_ROWs", r.ROWs, r.NUM_ROWS + 1u, c);
 }
 
 template <class W>
 void layout(W& w, Nnscr& r, const Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(r.FPC_INCL, "FPC_INCL", 1);
+  w(F(FPC_INCL, 1));
   if (r.FPC_INCL) {
-    if (!w.need(5)) return;
-    w.u(r.FPC_PRI_CHAN, "FPC_PRI_CHAN", 1);
-    w.u(r.FPC_MODE, "FPC_MODE", 3);
-    w.u(r.FPC_OLPC_FCH_INCL, "FPC_OLPC_FCH_INCL", 1);
-    if (r.FPC_OLPC_FCH_INCL) {
-      if (!w.need(21)) return;
-      w.u(r.FPC_FCH_FER, "FPC_FCH_FER", 5);
-      w.u(r.FPC_FCH_MIN_SETPT, "FPC_FCH_MIN_SETPT", 8);
-      w.u(r.FPC_FCH_MAX_SETPT, "FPC_FCH_MAX_SETPT", 8);
-    }
-    if (!w.need(1)) return;
-    w.u(r.FPC_OLPC_DCCH_INCL, "FPC_OLPC_DCCH_INCL", 1);
-    if (r.FPC_OLPC_DCCH_INCL) {
-      if (!w.need(21)) return;
-      w.u(r.FPC_DCCH_FER, "FPC_DCCH_FER", 5);
-      w.u(r.FPC_DCCH_MIN_SETPT, "FPC_DCCH_MIN_SETPT", 8);
-      w.u(r.FPC_DCCH_MAX_SETPT, "FPC_DCCH_MAX_SETPT", 8);
-    }
+    w(F(FPC_PRI_CHAN, 1), F(FPC_MODE, 3), F(FPC_OLPC_FCH_INCL, 1));
+    if (r.FPC_OLPC_FCH_INCL) w(F(FPC_FCH_FER, 5), F(FPC_FCH_MIN_SETPT, 8), F(FPC_FCH_MAX_SETPT, 8));
+    w(F(FPC_OLPC_DCCH_INCL, 1));
+    if (r.FPC_OLPC_DCCH_INCL) w(F(FPC_DCCH_FER, 5), F(FPC_DCCH_MIN_SETPT, 8), F(FPC_DCCH_MAX_SETPT, 8));
   }
-  if (!w.need(1)) return;
-  w.u(r.GATING_RATE_INCL, "GATING_RATE_INCL", 1);
-  if (r.GATING_RATE_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.PILOT_GATING_RATE, "PILOT_GATING_RATE", 2);
-  }
+  w(F(GATING_RATE_INCL, 1));
+  if (r.GATING_RATE_INCL) w(F(PILOT_GATING_RATE, 2));
   if (c.p_rev == 6) {
     // P_REV 6 reserves the two bits where later revisions start the supplemental groups.
-    if (!w.need(2)) return;
-    w.skip(2);
+    w(reserved(2));
   }
 
   if (c.p_rev >= 7) {
-    if (!w.need(1)) return;
-    w.u(r.FOR_SCH_INCL, "FOR_SCH_INCL", 1);
+    w(F(FOR_SCH_INCL, 1));
     if (r.FOR_SCH_INCL) {
-      if (!w.need(2)) return;
-      w.u(r.NUM_FOR_SCH, "NUM_FOR_SCH", 2);
+      w(F(NUM_FOR_SCH, 2));
       if (!w.counted("FOR_SCHs", "NNSCR_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
     }
-    if (!w.need(1)) return;
-    w.u(r.REV_SCH_INCL, "REV_SCH_INCL", 1);
+    w(F(REV_SCH_INCL, 1));
     if (r.REV_SCH_INCL) {
-      if (!w.need(2)) return;
-      w.u(r.NUM_REV_SCH, "NUM_REV_SCH", 2);
+      w(F(NUM_REV_SCH, 2));
       if (!w.counted("REV_SCHs", "NNSCR_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
     }
   }
 
-  if (!w.need(2)) return;
-  w.u(r.LPM_IND, "LPM_IND", 2);
+  w(F(LPM_IND, 2));
   // '01': a new mapping table follows; '00' default mapping, '10' keep the current one.
   if (r.LPM_IND == 1) {
-    if (!w.need(4)) return;
-    w.u(r.NUM_LPM_ENTRIES, "NUM_LPM_ENTRIES", 4);
+    w(F(NUM_LPM_ENTRIES, 4));
     if (!w.counted("LPM_ENTRIES", "NNSCR_LPM_ENTRIES", r.LPM_ENTRIES, r.NUM_LPM_ENTRIES, c)) return;
   }
 
   if (c.p_rev >= 7) {
-    if (!w.need(3)) return;
-    w.u(r.NUM_REC, "NUM_REC", 3);
+    w(F(NUM_REC, 3));
     if (!w.counted("RECs", "NNSCR_RECs", r.RECs, r.NUM_REC, c)) return;
 
-    if (!w.need(1)) return;
-    w.u(r.USE_FLEX_NUM_BITS, "USE_FLEX_NUM_BITS", 1);
+    w(F(USE_FLEX_NUM_BITS, 1));
     if (r.USE_FLEX_NUM_BITS) {
-      if (!w.need(1)) return;
-      w.u(r.NUM_BITS_TABLES_INCL, "NUM_BITS_TABLES_INCL", 1);
+      w(F(NUM_BITS_TABLES_INCL, 1));
       if (r.NUM_BITS_TABLES_INCL) {
-        if (!w.need(3)) return;
-        w.u(r.NUM_BITS_TABLES_COUNT, "NUM_BITS_TABLES_COUNT", 3);
+        w(F(NUM_BITS_TABLES_COUNT, 3));
         if (!w.counted("NUM_BITS_TABLEs", "NNSCR_NUM_BITS_TABLEs", r.NUM_BITS_TABLEs, r.NUM_BITS_TABLES_COUNT + 1u,
                        c))
           return;
       }
     }
-    if (!w.need(1)) return;
-    w.u(r.USE_VAR_RATE, "USE_VAR_RATE", 1);
+    w(F(USE_VAR_RATE, 1));
     if (r.USE_VAR_RATE) {
-      if (!w.need(1)) return;
-      w.u(r.VAR_TABLES_INCL, "VAR_TABLES_INCL", 1);
+      w(F(VAR_TABLES_INCL, 1));
       if (r.VAR_TABLES_INCL) {
-        if (!w.need(3)) return;
-        w.u(r.VAR_RATE_TABLES_COUNT, "VAR_RATE_TABLES_COUNT", 3);
+        w(F(VAR_RATE_TABLES_COUNT, 3));
         if (!w.counted("VAR_RATE_TABLEs", "NNSCR_VAR_RATE_TABLEs", r.VAR_RATE_TABLEs,
                        r.VAR_RATE_TABLES_COUNT + 1u, c))
           return;
@@ -608,103 +485,58 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
 
     // Which flexible and variable rate tables each channel uses.
     if (r.USE_FLEX_NUM_BITS) {
-      if (!w.need(1)) return;
-      w.u(r.USE_OLD_FLEX_MAPPING, "USE_OLD_FLEX_MAPPING", 1);
+      w(F(USE_OLD_FLEX_MAPPING, 1));
       if (!r.USE_OLD_FLEX_MAPPING) {
-        if (!w.need(28)) return;
-        w.u(r.FSCH0_NBIT_TABLE_ID, "FSCH0_NBIT_TABLE_ID", 4);
-        w.u(r.RSCH0_NBIT_TABLE_ID, "RSCH0_NBIT_TABLE_ID", 4);
-        w.u(r.FSCH1_NBIT_TABLE_ID, "FSCH1_NBIT_TABLE_ID", 4);
-        w.u(r.RSCH1_NBIT_TABLE_ID, "RSCH1_NBIT_TABLE_ID", 4);
-        w.u(r.FFCH_NBIT_TABLE_ID, "FFCH_NBIT_TABLE_ID", 4);
-        w.u(r.RFCH_NBIT_TABLE_ID, "RFCH_NBIT_TABLE_ID", 4);
-        w.u(r.FDCCH_NBIT_TABLE_ID, "FDCCH_NBIT_TABLE_ID", 4);
-        if (r.FDCCH_NBIT_TABLE_ID) {
-          if (!w.need(4)) return;
-          w.u(r.FDCCH_NBITS_IDX, "FDCCH_NBITS_IDX", 4);
-        }
-        if (!w.need(4)) return;
-        w.u(r.RDCCH_NBIT_TABLE_ID, "RDCCH_NBIT_TABLE_ID", 4);
-        if (r.RDCCH_NBIT_TABLE_ID) {
-          if (!w.need(4)) return;
-          w.u(r.RDCCH_NBITS_IDX, "RDCCH_NBITS_IDX", 4);
-        }
+        w(F(FSCH0_NBIT_TABLE_ID, 4), F(RSCH0_NBIT_TABLE_ID, 4), F(FSCH1_NBIT_TABLE_ID, 4), F(RSCH1_NBIT_TABLE_ID, 4),
+          F(FFCH_NBIT_TABLE_ID, 4), F(RFCH_NBIT_TABLE_ID, 4), F(FDCCH_NBIT_TABLE_ID, 4));
+        if (r.FDCCH_NBIT_TABLE_ID) w(F(FDCCH_NBITS_IDX, 4));
+        w(F(RDCCH_NBIT_TABLE_ID, 4));
+        if (r.RDCCH_NBIT_TABLE_ID) w(F(RDCCH_NBITS_IDX, 4));
       }
     }
     if (r.USE_VAR_RATE) {
-      if (!w.need(1)) return;
-      w.u(r.USE_OLD_VAR_MAPPING, "USE_OLD_VAR_MAPPING", 1);
+      w(F(USE_OLD_VAR_MAPPING, 1));
       if (!r.USE_OLD_VAR_MAPPING) {
-        if (!w.need(12)) return;
-        w.u(r.FSCH0_VAR_TABLE_ID, "FSCH0_VAR_TABLE_ID", 3);
-        w.u(r.RSCH0_VAR_TABLE_ID, "RSCH0_VAR_TABLE_ID", 3);
-        w.u(r.FSCH1_VAR_TABLE_ID, "FSCH1_VAR_TABLE_ID", 3);
-        w.u(r.RSCH1_VAR_TABLE_ID, "RSCH1_VAR_TABLE_ID", 3);
+        w(F(FSCH0_VAR_TABLE_ID, 3), F(RSCH0_VAR_TABLE_ID, 3), F(FSCH1_VAR_TABLE_ID, 3), F(RSCH1_VAR_TABLE_ID, 3));
       }
-      if (!w.need(2)) return;
-      w.u(r.R_INC_RATE_ALLOWED, "R_INC_RATE_ALLOWED", 1);
-      w.u(r.F_INC_RATE_ALLOWED, "F_INC_RATE_ALLOWED", 1);
+      w(F(R_INC_RATE_ALLOWED, 1), F(F_INC_RATE_ALLOWED, 1));
     }
 
-    if (!w.need(1)) return;
-    w.u(r.LTU_INFO_INCL, "LTU_INFO_INCL", 1);
+    w(F(LTU_INFO_INCL, 1));
     if (r.LTU_INFO_INCL) {
-      if (!w.need(1)) return;
-      w.u(r.LTU_TABLES_INCL, "LTU_TABLES_INCL", 1);
+      w(F(LTU_TABLES_INCL, 1));
       if (r.LTU_TABLES_INCL) {
-        if (!w.need(2)) return;
-        w.u(r.NUM_LTU_TABLES, "NUM_LTU_TABLES", 2);
+        w(F(NUM_LTU_TABLES, 2));
         if (!w.counted("LTU_TABLEs", "NNSCR_LTU_TABLEs", r.LTU_TABLEs, r.NUM_LTU_TABLES + 1u, c)) return;
       }
-      if (!w.need(1)) return;
-      w.u(r.USE_OLD_LTU_MAPPING, "USE_OLD_LTU_MAPPING", 1);
+      w(F(USE_OLD_LTU_MAPPING, 1));
       if (!r.USE_OLD_LTU_MAPPING) {
-        if (!w.need(12)) return;
-        w.u(r.FSCH0_LTU_TAB_ID, "FSCH0_LTU_TAB_ID", 3);
-        w.u(r.RSCH0_LTU_TAB_ID, "RSCH0_LTU_TAB_ID", 3);
-        w.u(r.FSCH1_LTU_TAB_ID, "FSCH1_LTU_TAB_ID", 3);
-        w.u(r.RSCH1_LTU_TAB_ID, "RSCH1_LTU_TAB_ID", 3);
+        w(F(FSCH0_LTU_TAB_ID, 3), F(RSCH0_LTU_TAB_ID, 3), F(FSCH1_LTU_TAB_ID, 3), F(RSCH1_LTU_TAB_ID, 3));
       }
     }
 
     if (r.USE_FLEX_NUM_BITS) {
-      if (!w.need(1)) return;
-      w.u(r.PARTITION_TABLES_INFO_INCL, "PARTITION_TABLES_INFO_INCL", 1);
+      w(F(PARTITION_TABLES_INFO_INCL, 1));
       if (r.PARTITION_TABLES_INFO_INCL) {
-        if (!w.need(1)) return;
-        w.u(r.PARTITION_TABLES_INCL, "PARTITION_TABLES_INCL", 1);
+        w(F(PARTITION_TABLES_INCL, 1));
         if (r.PARTITION_TABLES_INCL) {
-          if (!w.need(2)) return;
-          w.u(r.NUM_PARTITION_TABLES, "NUM_PARTITION_TABLES", 2);
+          w(F(NUM_PARTITION_TABLES, 2));
           if (!w.counted("PARTITION_TABLEs", "NNSCR_PARTITION_TABLEs", r.PARTITION_TABLEs,
                          r.NUM_PARTITION_TABLES + 1u, c))
             return;
         }
-        if (!w.need(1)) return;
-        w.u(r.USE_OLD_PART_MAPPING, "USE_OLD_PART_MAPPING", 1);
+        w(F(USE_OLD_PART_MAPPING, 1));
         if (!r.USE_OLD_PART_MAPPING) {
-          if (!w.need(12)) return;
-          w.u(r.FFCH_PART_TAB_ID, "FFCH_PART_TAB_ID", 3);
-          w.u(r.RFCH_PART_TAB_ID, "RFCH_PART_TAB_ID", 3);
-          w.u(r.FDCCH_PART_TAB_ID, "FDCCH_PART_TAB_ID", 3);
-          w.u(r.RDCCH_PART_TAB_ID, "RDCCH_PART_TAB_ID", 3);
+          w(F(FFCH_PART_TAB_ID, 3), F(RFCH_PART_TAB_ID, 3), F(FDCCH_PART_TAB_ID, 3), F(RDCCH_PART_TAB_ID, 3));
         }
       }
     }
   }
 
-  if (c.p_rev >= 8 && (r.USE_FLEX_NUM_BITS || r.USE_VAR_RATE)) {
-    if (!w.need(1)) return;
-    w.u(r.USE_ERAM, "USE_ERAM", 1);
-  }
+  if (c.p_rev >= 8 && (r.USE_FLEX_NUM_BITS || r.USE_VAR_RATE)) w(F(USE_ERAM, 1));
   if (c.p_rev >= 9 && r.GATING_RATE_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.SWITCHING_PARAMS_INCL, "SWITCHING_PARAMS_INCL", 1);
-    if (r.SWITCHING_PARAMS_INCL) {
-      if (!w.need(8)) return;
-      w.u(r.NUM_SOFT_SWITCHING_FRAMES_CHM, "NUM_SOFT_SWITCHING_FRAMES_CHM", 4);
-      w.u(r.NUM_SOFTER_SWITCHING_FRAMES_CHM, "NUM_SOFTER_SWITCHING_FRAMES_CHM", 4);
-    }
+    w(F(SWITCHING_PARAMS_INCL, 1));
+    if (r.SWITCHING_PARAMS_INCL) w(F(NUM_SOFT_SWITCHING_FRAMES_CHM, 4), F(NUM_SOFTER_SWITCHING_FRAMES_CHM, 4));
   }
 }
 

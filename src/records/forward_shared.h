@@ -20,11 +20,7 @@ struct DataBurst {
 
 template <class W>
 void layout(W& w, DataBurst& r, const Ctx&) {
-  if (!w.need(30)) return;
-  w.u(r.MSG_NUMBER, "MSG_NUMBER", 8);
-  w.u(r.BURST_TYPE, "BURST_TYPE", 6);
-  w.u(r.NUM_MSGS, "NUM_MSGS", 8);
-  w.u(r.NUM_FIELDS, "NUM_FIELDS", 8);
+  w(F(MSG_NUMBER, 8), F(BURST_TYPE, 6), F(NUM_MSGS, 8), F(NUM_FIELDS, 8));
   w.scalars("CHARi", r.CHARi, r.NUM_FIELDS, 8);
 }
 
@@ -36,12 +32,8 @@ struct AuthChallenge {
 
 template <class W>
 void layout(W& w, AuthChallenge& r, const Ctx& c) {
-  if (!w.need(24)) return;
-  w.u(r.RANDU, "RANDU", 24);
-  if (c.p_rev >= 10) {
-    if (!w.need(1)) return;
-    w.u(r.GEN_CMEAKEY, "GEN_CMEAKEY", 1);
-  }
+  w(F(RANDU, 24));
+  if (c.p_rev >= 10) w(F(GEN_CMEAKEY, 1));
 }
 
 // SSD Update Message.
@@ -51,33 +43,27 @@ struct SsdUpdate {
 
 template <class W>
 void layout(W& w, SsdUpdate& r, const Ctx&) {
-  if (!w.need(56)) return;
-  w.bits(r.RANDSSD, "RANDSSD", 56);
+  w(F(RANDSSD, 56));
 }
 
 // REV_FCH_GATING_MODE with the reverse power control delay it enables: the channel assignment
 // and handoff messages that set up a reverse Fundamental Channel carry it alike.
 template <class W, class R>
 bool rev_fch_gating(W& w, R& r) {
-  if (!w.need(1)) return false;
-  w.u(r.REV_FCH_GATING_MODE, "REV_FCH_GATING_MODE", 1);
+  if (!w(F(REV_FCH_GATING_MODE, 1))) return false;
   if (!r.REV_FCH_GATING_MODE) return true;
-  if (!w.need(1)) return false;
-  w.u(r.REV_PWR_CNTL_DELAY_INCL, "REV_PWR_CNTL_DELAY_INCL", 1);
+  if (!w(F(REV_PWR_CNTL_DELAY_INCL, 1))) return false;
   if (!r.REV_PWR_CNTL_DELAY_INCL) return true;
-  if (!w.need(2)) return false;
-  w.u(r.REV_PWR_CNTL_DELAY, "REV_PWR_CNTL_DELAY", 2);
+  if (!w(F(REV_PWR_CNTL_DELAY, 2))) return false;
   return true;
 }
 
 // TX_PWR_LIMIT_INCL and the transmit power limit it brings (overhead and assignment messages).
 template <class W, class R>
 bool tx_pwr_limit(W& w, R& r) {
-  if (!w.need(1)) return false;
-  w.u(r.TX_PWR_LIMIT_INCL, "TX_PWR_LIMIT_INCL", 1);
+  if (!w(F(TX_PWR_LIMIT_INCL, 1))) return false;
   if (!r.TX_PWR_LIMIT_INCL) return true;
-  if (!w.need(6)) return false;
-  w.u(r.TX_PWR_LIMIT, "TX_PWR_LIMIT", 6);
+  if (!w(F(TX_PWR_LIMIT, 6))) return false;
   return true;
 }
 
@@ -93,11 +79,7 @@ struct AuthRequest {
 
 template <class W>
 void layout(W& w, AuthRequest& r, const Ctx&) {
-  if (!w.need(256)) return;
-  w.bits(r.RANDA, "RANDA", 128);
-  w.bits(r.CON_SQN, "CON_SQN", 48);
-  w.u(r.AMF, "AMF", 16);
-  w.bits(r.MAC_A, "MAC_A", 64);
+  w(F(RANDA, 128), F(CON_SQN, 48), F(AMF, 16), F(MAC_A, 64));
 }
 
 // Call rescue parameters of the neighbour list messages, from RESQ_DELAY_TIME through the
@@ -105,31 +87,19 @@ void layout(W& w, AuthRequest& r, const Ctx&) {
 // channel's neighbour list update carries no RESQ_NUM_PREAMBLE_RC1_RC2.
 template <bool kRc1Rc2Preamble, class W, class R>
 bool call_rescue(W& w, R& r) {
-  if (!w.need(32)) return false;
-  w.u(r.RESQ_DELAY_TIME, "RESQ_DELAY_TIME", 6);
-  w.u(r.RESQ_ALLOWED_TIME, "RESQ_ALLOWED_TIME", 6);
-  w.u(r.RESQ_ATTEMPT_TIME, "RESQ_ATTEMPT_TIME", 6);
-  w.u(r.RESQ_CODE_CHAN, "RESQ_CODE_CHAN", 11);
-  w.u(r.RESQ_QOF, "RESQ_QOF", 2);
-  w.u(r.RESQ_MIN_PERIOD_INCL, "RESQ_MIN_PERIOD_INCL", 1);
+  if (!w(F(RESQ_DELAY_TIME, 6), F(RESQ_ALLOWED_TIME, 6), F(RESQ_ATTEMPT_TIME, 6), F(RESQ_CODE_CHAN, 11),
+         F(RESQ_QOF, 2), F(RESQ_MIN_PERIOD_INCL, 1))) return false;
   if (r.RESQ_MIN_PERIOD_INCL) {
-    if (!w.need(5)) return false;
-    w.u(r.RESQ_MIN_PERIOD, "RESQ_MIN_PERIOD", 5);
+    if (!w(F(RESQ_MIN_PERIOD, 5))) return false;
   }
-  if (!w.need(1)) return false;
-  w.u(r.RESQ_NUM_TOT_TRANS_INCL, "RESQ_NUM_TOT_TRANS_INCL", 1);
+  if (!w(F(RESQ_NUM_TOT_TRANS_INCL, 1))) return false;
   if (r.RESQ_NUM_TOT_TRANS_INCL) {
-    if (!w.need(8)) return false;
-    w.u(r.RESQ_NUM_TOT_TRANS_20MS, "RESQ_NUM_TOT_TRANS_20MS", 4);
-    w.u(r.RESQ_NUM_TOT_TRANS_5MS, "RESQ_NUM_TOT_TRANS_5MS", 4);
+    if (!w(F(RESQ_NUM_TOT_TRANS_20MS, 4), F(RESQ_NUM_TOT_TRANS_5MS, 4))) return false;
   }
   if constexpr (kRc1Rc2Preamble) {
-    if (!w.need(3)) return false;
-    w.u(r.RESQ_NUM_PREAMBLE_RC1_RC2, "RESQ_NUM_PREAMBLE_RC1_RC2", 3);
+    if (!w(F(RESQ_NUM_PREAMBLE_RC1_RC2, 3))) return false;
   }
-  if (!w.need(6)) return false;
-  w.u(r.RESQ_NUM_PREAMBLE, "RESQ_NUM_PREAMBLE", 3);
-  w.u(r.RESQ_POWER_DELTA, "RESQ_POWER_DELTA", 3);
+  if (!w(F(RESQ_NUM_PREAMBLE, 3), F(RESQ_POWER_DELTA, 3))) return false;
   return w.scalars("NGHBR_RESQ_CONFIGURED", r.NGHBR_RESQ_CONFIGURED, r.NUM_NGHBR, 1);
 }
 
@@ -164,34 +134,26 @@ void aux_walsh(W& w, std::uint8_t& qof, const char* qof_name, std::uint8_t& len,
 
 template <class W>
 void sr3_powers(W& w, AddPilotRec& r) {
-  if (!w.need(8)) return;
-  w.u(r.SR3_PRIMARY_PILOT, "SR3_PRIMARY_PILOT", 2);
-  w.u(r.SR3_PILOT_POWER1, "SR3_PILOT_POWER1", 3);
-  w.u(r.SR3_PILOT_POWER2, "SR3_PILOT_POWER2", 3);
+  w(F(SR3_PRIMARY_PILOT, 2), F(SR3_PILOT_POWER1, 3), F(SR3_PILOT_POWER2, 3));
 }
 
 template <class W>
 void layout(W& w, AddPilotRec& r, const AddPilotCtx& c) {
   if (c.p_rev < 7) {
     if (c.pilot_rec_type != 0) return;
-    if (!w.need(2)) return;
-    w.u(r.OTD_POWER_LEVEL, "OTD_POWER_LEVEL", 2);
+    w(F(OTD_POWER_LEVEL, 2));
     return;
   }
   switch (c.pilot_rec_type) {
     case 0:   // 1X common pilot with transmit diversity
-      if (!w.need(4)) return;
-      w.u(r.TD_POWER_LEVEL, "TD_POWER_LEVEL", 2);
-      w.u(r.TD_MODE, "TD_MODE", 2);
+      w(F(TD_POWER_LEVEL, 2), F(TD_MODE, 2));
       break;
     case 1:   // 1X auxiliary pilot
       aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
       break;
     case 2:   // 1X auxiliary pilot with transmit diversity
       aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_WALSH, "AUX_WALSH");
-      if (!w.need(4)) return;
-      w.u(r.AUX_TD_POWER_LEVEL, "AUX_TD_POWER_LEVEL", 2);
-      w.u(r.TD_MODE, "TD_MODE", 2);
+      w(F(AUX_TD_POWER_LEVEL, 2), F(TD_MODE, 2));
       break;
     case 3:   // 3X common pilot
       sr3_powers(w, r);
@@ -199,12 +161,10 @@ void layout(W& w, AddPilotRec& r, const AddPilotCtx& c) {
     case 4:   // 3X auxiliary pilot: the powers, then a Walsh code per carrier as far as included
       sr3_powers(w, r);
       aux_walsh(w, r.QOF, "QOF", r.WALSH_LENGTH, "WALSH_LENGTH", r.AUX_PILOT_WALSH, "AUX_PILOT_WALSH");
-      if (!w.need(1)) return;
-      w.u(r.ADD_INFO_INCL1, "ADD_INFO_INCL1", 1);
+      w(F(ADD_INFO_INCL1, 1));
       if (r.ADD_INFO_INCL1)
         aux_walsh(w, r.QOF1, "QOF1", r.WALSH_LENGTH1, "WALSH_LENGTH1", r.AUX_PILOT_WALSH1, "AUX_PILOT_WALSH1");
-      if (!w.need(1)) return;
-      w.u(r.ADD_INFO_INCL2, "ADD_INFO_INCL2", 1);
+      w(F(ADD_INFO_INCL2, 1));
       if (r.ADD_INFO_INCL2)
         aux_walsh(w, r.QOF2, "QOF2", r.WALSH_LENGTH2, "WALSH_LENGTH2", r.AUX_PILOT_WALSH2, "AUX_PILOT_WALSH2");
       break;

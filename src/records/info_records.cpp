@@ -53,9 +53,7 @@ struct CDPN {
 };
 template <class W>
 void layout(W& w, CDPN& r, const Ctx&) {
-  if (!w.need(7)) return;
-  w.u(r.NUMBER_TYPE, "NUMBER_TYPE", 3);
-  w.u(r.NUMBER_PLAN, "NUMBER_PLAN", 4);
+  w(F(NUMBER_TYPE, 3), F(NUMBER_PLAN, 4));
   chars_to_end(w, r.CHARi);
 }
 
@@ -69,11 +67,7 @@ struct CGPN {
 };
 template <class W>
 void layout(W& w, CGPN& r, const Ctx&) {
-  if (!w.need(11)) return;
-  w.u(r.NUMBER_TYPE, "NUMBER_TYPE", 3);
-  w.u(r.NUMBER_PLAN, "NUMBER_PLAN", 4);
-  w.u(r.PRESENTATION_INDICATOR, "PRESENTATION_INDICATOR", 2);
-  w.u(r.SI, "SI", 2);
+  w(F(NUMBER_TYPE, 3), F(NUMBER_PLAN, 4), F(PRESENTATION_INDICATOR, 2), F(SI, 2));
   chars_to_end(w, r.CHARi);
 }
 
@@ -85,10 +79,7 @@ struct SGNL {
 };
 template <class W>
 void layout(W& w, SGNL& r, const Ctx&) {
-  if (!w.need(10)) return;
-  w.u(r.SIGNAL_TYPE, "SIGNAL_TYPE", 2);
-  w.u(r.ALERT_PITCH, "ALERT_PITCH", 2);
-  w.u(r.SIGNAL, "SIGNAL", 6);
+  w(F(SIGNAL_TYPE, 2), F(ALERT_PITCH, 2), F(SIGNAL, 6));
 }
 
 // --- 3.7.5.6 Message Waiting --------------------------------------------------------------
@@ -97,8 +88,7 @@ struct MW {
 };
 template <class W>
 void layout(W& w, MW& r, const Ctx&) {
-  if (!w.need(8)) return;
-  w.u(r.MSG_COUNT, "MSG_COUNT", 8);
+  w(F(MSG_COUNT, 8));
 }
 
 // --- 3.7.5.8/9/10/12 Called, Calling, Connected and Redirecting Subaddress -----------------
@@ -110,11 +100,8 @@ struct SUBADDRESS {
 };
 template <class W>
 void layout(W& w, SUBADDRESS& r, const Ctx&) {
-  if (!w.need(8)) return;
-  w.u(r.EXTENSION_BIT, "EXTENSION_BIT", 1);
-  w.u(r.SUBADDRESS_TYPE, "SUBADDRESS_TYPE", 3);
-  w.u(r.ODD_EVEN_INDICATOR, "ODD_EVEN_INDICATOR", 1);
-  w.skip(3);   // reserved
+  // reserved
+  w(F(EXTENSION_BIT, 1), F(SUBADDRESS_TYPE, 3), F(ODD_EVEN_INDICATOR, 1), reserved(3));
   chars_to_end(w, r.CHARi);
 }
 
@@ -134,21 +121,13 @@ struct RN {
 };
 template <class W>
 void layout(W& w, RN& r, const Ctx&) {
-  if (!w.need(8)) return;
-  w.u(r.EXTENSION_BIT_1, "EXTENSION_BIT_1", 1);
-  w.u(r.NUMBER_TYPE, "NUMBER_TYPE", 3);
-  w.u(r.NUMBER_PLAN, "NUMBER_PLAN", 4);
+  w(F(EXTENSION_BIT_1, 1), F(NUMBER_TYPE, 3), F(NUMBER_PLAN, 4));
   if (r.EXTENSION_BIT_1 == 0) {
-    if (!w.need(8)) return;
-    w.u(r.EXTENSION_BIT_2, "EXTENSION_BIT_2", 1);
-    w.u(r.PRESENTATION_INDICATOR, "PRESENTATION_INDICATOR", 2);
-    w.skip(3);   // reserved
-    w.u(r.SI, "SI", 2);
+    // reserved
+    w(F(EXTENSION_BIT_2, 1), F(PRESENTATION_INDICATOR, 2), reserved(3), F(SI, 2));
     if (r.EXTENSION_BIT_2 == 0) {
-      if (!w.need(8)) return;
-      w.u(r.EXTENSION_BIT_3, "EXTENSION_BIT_3", 1);
-      w.skip(3);   // reserved
-      w.u(r.REDIRECTION_REASON, "REDIRECTION_REASON", 4);
+      // reserved
+      w(F(EXTENSION_BIT_3, 1), reserved(3), F(REDIRECTION_REASON, 4));
     }
   }
   chars_to_end(w, r.CHARi);
@@ -163,11 +142,7 @@ struct MP {
 };
 template <class W>
 void layout(W& w, MP& r, const Ctx&) {
-  if (!w.need(31)) return;
-  w.u(r.PULSE_FREQUENCY, "PULSE_FREQUENCY", 11);
-  w.u(r.PULSE_ON_TIME, "PULSE_ON_TIME", 8);
-  w.u(r.PULSE_OFF_TIME, "PULSE_OFF_TIME", 8);
-  w.u(r.PULSE_COUNT, "PULSE_COUNT", 4);
+  w(F(PULSE_FREQUENCY, 11), F(PULSE_ON_TIME, 8), F(PULSE_OFF_TIME, 8), F(PULSE_COUNT, 4));
 }
 
 // --- 3.7.5.14 Parametric Alerting ---------------------------------------------------------
@@ -182,14 +157,7 @@ struct PA_ALERT_REC {
 };
 template <class W>
 void layout(W& w, PA_ALERT_REC& r, const Ctx&) {
-  if (!w.need(56)) return;
-  w.u(r.AMPLITUDE, "AMPLITUDE", 8);
-  w.u(r.FREQ_1, "FREQ_1", 10);
-  w.u(r.FREQ_2, "FREQ_2", 10);
-  w.u(r.ON_TIME, "ON_TIME", 8);
-  w.u(r.OFF_TIME, "OFF_TIME", 8);
-  w.u(r.REPEAT, "REPEAT", 4);
-  w.u(r.DELAY, "DELAY", 8);
+  w(F(AMPLITUDE, 8), F(FREQ_1, 10), F(FREQ_2, 10), F(ON_TIME, 8), F(OFF_TIME, 8), F(REPEAT, 4), F(DELAY, 8));
 }
 
 struct PA {
@@ -200,15 +168,10 @@ struct PA {
 };
 template <class W>
 void layout(W& w, PA& r, const Ctx& c) {
-  if (!w.need(12)) return;
-  w.u(r.CADENCE_COUNT, "CADENCE_COUNT", 8);
-  w.u(r.NUM_GROUPS, "NUM_GROUPS", 4);
+  w(F(CADENCE_COUNT, 8), F(NUM_GROUPS, 4));
   if (!w.counted("ALERT_RECs", "PARAMETRIC_ALERTING_ALERT_RECs", r.ALERT_RECs, r.NUM_GROUPS, c)) return;
   // CADENCE_TYPE follows the groups from P_REV 7 (IS-2000 Release A) on.
-  if (c.p_rev >= 7) {
-    if (!w.need(2)) return;
-    w.u(r.CADENCE_TYPE, "CADENCE_TYPE", 2);
-  }
+  if (c.p_rev >= 7) w(F(CADENCE_TYPE, 2));
 }
 
 // --- 3.7.5.15 Line Control ----------------------------------------------------------------
@@ -220,15 +183,9 @@ struct LC {
 };
 template <class W>
 void layout(W& w, LC& r, const Ctx&) {
-  if (!w.need(1)) return;
-  w.u(r.POLARITY_INCLUDED, "POLARITY_INCLUDED", 1);
-  if (r.POLARITY_INCLUDED) {
-    if (!w.need(2)) return;
-    w.u(r.TOGGLE_MODE, "TOGGLE_MODE", 1);
-    w.u(r.REVERSE_POLARITY, "REVERSE_POLARITY", 1);
-  }
-  if (!w.need(8)) return;
-  w.u(r.POWER_DENIAL_TIME, "POWER_DENIAL_TIME", 8);
+  w(F(POLARITY_INCLUDED, 1));
+  if (r.POLARITY_INCLUDED) w(F(TOGGLE_MODE, 1), F(REVERSE_POLARITY, 1));
+  w(F(POWER_DENIAL_TIME, 8));
 }
 
 // --- 3.7.5.16 Extended Display ------------------------------------------------------------
@@ -242,9 +199,7 @@ struct ED_REC {
 };
 template <class W>
 void layout(W& w, ED_REC& r, const Ctx&) {
-  if (!w.need(16)) return;
-  w.u(r.DISPLAY_TAG, "DISPLAY_TAG", 8);
-  w.u(r.DISPLAY_LEN, "DISPLAY_LEN", 8);
+  w(F(DISPLAY_TAG, 8), F(DISPLAY_LEN, 8));
   w.scalars("CHARi", r.CHARi, r.DISPLAY_LEN, 8);
 }
 
@@ -255,9 +210,7 @@ struct ED {
 };
 template <class W>
 void layout(W& w, ED& r, const Ctx& c) {
-  if (!w.need(8)) return;
-  w.u(r.EXT_DISPLAY_IND, "EXT_DISPLAY_IND", 1);
-  w.u(r.DISPLAY_TYPE, "DISPLAY_TYPE", 7);
+  w(F(EXT_DISPLAY_IND, 1), F(DISPLAY_TYPE, 7));
   w.list_to_end("EXT_DISPLAY_RECs", "EXT_DISPLAY_EXT_DISPLAY_RECs", r.EXT_DISPLAY_RECs, display_rec_capacity, c);
 }
 
@@ -269,9 +222,7 @@ struct MCED_DISPLAY {
 };
 template <class W>
 void layout(W& w, MCED_DISPLAY& r, const Ctx&) {
-  if (!w.need(16)) return;
-  w.u(r.DISPLAY_ENCODING, "DISPLAY_ENCODING", 8);
-  w.u(r.NUM_FIELDS, "NUM_FIELDS", 8);
+  w(F(DISPLAY_ENCODING, 8), F(NUM_FIELDS, 8));
   w.scalars("CHARi", r.CHARi, r.NUM_FIELDS, display_char_bits(r.DISPLAY_ENCODING));
 }
 
@@ -282,9 +233,7 @@ struct MCED_REC {
 };
 template <class W>
 void layout(W& w, MCED_REC& r, const Ctx& c) {
-  if (!w.need(16)) return;
-  w.u(r.DISPLAY_TAG, "DISPLAY_TAG", 8);
-  w.u(r.NUM_RECORD, "NUM_RECORD", 8);
+  w(F(DISPLAY_TAG, 8), F(NUM_RECORD, 8));
   w.counted("DISPLAYs", "MULTI_CHARACTER_EXT_DISPLAY_MC_EXT_DISPLAY_RECs_DISPLAYs", r.DISPLAYs, r.NUM_RECORD, c);
 }
 
@@ -295,9 +244,7 @@ struct MCED {
 };
 template <class W>
 void layout(W& w, MCED& r, const Ctx& c) {
-  if (!w.need(8)) return;
-  w.u(r.MC_EXT_DISPLAY_IND, "MC_EXT_DISPLAY_IND", 1);
-  w.u(r.DISPLAY_TYPE, "DISPLAY_TYPE", 7);
+  w(F(MC_EXT_DISPLAY_IND, 1), F(DISPLAY_TYPE, 7));
   w.list_to_end("MC_EXT_DISPLAY_RECs", "MULTI_CHARACTER_EXT_DISPLAY_MC_EXT_DISPLAY_RECs", r.MC_EXT_DISPLAY_RECs,
                 display_rec_capacity, c);
 }
@@ -308,8 +255,7 @@ struct CWI {
 };
 template <class W>
 void layout(W& w, CWI& r, const Ctx&) {
-  if (!w.need(1)) return;
-  w.u(r.CALL_WAITING_INDICATOR, "CALL_WAITING_INDICATOR", 1);
+  w(F(CALL_WAITING_INDICATOR, 1));
 }
 
 // --- Enhanced Multiple Character Extended Display (type 22) --------------------------------
@@ -323,17 +269,14 @@ struct EMCED_DISPLAY {
 };
 template <class W>
 void layout(W& w, EMCED_DISPLAY& r, const Ctx&) {
-  if (!w.need(24)) return;
-  w.u(r.RECORD_LENGTH, "RECORD_LENGTH", 8);
-  w.u(r.DISPLAY_ENCODING, "DISPLAY_ENCODING", 8);
-  w.u(r.NUM_FIELDS, "NUM_FIELDS", 8);
+  w(F(RECORD_LENGTH, 8), F(DISPLAY_ENCODING, 8), F(NUM_FIELDS, 8));
   const unsigned width = display_char_bits(r.DISPLAY_ENCODING);
   if (!w.scalars("CHARi", r.CHARi, r.NUM_FIELDS, width)) return;
   const std::uint64_t used = 24 + std::uint64_t{r.NUM_FIELDS} * width;
   const std::uint64_t declared = 8 * std::uint64_t{r.RECORD_LENGTH};
   if (declared > used) {
-    if (!w.need(declared - used)) return;
-    w.skip(declared - used);   // reserved
+    // reserved
+    w(reserved(declared - used));
   }
 }
 
@@ -344,9 +287,7 @@ struct EMCED_REC {
 };
 template <class W>
 void layout(W& w, EMCED_REC& r, const Ctx& c) {
-  if (!w.need(16)) return;
-  w.u(r.DISPLAY_TAG, "DISPLAY_TAG", 8);
-  w.u(r.NUM_RECORD, "NUM_RECORD", 8);
+  w(F(DISPLAY_TAG, 8), F(NUM_RECORD, 8));
   w.counted("DISPLAYs", "ENHANCED_MULTI_CHARACTER_EXT_DISPLAY_DISPLAY_RECORDs_DISPLAYs", r.DISPLAYs, r.NUM_RECORD, c);
 }
 
@@ -357,9 +298,7 @@ struct EMCED {
 };
 template <class W>
 void layout(W& w, EMCED& r, const Ctx& c) {
-  if (!w.need(15)) return;
-  w.u(r.DISPLAY_TYPE, "DISPLAY_TYPE", 7);
-  w.u(r.NUM_DISPLAYS, "NUM_DISPLAYS", 8);
+  w(F(DISPLAY_TYPE, 7), F(NUM_DISPLAYS, 8));
   // NUM_DISPLAYS is sent as the number of display records minus one.
   w.counted("DISPLAY_RECORDs", "ENHANCED_MULTI_CHARACTER_EXT_DISPLAY_DISPLAY_RECORDs", r.DISPLAY_RECORDs,
             std::uint32_t{r.NUM_DISPLAYS} + 1, c);

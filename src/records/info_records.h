@@ -60,9 +60,7 @@ void layout(W& w, Part& p, const Ctx& c) {
 
 template <class W>
 void layout(W& w, FWD_USER_INFO_REC& r, const Ctx& c) {
-  if (!w.need(16)) return;
-  w.u(r.RECORD_TYPE, "RECORD_TYPE", 8);
-  w.u(r.RECORD_LEN, "RECORD_LEN", 8);
+  w(F(RECORD_TYPE, 8), F(RECORD_LEN, 8));
   const InfoRecType t = fwd_info_rec_type(r.RECORD_TYPE);
 
   if constexpr (W::kReading) {

@@ -23,8 +23,7 @@ struct F_BS_CHALLENGE_CONFIRM_ORDER {
 };
 template <class W>
 void layout(W& w, F_BS_CHALLENGE_CONFIRM_ORDER& r, const Ctx&) {
-  if (!w.need(18)) return;
-  w.u(r.AUTHBS, "AUTHBS", 18);
+  w(F(AUTHBS, 18));
 }
 
 // Periodic Pilot Measurement Request Order (ORDER 17). INCL_SETPT came with IS-2000.
@@ -33,13 +32,8 @@ struct F_PERIODIC_PILOT_MEASURE_REQ_ORDER {
 };
 template <class W>
 void layout(W& w, F_PERIODIC_PILOT_MEASURE_REQ_ORDER& r, const Ctx& c) {
-  if (!w.need(10)) return;
-  w.u(r.MIN_PILOT_PWR_THRESH, "MIN_PILOT_PWR_THRESH", 5);
-  w.u(r.MIN_PILOT_EC_IO_THRESH, "MIN_PILOT_EC_IO_THRESH", 5);
-  if (c.p_rev >= 6) {
-    if (!w.need(1)) return;
-    w.u(r.INCL_SETPT, "INCL_SETPT", 1);
-  }
+  w(F(MIN_PILOT_PWR_THRESH, 5), F(MIN_PILOT_EC_IO_THRESH, 5));
+  if (c.p_rev >= 6) w(F(INCL_SETPT, 1));
 }
 
 // Service Option Request Order (19) and Service Option Response Order (20).
@@ -48,8 +42,7 @@ struct F_SO_ORDER {
 };
 template <class W>
 void layout(W& w, F_SO_ORDER& r, const Ctx&) {
-  if (!w.need(16)) return;
-  w.u(r.SERVICE_OPTION, "SERVICE_OPTION", 16);
+  w(F(SERVICE_OPTION, 16));
 }
 
 // Status Request Order (26). ORDQ names the information record asked for; the system
@@ -61,9 +54,7 @@ struct F_STATUS_REQ_ORDER {
 template <class W>
 void layout(W& w, F_STATUS_REQ_ORDER& r, const Ctx& c) {
   if (c.ordq != kOrdqRoamingInfo) return;
-  if (!w.need(31)) return;
-  w.u(r.SID, "SID", 15);
-  w.u(r.NID, "NID", 16);
+  w(F(SID, 15), F(NID, 16));
 }
 
 // Registration Accepted Order (27): ORDQ 5 adds ROAM_INDI, ORDQ 7 also the signalling
@@ -74,23 +65,13 @@ struct F_REGIST_ACCEPTED_ORDER {
 template <class W>
 void layout(W& w, F_REGIST_ACCEPTED_ORDER& r, const Ctx& c) {
   if (c.ordq != 5 && c.ordq != 7) return;
-  if (!w.need(8)) return;
-  w.u(r.ROAM_INDI, "ROAM_INDI", 8);
+  w(F(ROAM_INDI, 8));
   if (c.ordq != 7) return;
-  if (!w.need(3)) return;
-  w.u(r.C_SIG_ENCRYPT_MODE, "C_SIG_ENCRYPT_MODE", 3);
-  if (r.C_SIG_ENCRYPT_MODE != 0) {
-    if (!w.need(3)) return;
-    w.u(r.ENC_KEY_SIZE, "ENC_KEY_SIZE", 3);
-  }
+  w(F(C_SIG_ENCRYPT_MODE, 3));
+  if (r.C_SIG_ENCRYPT_MODE != 0) w(F(ENC_KEY_SIZE, 3));
   if (c.p_rev < 9) return;
-  if (!w.need(1)) return;
-  w.u(r.MSG_INT_INFO_INCL, "MSG_INT_INFO_INCL", 1);
-  if (r.MSG_INT_INFO_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.CHANGE_KEYS, "CHANGE_KEYS", 1);
-    w.u(r.USE_UAK, "USE_UAK", 1);
-  }
+  w(F(MSG_INT_INFO_INCL, 1));
+  if (r.MSG_INT_INFO_INCL) w(F(CHANGE_KEYS, 1), F(USE_UAK, 1));
 }
 
 // Release Order (21, traffic channel): ORDQ 3 carries the reduced slot cycle fields.
@@ -100,14 +81,8 @@ struct F_RELEASE_ORDER {
 template <class W>
 void layout(W& w, F_RELEASE_ORDER& r, const Ctx& c) {
   if (c.ordq != 3) return;
-  if (!w.need(1)) return;
-  w.u(r.RSC_MODE_IND, "RSC_MODE_IND", 1);
-  if (r.RSC_MODE_IND) {
-    if (!w.need(10)) return;
-    w.u(r.RSCI, "RSCI", 4);
-    w.u(r.RSC_END_TIME_UNIT, "RSC_END_TIME_UNIT", 2);
-    w.u(r.RSC_END_TIME_VALUE, "RSC_END_TIME_VALUE", 4);
-  }
+  w(F(RSC_MODE_IND, 1));
+  if (r.RSC_MODE_IND) w(F(RSCI, 4), F(RSC_END_TIME_UNIT, 2), F(RSC_END_TIME_VALUE, 4));
 }
 
 // Retry Order (32): RETRY_DELAY only for a retry type other than "clear all".
@@ -116,12 +91,8 @@ struct F_RETRY_ORDER {
 };
 template <class W>
 void layout(W& w, F_RETRY_ORDER& r, const Ctx&) {
-  if (!w.need(3)) return;
-  w.u(r.RETRY_TYPE, "RETRY_TYPE", 3);
-  if (r.RETRY_TYPE != 0) {
-    if (!w.need(8)) return;
-    w.u(r.RETRY_DELAY, "RETRY_DELAY", 8);
-  }
+  w(F(RETRY_TYPE, 3));
+  if (r.RETRY_TYPE != 0) w(F(RETRY_DELAY, 8));
 }
 
 // Base Station Reject Order (33).
@@ -130,10 +101,7 @@ struct F_BS_REJECT_ORDER {
 };
 template <class W>
 void layout(W& w, F_BS_REJECT_ORDER& r, const Ctx&) {
-  if (!w.need(15)) return;
-  w.u(r.REJECT_REASON, "REJECT_REASON", 4);
-  w.u(r.REJECTED_MSG_TYPE, "REJECTED_MSG_TYPE", 8);
-  w.u(r.REJECTED_MSG_SEQ, "REJECTED_MSG_SEQ", 3);
+  w(F(REJECT_REASON, 4), F(REJECTED_MSG_TYPE, 8), F(REJECTED_MSG_SEQ, 3));
 }
 
 // BCMC Order (35). A flow discriminator is BCMC_FLOW_DISCRIMINATOR_LEN bits wide, a width
@@ -152,12 +120,9 @@ void layout(W& w, F_BCMC_ORDER_BCMC_PROGRAMS_FLOW_DISCRIMINATOR_RECORDs& r, cons
   if (len != 0) w.u(r.BCMC_FLOW_DISCRIMINATOR, "BCMC_FLOW_DISCRIMINATOR", len);
   w.u(r.SAME_AS_PREVIOUS_BCMC_FLOW, "SAME_AS_PREVIOUS_BCMC_FLOW", 1);
   if (r.SAME_AS_PREVIOUS_BCMC_FLOW) return;   // reason and delay are the previous flow's
-  if (!w.need(1)) return;
-  w.u(r.CLEAR_RETRY_DELAY, "CLEAR_RETRY_DELAY", 1);
+  w(F(CLEAR_RETRY_DELAY, 1));
   if (r.CLEAR_RETRY_DELAY) return;
-  if (!w.need(12)) return;
-  w.u(r.BCMC_REASON, "BCMC_REASON", 4);
-  w.u(r.BCMC_RETRY_DELAY, "BCMC_RETRY_DELAY", 8);
+  w(F(BCMC_REASON, 4), F(BCMC_RETRY_DELAY, 8));
 }
 
 struct F_BCMC_ORDER_BCMC_PROGRAMS {
@@ -168,16 +133,12 @@ struct F_BCMC_ORDER_BCMC_PROGRAMS {
 };
 template <class W>
 void layout(W& w, F_BCMC_ORDER_BCMC_PROGRAMS& r, const Ctx& c) {
-  if (!w.need(5)) return;
-  w.u(r.BCMC_PROGRAM_ID_LEN, "BCMC_PROGRAM_ID_LEN", 5);
+  w(F(BCMC_PROGRAM_ID_LEN, 5));
   if (!w.need(r.BCMC_PROGRAM_ID_LEN + 1u + 3u)) return;
   w.u(r.BCMC_PROGRAM_ID, "BCMC_PROGRAM_ID", r.BCMC_PROGRAM_ID_LEN + 1u);
   w.u(r.BCMC_FLOW_DISCRIMINATOR_LEN, "BCMC_FLOW_DISCRIMINATOR_LEN", 3);
   // A zero-width discriminator names one flow, the whole program.
-  if (r.BCMC_FLOW_DISCRIMINATOR_LEN != 0) {
-    if (!w.need(r.BCMC_FLOW_DISCRIMINATOR_LEN)) return;
-    w.u(r.NUM_FLOW_DISCRIMINATOR, "NUM_FLOW_DISCRIMINATOR", r.BCMC_FLOW_DISCRIMINATOR_LEN);
-  }
+  if (r.BCMC_FLOW_DISCRIMINATOR_LEN != 0) w(F(NUM_FLOW_DISCRIMINATOR, r.BCMC_FLOW_DISCRIMINATOR_LEN));
   BcmcCtx bc;
   static_cast<Ctx&>(bc) = c;
   bc.flow_len = r.BCMC_FLOW_DISCRIMINATOR_LEN;
@@ -192,20 +153,15 @@ struct F_BCMC_ORDER {
 };
 template <class W>
 void layout(W& w, F_BCMC_ORDER& r, const Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(r.ALL_BCMC_FLOWS_IND, "ALL_BCMC_FLOWS_IND", 1);
+  w(F(ALL_BCMC_FLOWS_IND, 1));
   if (!r.ALL_BCMC_FLOWS_IND) {
-    if (!w.need(6)) return;
-    w.u(r.NUM_BCMC_PROGRAMS, "NUM_BCMC_PROGRAMS", 6);
+    w(F(NUM_BCMC_PROGRAMS, 6));
     w.counted("BCMC_PROGRAMS", "F_BCMC_ORDER_BCMC_PROGRAMS", r.BCMC_PROGRAMS, r.NUM_BCMC_PROGRAMS, c);
     return;
   }
-  if (!w.need(1)) return;
-  w.u(r.CLEAR_ALL_RETRY_DELAY, "CLEAR_ALL_RETRY_DELAY", 1);
+  w(F(CLEAR_ALL_RETRY_DELAY, 1));
   if (r.CLEAR_ALL_RETRY_DELAY) return;
-  if (!w.need(12)) return;
-  w.u(r.BCMC_REASON, "BCMC_REASON", 4);
-  w.u(r.BCMC_RETRY_DELAY, "BCMC_RETRY_DELAY", 8);
+  w(F(BCMC_REASON, 4), F(BCMC_RETRY_DELAY, 8));
 }
 
 // Fast Call Setup Order (36): the reduced slot cycle fields (ORDQ 0 adds the requested
@@ -217,49 +173,28 @@ struct F_FAST_CALL_SETUP_ORDER {
 };
 template <class W>
 void layout(W& w, F_FAST_CALL_SETUP_ORDER& r, const Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(r.RSC_MODE_SUPPORTED, "RSC_MODE_SUPPORTED", 1);
+  w(F(RSC_MODE_SUPPORTED, 1));
   if (r.RSC_MODE_SUPPORTED) {
-    if (!w.need(6)) return;
-    w.u(r.MAX_RSC_END_TIME_UNIT, "MAX_RSC_END_TIME_UNIT", 2);
-    w.u(r.MAX_RSC_END_TIME_VALUE, "MAX_RSC_END_TIME_VALUE", 4);
-    if (c.ordq == 0) {
-      if (!w.need(4)) return;
-      w.u(r.REQ_RSCI, "REQ_RSCI", 4);
-    }
-    if (!w.need(1)) return;
-    w.u(r.IGNORE_QPCH, "IGNORE_QPCH", 1);
+    w(F(MAX_RSC_END_TIME_UNIT, 2), F(MAX_RSC_END_TIME_VALUE, 4));
+    if (c.ordq == 0) w(F(REQ_RSCI, 4));
+    w(F(IGNORE_QPCH, 1));
   }
   if (c.p_rev < 11) return;
-  if (!w.need(1)) return;
-  w.u(r.RER_MODE_INCL, "RER_MODE_INCL", 1);
+  w(F(RER_MODE_INCL, 1));
   if (r.RER_MODE_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.RER_MODE_ENABLED, "RER_MODE_ENABLED", 1);
+    w(F(RER_MODE_ENABLED, 1));
     if (r.RER_MODE_ENABLED) {
-      if (!w.need(6)) return;
-      w.u(r.RER_MAX_NUM_MSG_IDX, "RER_MAX_NUM_MSG_IDX", 3);
-      w.u(r.RER_TIME, "RER_TIME", 3);
+      w(F(RER_MAX_NUM_MSG_IDX, 3), F(RER_TIME, 3));
       if (r.RER_TIME != 7) {   // '111' means no timer, so no unit
-        if (!w.need(2)) return;
-        w.u(r.RER_TIME_UNIT, "RER_TIME_UNIT", 2);
+        w(F(RER_TIME_UNIT, 2));
       }
-      if (!w.need(3)) return;
-      w.u(r.MAX_RER_PILOT_LIST_SIZE, "MAX_RER_PILOT_LIST_SIZE", 3);
+      w(F(MAX_RER_PILOT_LIST_SIZE, 3));
     }
   }
-  if (!w.need(1)) return;
-  w.u(r.TKZ_INCL, "TKZ_INCL", 1);
+  w(F(TKZ_INCL, 1));
   if (r.TKZ_INCL) {
-    if (!w.need(1)) return;
-    w.u(r.TKZ_MODE_ENABLED, "TKZ_MODE_ENABLED", 1);
-    if (r.TKZ_MODE_ENABLED) {
-      if (!w.need(19)) return;
-      w.u(r.TKZ_MAX_NUM_MSG_IDX, "TKZ_MAX_NUM_MSG_IDX", 3);
-      w.u(r.TKZ_UPDATE_PRD, "TKZ_UPDATE_PRD", 4);
-      w.u(r.TKZ_LIST_LEN, "TKZ_LIST_LEN", 4);
-      w.u(r.TKZ_TIMER, "TKZ_TIMER", 8);
-    }
+    w(F(TKZ_MODE_ENABLED, 1));
+    if (r.TKZ_MODE_ENABLED) w(F(TKZ_MAX_NUM_MSG_IDX, 3), F(TKZ_UPDATE_PRD, 4), F(TKZ_LIST_LEN, 4), F(TKZ_TIMER, 8));
   }
 }
 
@@ -272,13 +207,8 @@ struct F_SERVICE_STATUS_ORDER {
 };
 template <class W>
 void layout(W& w, F_SERVICE_STATUS_ORDER& r, const Ctx&) {
-  if (!w.need(6)) return;
-  w.u(r.SR_ID_BITMAP_BIT1, "SR_ID_BITMAP_BIT1", 1);
-  w.u(r.SR_ID_BITMAP_BIT2, "SR_ID_BITMAP_BIT2", 1);
-  w.u(r.SR_ID_BITMAP_BIT3, "SR_ID_BITMAP_BIT3", 1);
-  w.u(r.SR_ID_BITMAP_BIT4, "SR_ID_BITMAP_BIT4", 1);
-  w.u(r.SR_ID_BITMAP_BIT5, "SR_ID_BITMAP_BIT5", 1);
-  w.u(r.SR_ID_BITMAP_BIT6, "SR_ID_BITMAP_BIT6", 1);
+  w(F(SR_ID_BITMAP_BIT1, 1), F(SR_ID_BITMAP_BIT2, 1), F(SR_ID_BITMAP_BIT3, 1), F(SR_ID_BITMAP_BIT4, 1),
+    F(SR_ID_BITMAP_BIT5, 1), F(SR_ID_BITMAP_BIT6, 1));
   const std::uint32_t set = r.SR_ID_BITMAP_BIT1 + r.SR_ID_BITMAP_BIT2 + r.SR_ID_BITMAP_BIT3 +
                             r.SR_ID_BITMAP_BIT4 + r.SR_ID_BITMAP_BIT5 + r.SR_ID_BITMAP_BIT6;
   w.scalars("SERVICE_STATUS", r.SERVICE_STATUS, set, 3);
@@ -290,12 +220,8 @@ struct F_LOCATION_SERVICES_ORDER {
 };
 template <class W>
 void layout(W& w, F_LOCATION_SERVICES_ORDER& r, const Ctx&) {
-  if (!w.need(1)) return;
-  w.u(r.REGULATORY_IND_INCL, "REGULATORY_IND_INCL", 1);
-  if (r.REGULATORY_IND_INCL) {
-    if (!w.need(2)) return;
-    w.u(r.REGULATORY_IND, "REGULATORY_IND", 2);
-  }
+  w(F(REGULATORY_IND_INCL, 1));
+  if (r.REGULATORY_IND_INCL) w(F(REGULATORY_IND, 2));
 }
 
 // Every order-specific record, one member per kind; ORDER picks the one in use.
@@ -337,12 +263,9 @@ constexpr bool has_record(Link link, u8 order, u8 ordq) {
 // still moves on by the declared length.
 template <class W>
 void order_fields(W& w, Link link, u8& ORDER, u8& ADD_RECORD_LEN, u8& ORDQ, OrderSpecific& s, const Ctx& c) {
-  if (!w.need(9)) return;
-  w.u(ORDER, "ORDER", 6);
-  w.u(ADD_RECORD_LEN, "ADD_RECORD_LEN", 3);
+  w(field(ORDER, "ORDER", 6), field(ADD_RECORD_LEN, "ADD_RECORD_LEN", 3));
   if (ADD_RECORD_LEN == 0) return;
-  if (!w.need(8)) return;
-  w.u(ORDQ, "ORDQ", 8);
+  w(field(ORDQ, "ORDQ", 8));
   const std::uint64_t budget = ADD_RECORD_LEN * 8u - 8u;
   if (!has_record(link, ORDER, ORDQ)) {
     w.skip(budget);
