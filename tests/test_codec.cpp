@@ -116,7 +116,7 @@ void layout(W& w, Toy& r, const Ctx& c) {
   w.u(r.LEN, "LEN", 3);
   if (!w.count(r.N, 5)) return;
   if (!w.counted("items", "Toy_items", r.items, r.N, c)) return;
-  if (!w.sized("rec", "Toy_rec", r.sized_rec, r.LEN * 8u, c)) return;
+  if (!w.sized("rec", r.sized_rec, r.LEN * 8u, c)) return;
   if (!w.need(2)) return;
   w.u(r.AFTER, "AFTER", 2);
 }

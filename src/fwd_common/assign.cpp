@@ -143,12 +143,12 @@ void layout(W& w, FC_CAM& r, const Ctx& c) {
   w(F(ASSIGN_MODE, 3), F(ADD_RECORD_LEN, 3));
   const std::uint64_t len = r.ADD_RECORD_LEN * 8u;
   switch (r.ASSIGN_MODE) {
-    case 0: w.sized("CAM_ASSIGN_MODE_000", "FC_CAM_CAM_ASSIGN_MODE_000", r.m000, len, c); break;
-    case 1: w.sized("CAM_ASSIGN_MODE_001", "FC_CAM_CAM_ASSIGN_MODE_001", r.m001, len, c); break;
-    case 2: w.sized("CAM_ASSIGN_MODE_010", "FC_CAM_CAM_ASSIGN_MODE_010", r.m010, len, c); break;
-    case 3: w.sized("CAM_ASSIGN_MODE_011", "FC_CAM_CAM_ASSIGN_MODE_011", r.m011, len, c); break;
-    case 4: w.sized("CAM_ASSIGN_MODE_100", "FC_CAM_CAM_ASSIGN_MODE_100", r.m100, len, c); break;
-    case 5: w.sized("CAM_ASSIGN_MODE_101", "FC_CAM_CAM_ASSIGN_MODE_101", r.m101, len, c); break;
+    case 0: w.sized("CAM_ASSIGN_MODE_000", r.m000, len, c); break;
+    case 1: w.sized("CAM_ASSIGN_MODE_001", r.m001, len, c); break;
+    case 2: w.sized("CAM_ASSIGN_MODE_010", r.m010, len, c); break;
+    case 3: w.sized("CAM_ASSIGN_MODE_011", r.m011, len, c); break;
+    case 4: w.sized("CAM_ASSIGN_MODE_100", r.m100, len, c); break;
+    case 5: w.sized("CAM_ASSIGN_MODE_101", r.m101, len, c); break;
     default: break;   // '110' and '111' are reserved: header only
   }
 }
@@ -181,7 +181,7 @@ void layout(W& w, EcamTraffic& r, const Ctx& c) {
   w(F(FREQ_INCL, 1), F(DEFAULT_CONFIG, 3), F(BYPASS_ALERT_ANSWER, 1), reserved(1), F(NUM_PILOTS, 3),
     F(GRANTED_MODE, 2), F(FRAME_OFFSET, 4), F(ENCRYPT_MODE, 2));
   if (r.FREQ_INCL) w(F(BAND_CLASS, 5), F(CDMA_FREQ, 11));
-  if (!w.counted("PILOTs", "FC_ECAM_ECAM_ASSIGN_MODE_000_PILOTs", r.PILOTs, r.NUM_PILOTS + 1u, c)) return;
+  if (!w.records("PILOTs", r.PILOTs, r.NUM_PILOTS + 1u, c)) return;
   if (c.p_rev < 6) return;
   // The fundamental channel's radio configurations and outer loop power control of IS-2000.
   if (!w.need(49)) return;
@@ -322,7 +322,7 @@ void x3_channels(W& w, u8& incl, const char* incl_name, PoolArray<X3ChanRec>& re
   X3Ctx xc;
   static_cast<Ctx&>(xc) = c;
   xc.dcch = dcch;
-  w.counted(label, header, recs, c.num_pilots + 1u, xc);
+  w.records(label, header, recs, c.num_pilots + 1u, xc);
 }
 
 template <class W>
@@ -346,7 +346,7 @@ void layout(W& w, Am4ChRecord& r, const Am4Ctx& c) {
   ChIndCtx pc;
   static_cast<Ctx&>(pc) = c;
   pc.ch_ind = mc.ch_ind;
-  if (!w.counted("PILOT_RECs", "FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_PILOT_RECs", r.PILOT_RECs,
+  if (!w.records("PILOT_RECs", r.PILOT_RECs,
                  mc.num_pilots + 1u, pc))
     return;
   if (c.p_rev < 7) return;
@@ -431,7 +431,7 @@ void layout(W& w, EcamTrafficIs2000& r, const EcamCtx& c) {
   static_cast<Ctx&>(mc) = c;
   mc.ch_ind = r.CH_IND;
   mc.num_pilots = r.NUM_PILOTS;
-  if (!w.sized("CH_RECORD_FIELDS", "FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS", r.CH_RECORD_FIELDS,
+  if (!w.sized("CH_RECORD_FIELDS", r.CH_RECORD_FIELDS,
                r.CH_RECORD_LEN * 8u, mc))
     return;
   if (!fwd::rev_fch_gating(w, r)) return;
@@ -525,7 +525,7 @@ void layout(W& w, Am5PilotRec& r, const Am5Ctx& c) {
     // The control channel Walsh codes come with the forward packet data channel parameters.
     if (c.for_pdch_params_incl) {
       w(F(WALSH_TABLE_ID, 3), F(NUM_PDCCH, 3));
-      if (!w.counted("PDCCH_RECs", "FC_ECAM_ECAM_ASSIGN_MODE_101_PILOT_RECs_PDCCH_RECs", r.PDCCH_RECs,
+      if (!w.records("PDCCH_RECs", r.PDCCH_RECs,
                      r.NUM_PDCCH + 1u, static_cast<const Ctx&>(c)))
         return;
     }
@@ -631,7 +631,7 @@ void layout(W& w, EcamPacketData& r, const EcamCtx& c) {
   pc.ext_ch_ind = r.EXT_CH_IND;
   pc.for_pdch_params_incl = r.FOR_PDCH_PARAMS_INCL;
   pc.pdch_group_ind_incl = r.PDCH_GROUP_IND_INCL;
-  if (!w.counted("PILOT_RECs", "FC_ECAM_ECAM_ASSIGN_MODE_101_PILOT_RECs", r.PILOT_RECs, r.NUM_PILOTS + 1u, pc))
+  if (!w.records("PILOT_RECs", r.PILOT_RECs, r.NUM_PILOTS + 1u, pc))
     return;
   assignment_tail(w, r, c);
 }
@@ -666,13 +666,13 @@ void layout(W& w, FC_ECAM& r, const Ctx& c) {
   // Only a P_REV 11 header carries the indicator; the printer re-tests what the reader saw.
   ec.direct_ch_assign_ind = c.p_rev >= 11 && is2000_traffic ? r.DIRECT_CH_ASSIGN_IND : 0;
   switch (r.ASSIGN_MODE) {
-    case 0: w.sub("ECAM_ASSIGN_MODE_000", "FC_ECAM_ECAM_ASSIGN_MODE_000", r.m000, c); break;
-    case 1: w.sub("ECAM_ASSIGN_MODE_001", "FC_ECAM_ECAM_ASSIGN_MODE_001", r.m001, c); break;
-    case 2: w.sub("ECAM_ASSIGN_MODE_010", "FC_ECAM_ECAM_ASSIGN_MODE_010", r.m010, c); break;
-    case 3: w.sub("ECAM_ASSIGN_MODE_011", "FC_ECAM_ECAM_ASSIGN_MODE_011", r.m011, c); break;
-    case 4: w.sub("ECAM_ASSIGN_MODE_100", "FC_ECAM_ECAM_ASSIGN_MODE_100", r.m100, ec); break;
+    case 0: w.sub("ECAM_ASSIGN_MODE_000", r.m000, c); break;
+    case 1: w.sub("ECAM_ASSIGN_MODE_001", r.m001, c); break;
+    case 2: w.sub("ECAM_ASSIGN_MODE_010", r.m010, c); break;
+    case 3: w.sub("ECAM_ASSIGN_MODE_011", r.m011, c); break;
+    case 4: w.sub("ECAM_ASSIGN_MODE_100", r.m100, ec); break;
     case 5:   // the packet data channel assignment came with P_REV 9; before it '101' is reserved
-      if (c.p_rev >= 9) w.sub("ECAM_ASSIGN_MODE_101", "FC_ECAM_ECAM_ASSIGN_MODE_101", r.m101, ec);
+      if (c.p_rev >= 9) w.sub("ECAM_ASSIGN_MODE_101", r.m101, ec);
       break;
     default: break;
   }

@@ -46,7 +46,7 @@ void layout(W& w, NLM_NGHBR& r, const Ctx&) {
 template <class W>
 void layout(W& w, FC_NLM& r, const Ctx& c) {
   w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(PILOT_INC, 4));
-  w.list_to_end("NGHBRs", "FC_NLM_NGHBRs", r.NGHBRs, whole_elements<12>, c);
+  w.list_to_end("NGHBRs", r.NGHBRs, whole_elements<12>, c);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -91,7 +91,7 @@ void layout(W& w, ENLM_NGHBR& r, const Ctx&) {
 template <class W>
 void layout(W& w, FC_ENLM& r, const Ctx& c) {
   w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(PILOT_INC, 4));
-  w.list_to_end("NGHBRs", "FC_ENLM_NGHBRs", r.NGHBRs, whole_elements<15>, c);
+  w.list_to_end("NGHBRs", r.NGHBRs, whole_elements<15>, c);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -165,7 +165,7 @@ void layout(W& w, ECCLM_ADD_BAND& r, const EcclmCtx& c) {
   }
   if (e.TD_SEL_INCL) w(F(ADD_TD_MODE, 2));
   w(F(BYPASS_SYS_DET_IND, 1), F(NUM_ADD_FREQ, 4));
-  w.counted("ADD_FREQs", "FC_ECCLM_ADD_BANDs_ADD_FREQs", r.ADD_FREQs, r.NUM_ADD_FREQ, c);
+  w.records("ADD_FREQs", r.ADD_FREQs, r.NUM_ADD_FREQ, c);
 }
 
 template <class W>
@@ -177,7 +177,7 @@ void layout(W& w, FC_ECCLM& r, const Ctx& c) {
   w(F(TD_SEL_INCL, 1));
   if (r.TD_SEL_INCL) {
     w(F(TD_MODE, 2));
-    if (!w.counted("TD_SELs", "FC_ECCLM_TD_SELs", r.TD_SELs, r.NUM_FREQ, c)) return;
+    if (!w.records("TD_SELs", r.TD_SELs, r.NUM_FREQ, c)) return;
   }
   if (c.p_rev < 11) return;
 
@@ -195,7 +195,7 @@ void layout(W& w, FC_ECCLM& r, const Ctx& c) {
   ec.RC_QPCH_SEL_INCL = r.RC_QPCH_SEL_INCL;
   ec.TD_SEL_INCL = r.TD_SEL_INCL;
   ec.CDMA_FREQ_WEIGHT_INCL = r.CDMA_FREQ_WEIGHT_INCL;
-  w.counted("ADD_BANDs", "FC_ECCLM_ADD_BANDs", r.ADD_BANDs, r.NUM_BAND, ec);
+  w.records("ADD_BANDs", r.ADD_BANDs, r.NUM_BAND, ec);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -422,14 +422,14 @@ void layout(W& w, FC_GNLM& r, const Ctx& c) {
   lc.FREQ_FIELDS_INCL = r.FREQ_FIELDS_INCL;
   lc.USE_TIMING = r.USE_TIMING;
   lc.GLOBAL_TIMING_INCL = r.USE_TIMING && r.GLOBAL_TIMING_INCL;
-  if (!w.counted("NGHBRs", "FC_GNLM_NGHBRs", r.NGHBRs, r.NUM_NGHBR, lc)) return;
+  if (!w.records("NGHBRs", r.NGHBRs, r.NUM_NGHBR, lc)) return;
   w(F(NUM_ANALOG_NGHBR, 3));
-  if (!w.counted("ANALOG_NGHBRs", "FC_GNLM_ANALOG_NGHBRs", r.ANALOG_NGHBRs, r.NUM_ANALOG_NGHBR, c)) return;
+  if (!w.records("ANALOG_NGHBRs", r.ANALOG_NGHBRs, r.NUM_ANALOG_NGHBR, c)) return;
   if (c.p_rev < 6) return;
 
   w(F(SRCH_OFFSET_INCL, 1));
   lc.SRCH_OFFSET_INCL = r.SRCH_OFFSET_INCL;
-  if (!w.counted("NGHBR_PILOT_RECs", "FC_GNLM_NGHBR_PILOT_RECs", r.NGHBR_PILOT_RECs, r.NUM_NGHBR, lc)) return;
+  if (!w.records("NGHBR_PILOT_RECs", r.NGHBR_PILOT_RECs, r.NUM_NGHBR, lc)) return;
   if (c.p_rev < 7) return;
 
   w(F(BCCH_IND_INCL, 1));
@@ -446,7 +446,7 @@ void layout(W& w, FC_GNLM& r, const Ctx& c) {
   w(F(HRPD_NGHBR_INCL, 1));
   if (r.HRPD_NGHBR_INCL) {
     w(F(NUM_HRPD_NGHBR, 6));
-    w.counted("HRPD_NGHBR_PILOT_RECs", "FC_GNLM_HRPD_NGHBR_PILOT_RECs", r.HRPD_NGHBR_PILOT_RECs, r.NUM_HRPD_NGHBR,
+    w.records("HRPD_NGHBR_PILOT_RECs", r.HRPD_NGHBR_PILOT_RECs, r.NUM_HRPD_NGHBR,
               c);
   }
 }
@@ -560,7 +560,7 @@ struct FC_UZIM {
 template <class W>
 void layout(W& w, FC_UZIM& r, const Ctx& c) {
   w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(UZ_EXIT, 4), F(NUM_UZID, 4));
-  w.counted("UZIDs", "FC_UZIM_UZIDs", r.UZIDs, r.NUM_UZID, c);
+  w.records("UZIDs", r.UZIDs, r.NUM_UZID, c);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -605,7 +605,7 @@ void layout(W& w, PNLM_PRI_NGHBR& r, const ListCtx& c) {
   w(F(UZID_INCL, 1));
   if (r.UZID_INCL) {
     w(F(NUM_UZID, 4));
-    w.counted("UZIDs", "FC_PNLM_RADIO_INTERFACES_RadioInterfaceTypeSpecificFields_PRI_NGHBRs_UZIDs", r.UZIDs,
+    w.records("UZIDs", r.UZIDs,
               r.NUM_UZID, c);
   }
 }
@@ -617,7 +617,7 @@ void layout(W& w, PNLM_MC_FIELDS& r, const Ctx& c) {
   w(F(SRCH_WIN_PN, 4), F(NUM_PRI_NGHBR, 6));
   ListCtx lc = list_ctx(c);
   lc.COMMON_INCL = r.COMMON_INCL;
-  w.counted("PRI_NGHBRs", "FC_PNLM_RADIO_INTERFACES_RadioInterfaceTypeSpecificFields_PRI_NGHBRs", r.PRI_NGHBRs,
+  w.records("PRI_NGHBRs", r.PRI_NGHBRs,
             r.NUM_PRI_NGHBR, lc);
 }
 
@@ -635,7 +635,7 @@ void layout(W& w, PNLM_RADIO_INTERFACE& r, const Ctx& c) {
 template <class W>
 void layout(W& w, FC_PNLM& r, const Ctx& c) {
   w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(NUM_RADIO_INTERFACE, 4));
-  w.counted("RADIO_INTERFACES", "FC_PNLM_RADIO_INTERFACES", r.RADIO_INTERFACES, r.NUM_RADIO_INTERFACE, c);
+  w.records("RADIO_INTERFACES", r.RADIO_INTERFACES, r.NUM_RADIO_INTERFACE, c);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -744,7 +744,7 @@ void layout(W& w, UNLM_MC_FIELDS& r, const Ctx& c) {
   lc.GLOBAL_TIMING_INCL = r.USE_TIMING && r.GLOBAL_TIMING_INCL;
   lc.NGHBR_SET_ENTRY_INFO = r.NGHBR_SET_ENTRY_INFO;
   lc.NGHBR_SET_ACCESS_INFO = r.NGHBR_SET_ACCESS_INFO;
-  if (!w.counted("NGHBRs", UNLM_FIELDS "_RADIO_INTERFACE_TYPE_0000_NGHBRs", r.NGHBRs, r.NUM_NGHBR, lc)) return;
+  if (!w.records("NGHBRs", UNLM_FIELDS "_RADIO_INTERFACE_TYPE_0000_NGHBRs", r.NGHBRs, r.NUM_NGHBR, lc)) return;
   if (c.p_rev < 9) return;
 
   // Call rescue and the F-PDCH indicators, as in the General Neighbor List.
@@ -758,7 +758,7 @@ void layout(W& w, UNLM_MC_FIELDS& r, const Ctx& c) {
 template <class W>
 void layout(W& w, UNLM_ANALOG_FIELDS& r, const Ctx& c) {
   w(F(NUM_ANALOG_NGHBR, 3));
-  w.counted("ANALOG_NGHBRs", UNLM_FIELDS "_RADIO_INTERFACE_TYPE_0001_ANALOG_NGHBRs", r.ANALOG_NGHBRs,
+  w.records("ANALOG_NGHBRs", UNLM_FIELDS "_RADIO_INTERFACE_TYPE_0001_ANALOG_NGHBRs", r.ANALOG_NGHBRs,
             r.NUM_ANALOG_NGHBR, c);
 }
 
@@ -780,7 +780,7 @@ void layout(W& w, UNLM_TYPE_SPECIFIC& r, const ListCtx& c) {
       break;
     case 2:
       w(F(NUM_HRPD_NGHBR, 6));
-      w.counted("HRPD_NGHBR_PILOT_RECs", UNLM_FIELDS "_HRPD_NGHBR_PILOT_RECs", r.HRPD_NGHBR_PILOT_RECs,
+      w.records("HRPD_NGHBR_PILOT_RECs", UNLM_FIELDS "_HRPD_NGHBR_PILOT_RECs", r.HRPD_NGHBR_PILOT_RECs,
                 r.NUM_HRPD_NGHBR, c);
       break;
     default:   // not known here: the record's length moves the walk on
@@ -800,7 +800,7 @@ void layout(W& w, UNLM_RADIO_INTERFACE& r, const Ctx& c) {
 template <class W>
 void layout(W& w, FC_UNLM& r, const Ctx& c) {
   w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(NUM_RADIO_INTERFACE, 4));
-  w.counted("RADIO_INTERFACES", "FC_UNLM_RADIO_INTERFACES", r.RADIO_INTERFACES, r.NUM_RADIO_INTERFACE, c);
+  w.records("RADIO_INTERFACES", r.RADIO_INTERFACES, r.NUM_RADIO_INTERFACE, c);
 }
 
 #undef UNLM_FIELDS

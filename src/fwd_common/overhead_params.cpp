@@ -122,12 +122,12 @@ void acct(W& w, R& r, const Ctx& c, const AcctNames& n) {
   if (r.ACCT_SO_INCL) {
     w(F(NUM_ACCT_SO, 4));
     // NUM_ACCT_SO is one less than the number of records.
-    if (!w.counted(n.so_label, n.so_header, r.ACCT_SO_RECs, r.NUM_ACCT_SO + 1u, ac)) return;
+    if (!w.records(n.so_label, n.so_header, r.ACCT_SO_RECs, r.NUM_ACCT_SO + 1u, ac)) return;
   }
   w(F(ACCT_SO_GRP_INCL, 1));
   if (r.ACCT_SO_GRP_INCL) {
     w(F(NUM_ACCT_SO_GRP, 3));
-    w.counted(n.grp_label, n.grp_header, r.ACCT_SO_GRP_RECs, r.NUM_ACCT_SO_GRP + 1u, ac);
+    w.records(n.grp_label, n.grp_header, r.ACCT_SO_GRP_RECs, r.NUM_ACCT_SO_GRP + 1u, ac);
   }
 }
 
@@ -241,7 +241,7 @@ bool for_pdch(W& w, R& r, const Ctx& c, const char* walsh_header) {
          F(NUM_SOFTER_SWITCHING_SLOTS, 2), F(PDCH_SOFT_SWITCHING_DELAY, 8), F(PDCH_SOFTER_SWITCHING_DELAY, 8),
          F(WALSH_TABLE_ID, 3), F(NUM_PDCCH, 3))) return false;
   // NUM_PDCCH is one less than the number of F-PDCCH Walsh codes.
-  return w.counted("PDCCH_WALSHs", walsh_header, r.PDCCH_WALSHs, r.NUM_PDCCH + 1u, c);
+  return w.records("PDCCH_WALSHs", walsh_header, r.PDCCH_WALSHs, r.NUM_PDCCH + 1u, c);
 }
 
 template <class W, class R>
@@ -311,7 +311,7 @@ bool cand_bands(W& w, R& r, const Ctx& c, const char* header) {
   if (!r.CAND_BAND_INFO_REQ) return true;
   if (!w(F(NUM_CAND_BAND_CLASS, 3))) return false;
   // NUM_CAND_BAND_CLASS is one less than the number of candidate band classes.
-  return w.counted("CAND_BAND_CLASSs", header, r.CAND_BAND_CLASSs, r.NUM_CAND_BAND_CLASS + 1u, c);
+  return w.records("CAND_BAND_CLASSs", header, r.CAND_BAND_CLASSs, r.NUM_CAND_BAND_CLASS + 1u, c);
 }
 
 template <class W, class R>
@@ -665,7 +665,7 @@ bool common_channels(W& w, FC_MCRRPM& r, const Ctx& c) {
   if (!w(F(NUM_FCCCH, 3), F(FCCCH_RATE, 3), F(FCCCH_CODE_RATE, 1))) return false;
   if (!w.scalars("FCCCH_CODE_CHAN", r.FCCCH_CODE_CHAN, r.NUM_FCCCH, 8)) return false;
   if (!w(F(BCAST_INDEX, 3), F(NUM_BCCH_BCAST, 3))) return false;
-  if (!w.counted("BCCH_BCASTs", "FC_MCRRPM_BCCH_BCASTs", r.BCCH_BCASTs, r.NUM_BCCH_BCAST, c)) return false;
+  if (!w.records("BCCH_BCASTs", r.BCCH_BCASTs, r.NUM_BCCH_BCAST, c)) return false;
 
   if (!w(F(QPCH_SUPPORTED, 1))) return false;
   if (r.QPCH_SUPPORTED) {
@@ -890,27 +890,27 @@ void layout(W& w, FC_EAPM& r, const Ctx& c) {
   w(F(PILOT_PN, 9), F(ACC_MSG_SEQ, 6), F(PSIST_PARMS_INCL, 1));
   if (r.PSIST_PARMS_INCL) {
     w(F(PSIST_PARMS_LEN, 5));
-    if (!w.sized("PSIST_PARMS_REC", "FC_EAPM_PSIST_PARMS_REC", r.PSIST_PARMS_REC,
+    if (!w.sized("PSIST_PARMS_REC", r.PSIST_PARMS_REC,
                  octets_after_len(r.PSIST_PARMS_LEN, 5), c))
       return;
   }
   w(F(LAC_PARMS_LEN, 4));
-  if (!w.sized("LAC_PARMS_REC", "FC_EAPM_LAC_PARMS_REC", r.LAC_PARMS_REC, octets_after_len(r.LAC_PARMS_LEN, 4),
+  if (!w.sized("LAC_PARMS_REC", r.LAC_PARMS_REC, octets_after_len(r.LAC_PARMS_LEN, 4),
                c))
     return;
   w(F(NUM_MODE_SELECTION_ENTRIES, 3));
   // Counts of the form NUM_... are one less than the number of entries that follow.
-  if (!w.counted("ACCESS_MODEs", "FC_EAPM_ACCESS_MODEs", r.ACCESS_MODEs, r.NUM_MODE_SELECTION_ENTRIES + 1u, c))
+  if (!w.records("ACCESS_MODEs", r.ACCESS_MODEs, r.NUM_MODE_SELECTION_ENTRIES + 1u, c))
     return;
   w(F(RLGAIN_COMMON_PILOT, 6), F(IC_THRESH, 4), F(IC_MAX, 4), F(NUM_MODE_PARM_REC, 3));
-  if (!w.counted("MODE_PARM_RECs", "FC_EAPM_MODE_PARM_RECs", r.MODE_PARM_RECs, r.NUM_MODE_PARM_REC + 1u, c)) return;
+  if (!w.records("MODE_PARM_RECs", r.MODE_PARM_RECs, r.NUM_MODE_PARM_REC + 1u, c)) return;
   w(F(BA_PARMS_LEN, 3));
   if (r.BA_PARMS_LEN) {
-    if (!w.sized("BA_PARMS_REC", "FC_EAPM_BA_PARMS_REC", r.BA_PARMS_REC, 8u * r.BA_PARMS_LEN, c)) return;
+    if (!w.sized("BA_PARMS_REC", r.BA_PARMS_REC, 8u * r.BA_PARMS_LEN, c)) return;
   }
   w(F(RA_PARMS_LEN, 5));
   if (r.RA_PARMS_LEN) {
-    if (!w.sized("RA_PARMS_REC", "FC_EAPM_RA_PARMS_REC", r.RA_PARMS_REC, 8u * r.RA_PARMS_LEN, c)) return;
+    if (!w.sized("RA_PARMS_REC", r.RA_PARMS_REC, 8u * r.RA_PARMS_LEN, c)) return;
   }
 
   w(F(ACCT_INCL, 1));

@@ -47,7 +47,7 @@ template <class W>
 void layout(W& w, FC_SPGM& r, const Ctx& c) {
   w(F(CONFIG_MSG_SEQ, 6), F(ACC_MSG_SEQ, 6), F(MORE_PAGES, 1));
   // The pages run to the end; the 0..7 padding bits after the last one never make a page.
-  w.list_to_end("PAGEs", "FC_SPGM_PAGEs", r.PAGEs, min_page_capacity, c);
+  w.list_to_end("PAGEs", r.PAGEs, min_page_capacity, c);
 }
 
 // The Page Message has no MORE_PAGES flag: it is sent in every slot of a non-slotted paging
@@ -61,7 +61,7 @@ struct FC_PGM {
 template <class W>
 void layout(W& w, FC_PGM& r, const Ctx& c) {
   w(F(CONFIG_MSG_SEQ, 6), F(ACC_MSG_SEQ, 6));
-  w.list_to_end("PAGEs", "FC_PGM_PAGEs", r.PAGEs, min_page_capacity, c);
+  w.list_to_end("PAGEs", r.PAGEs, min_page_capacity, c);
 }
 
 // ---------------------------------------------------------------------------------------------

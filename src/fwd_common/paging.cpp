@@ -158,7 +158,7 @@ void addressing(W& w, L2_ADDRESSING_FIELDS& r, bool extended_form, const Ctx& c)
   r.ADDRESS.type = r.ADDR_TYPE;
   r.ADDRESS.len = r.ADDR_LEN;
   r.ADDRESS.ext_type = extended ? r.EXT_ADDR_TYPE : 0;
-  w.padded("ADDRESS", "FC_ADDRESS", r.ADDRESS, declared, c);
+  w.at_least("ADDRESS", "FC_ADDRESS", r.ADDRESS, declared, c);
 }
 
 template <class W>
@@ -251,7 +251,7 @@ Ctx with_pd(const Ctx& c, std::uint8_t pd) {
 template <class W>
 void layout(W& w, FC_PCH_CAM_PDU& r, const Ctx& c) {
   w(F(PD, 2), F(MSG_ID, 6));
-  w.list_to_end("AssignmentRecords", "FC_PCH_CAM_PDU_AssignmentRecords", r.AssignmentRecords,
+  w.list_to_end("AssignmentRecords", r.AssignmentRecords,
                 [](std::uint64_t left) { return one_record(left, 45); }, with_pd(c, r.PD));
   w.align(8, 2);   // reported length, as for the broadcast PDU
 }
@@ -259,7 +259,7 @@ void layout(W& w, FC_PCH_CAM_PDU& r, const Ctx& c) {
 template <class W>
 void layout(W& w, FC_PCH_ECAM_PDU& r, const Ctx& c) {
   w(F(PD, 2), F(MSG_ID, 6));
-  w.list_to_end("ExtChanAssignRecord", "FC_PCH_ECAM_PDU_ExtChanAssignRecord", r.ExtChanAssignRecord,
+  w.list_to_end("ExtChanAssignRecord", r.ExtChanAssignRecord,
                 [](std::uint64_t left) { return one_record(left, 49); }, with_pd(c, r.PD));
   w.align(8, 2);   // reported length, as for the broadcast PDU
 }

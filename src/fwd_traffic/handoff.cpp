@@ -64,7 +64,7 @@ void layout(W& w, FD_HDM& r, const Ctx& c) {
   w(F(USE_TIME, 1), F(ACTION_TIME, 6), F(HDM_SEQ, 2), F(SRCH_WIN_A, 4), F(T_ADD, 6), F(T_DROP, 6), F(T_COMP, 4),
     F(T_TDROP, 4), F(FRAME_OFFSET, 4), F(PRIVATE_LCM, 1), F(RESET_L2, 1), F(ENCRYPT_MODE, 2), F(FREQ_INCL, 1));
   if (r.FREQ_INCL) w(F(CDMA_FREQ, 11));
-  w.list_to_end("PILOTs", "FD_HDM_PILOTs", r.PILOTs, pilot_capacity, c);
+  w.list_to_end("PILOTs", r.PILOTs, pilot_capacity, c);
 }
 
 // ---- Extended Handoff Direction Message (17) ----------------------------------------------
@@ -124,9 +124,9 @@ void layout(W& w, FD_EHDM& r, const Ctx& c) {
   w(F(ADD_LENGTH, 3));
   if (r.ADD_LENGTH) {
     // Only P_REV is known; the walk moves on by all ADD_LENGTH octets.
-    if (!w.sized("AdditionalFields", "FD_EHDM_AdditionalFields", r.AdditionalFields, 8u * r.ADD_LENGTH, c)) return;
+    if (!w.sized("AdditionalFields", r.AdditionalFields, 8u * r.ADD_LENGTH, c)) return;
   }
-  w.list_to_end("ACTIVE_SET_PILOT", "FD_EHDM_ACTIVE_SET_PILOT", r.ACTIVE_SET_PILOT, pilot_capacity, c);
+  w.list_to_end("ACTIVE_SET_PILOT", r.ACTIVE_SET_PILOT, pilot_capacity, c);
 }
 
 // ---- Helpers shared by the later members ---------------------------------------------------
@@ -230,7 +230,7 @@ bool enc_and_calls(W& w, R& r, const Ctx& c, bool universal, const char* calls_h
     if (!w(F(CC_INFO_INCL, 1))) return false;
     if (r.CC_INFO_INCL) {
       if (!w(F(NUM_CALLS_ASSIGN, 8))) return false;
-      if (!w.counted("CALLs", calls_header, r.CALLs, r.NUM_CALLS_ASSIGN, c)) return false;
+      if (!w.records("CALLs", calls_header, r.CALLs, r.NUM_CALLS_ASSIGN, c)) return false;
     }
   }
   return true;
@@ -399,7 +399,7 @@ void layout(W& w, FD_GHDM& r, const Ctx& c) {
     pilots.sup_specified =
         r.SUP_CHAN_PARMS_INCLUDED && r.FOR_INCLUDED && (r.FOR_SUP_CONFIG == 2 || r.FOR_SUP_CONFIG == 3);
     pilots.num_for_sup = pilots.sup_specified ? static_cast<std::uint8_t>(r.NUM_FOR_SUP & 7u) : 0;
-    if (!w.counted("PILOTs", "FD_GHDM_PILOTs", r.PILOTs, r.NUM_PILOTS, pilots)) return;
+    if (!w.records("PILOTs", r.PILOTs, r.NUM_PILOTS, pilots)) return;
   }
   if (c.p_rev < 6) return;
 
@@ -550,7 +550,7 @@ void layout(W& w, AsrPilot& r, const AsrCtx& c) {
   if (asr_dcch(ch_ind)) w(F(CODE_CHAN_DCCH, 11), F(QOF_MASK_ID_DCCH, 2));
   if (c.sch_incl) {
     w(F(NUM_SCH, 5));
-    w.counted("SCHs", "ACTIVE_SET_REC_PILOTs_SCHs", r.SCHs, r.NUM_SCH, c);
+    w.records("SCHs", r.SCHs, r.NUM_SCH, c);
   }
 }
 
@@ -619,7 +619,7 @@ void layout(W& w, F3xPilot& r, const AsrCtx& c) {
   if (dcch && !f3x_code(w, r.DCCH, kF3xDcch)) return;
   if ((fch || dcch) && c.sch_incl) {
     w(F(F3X_SCH_INFO_INCL, 1));
-    if (r.F3X_SCH_INFO_INCL) w.counted("F3X_SCHs", "ACTIVE_SET_REC_F3X_FCHs_DCCHs_F3X_SCHs", r.SCHs, r.NUM_SCH, c);
+    if (r.F3X_SCH_INFO_INCL) w.records("F3X_SCHs", "ACTIVE_SET_REC_F3X_FCHs_DCCHs_F3X_SCHs", r.SCHs, r.NUM_SCH, c);
   }
 }
 
@@ -688,14 +688,14 @@ void layout(W& w, ActiveSetRec& r, const AsrCtx& c) {
   const bool sch_incl = c.sch_incl;
   if (sch_incl) {
     w(F(NUM_FOR_SCH, 5));
-    if (!w.counted("FOR_SCHs", "ACTIVE_SET_REC_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+    if (!w.records("FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
     w(F(NUM_REV_SCH, 5));
-    if (!w.counted("REV_SCHs", "ACTIVE_SET_REC_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+    if (!w.records("REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
   }
   w(F(NUM_PILOTS, 3), F(SRCH_OFFSET_INCL, 1));
   AsrCtx pilots = c;
   pilots.srch_offset_incl = r.SRCH_OFFSET_INCL;
-  if (!w.counted("PILOTs", "ACTIVE_SET_REC_PILOTs", r.PILOTs, r.NUM_PILOTS, pilots)) return;
+  if (!w.records("PILOTs", r.PILOTs, r.NUM_PILOTS, pilots)) return;
   if (c.p_rev < 7) return;
   if (asr_fch(ch_ind)) w(F(F3X_FCH_INFO_INCL, 1));
   if (asr_dcch(ch_ind)) w(F(F3X_DCCH_INFO_INCL, 1));
@@ -729,7 +729,7 @@ void layout(W& w, ActiveSetRec& r, const AsrCtx& c) {
     w(F(FOR_CPCCH_INFO_INCL, 1));
   }
   const bool cpcch = r.FUNDICATED_BCMC_IND && (ch_ind != 7 || r.FOR_CPCCH_INFO_INCL);
-  if (cpcch) w.counted("FOR_CPCH_RECs", "ACTIVE_SET_REC_FOR_CPCH_RECs", r.FOR_CPCH_RECs, r.NUM_PILOTS, c);
+  if (cpcch) w.records("FOR_CPCH_RECs", r.FOR_CPCH_RECs, r.NUM_PILOTS, c);
 }
 
 // USE_CCSH_ENCODER_TIME .. the encoder types of each pilot's supplemental channels.
@@ -823,7 +823,7 @@ void layout(W& w, ExtPilot& r, const ExtAsrCtx& c) {
   // Without common packet data parameters each pilot names its own control channels.
   if (r.FOR_PDCH_INCL && !c.pdch_common_parms) {
     w(F(WALSH_TABLE_ID, 3), F(NUM_PDCCH, 3));
-    if (!w.counted("PDCCH_RECs", "EXT_ACTIVE_SET_REC_PILOT_RECs_PDCCH_RECs", r.PDCCH_RECs, r.NUM_PDCCH + 1u, c))
+    if (!w.records("PDCCH_RECs", r.PDCCH_RECs, r.NUM_PDCCH + 1u, c))
       return;
   }
   if (r.FOR_PDCH_INCL) {
@@ -836,7 +836,7 @@ void layout(W& w, ExtPilot& r, const ExtAsrCtx& c) {
   if (ext_fwd_dcch(c.ext_ch_ind)) w(F(CODE_CHAN_DCCH, 11), F(QOF_MASK_ID_DCCH, 2));
   if (c.sch_incl) {
     w(F(NUM_SCH, 5));
-    w.counted("SCHs", "EXT_ACTIVE_SET_REC_PILOT_RECs_SCHs", r.SCHs, r.NUM_SCH, c);
+    w.records("SCHs", r.SCHs, r.NUM_SCH, c);
   }
 }
 
@@ -894,11 +894,11 @@ void layout(W& w, ExtActiveSetRec& r, const ExtAsrCtx& c) {
   // With the common power control channel there is no forward supplemental channel.
   if (c.sch_incl && !ext_cpcch(c.ext_ch_ind)) {
     w(F(NUM_FOR_SCH, 5));
-    if (!w.counted("FOR_SCHs", "EXT_ACTIVE_SET_REC_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+    if (!w.records("FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
   }
   if (c.sch_incl) {
     w(F(NUM_REV_SCH, 5));
-    if (!w.counted("REV_SCHs", "EXT_ACTIVE_SET_REC_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+    if (!w.records("REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
   }
   w(F(NUM_PILOTS, 3), F(SRCH_OFFSET_INCL, 1), F(PDCH_GROUP_IND_INCL, 1), F(FOR_PDCH_PARMS_INCL, 1));
   if (r.FOR_PDCH_PARMS_INCL) {
@@ -913,14 +913,14 @@ void layout(W& w, ExtActiveSetRec& r, const ExtAsrCtx& c) {
     w(F(PDCH_SOFT_SWITCHING_DELAY, 8), F(PDCH_SOFTER_SWITCHING_DELAY, 8), F(FOR_PDCH_COMMON_PARMS, 1));
     if (r.FOR_PDCH_COMMON_PARMS) {
       w(F(WALSH_TABLE_ID, 3), F(NUM_PDCCH, 3));
-      if (!w.counted("PDCCH_RECs", "EXT_ACTIVE_SET_REC_PDCCH_RECs", r.PDCCH_RECs, r.NUM_PDCCH + 1u, c)) return;
+      if (!w.records("PDCCH_RECs", "EXT_ACTIVE_SET_REC_PDCCH_RECs", r.PDCCH_RECs, r.NUM_PDCCH + 1u, c)) return;
     }
   }
   ExtAsrCtx pilots = c;
   pilots.srch_offset_incl = r.SRCH_OFFSET_INCL;
   pilots.pdch_common_parms = r.FOR_PDCH_PARMS_INCL && r.FOR_PDCH_COMMON_PARMS;
   pilots.pdch_group_ind_incl = r.PDCH_GROUP_IND_INCL;
-  if (!w.counted("PILOT_RECs", "EXT_ACTIVE_SET_REC_PILOT_RECs", r.PILOT_RECs, r.NUM_PILOTS, pilots)) return;
+  if (!w.records("PILOT_RECs", r.PILOT_RECs, r.NUM_PILOTS, pilots)) return;
   w(F(CCSH_INCLUDED, 1));
   if (!r.CCSH_INCLUDED) return;
   w(F(USE_CCSH_ENCODER_TIME, 1));
@@ -1166,7 +1166,7 @@ bool uhdm_rel_d(W& w, FD_UHDM& r, const Ctx& c) {
       }
     }
     // One record for each forward supplemental channel assigned above.
-    if (!w.counted("SCH_BCMCs", "FD_UHDM_SCH_BCMCs", r.SCH_BCMCs, r.NUM_FOR_ASSIGN, c)) return false;
+    if (!w.records("SCH_BCMCs", r.SCH_BCMCs, r.NUM_FOR_ASSIGN, c)) return false;
   }
   if (r.CS_SUPPORTED) {
     if (!w(F(MAX_ADD_SERV_INSTANCE, 3))) return false;
@@ -1208,9 +1208,9 @@ void layout(W& w, FD_UHDM& r, const Ctx& c) {
   w(F(CLEAR_RETRY_DELAY, 1), F(SCH_INCL, 1));
   if (r.SCH_INCL) {
     w(F(NUM_FOR_ASSIGN, 2));
-    if (!w.counted("FOR_SCH_ASSIGNs", "FD_UHDM_FOR_SCH_ASSIGNs", r.FOR_SCH_ASSIGNs, r.NUM_FOR_ASSIGN, c)) return;
+    if (!w.records("FOR_SCH_ASSIGNs", r.FOR_SCH_ASSIGNs, r.NUM_FOR_ASSIGN, c)) return;
     w(F(NUM_REV_ASSIGN, 2));
-    if (!w.counted("REV_SCH_ASSIGNs", "FD_UHDM_REV_SCH_ASSIGNs", r.REV_SCH_ASSIGNs, r.NUM_REV_ASSIGN, c)) return;
+    if (!w.records("REV_SCH_ASSIGNs", r.REV_SCH_ASSIGNs, r.NUM_REV_ASSIGN, c)) return;
   }
   w(F(FPC_SUBCHAN_GAIN, 5), F(USE_PC_TIME, 1));
   if (r.USE_PC_TIME) w(F(PC_ACTION_TIME, 6));
@@ -1309,7 +1309,7 @@ struct EscamForCfg {
 template <class W>
 void layout(W& w, EscamForCfg& r, const Ctx& c) {
   w(F(FOR_SCH_ID, 1), F(SCCL_INDEX, 4), F(FOR_SCH_RATE, 4), F(NUM_SUP_SHO, 3));
-  w.counted("SUP_SHOs", "FD_ESCAM_FOR_CFGs_SUP_SHOs", r.SUP_SHOs, r.NUM_SUP_SHO + 1u, c);
+  w.records("SUP_SHOs", r.SUP_SHOs, r.NUM_SUP_SHO + 1u, c);
 }
 
 // Outer loop parameters of one supplemental channel.
@@ -1372,7 +1372,7 @@ void layout(W& w, EscamF3xRec& r, const EscamF3xCtx& c) {
       break;
     }
   }
-  w.counted("SUP_SHOs", "FD_ESCAM_F3X_CFGs_RECs_SUP_SHOs", r.SUP_SHOs, pilots, c);
+  w.records("SUP_SHOs", r.SUP_SHOs, pilots, c);
 }
 
 struct EscamF3xCfg {
@@ -1386,7 +1386,7 @@ void layout(W& w, EscamF3xCfg& r, const EscamF3xCtx& c) {
   w(F(FOR_SCH_ID, 1), F(NUM_F3X_REC, 5));
   EscamF3xCtx recs = c;
   recs.for_sch_id = r.FOR_SCH_ID;
-  w.counted("RECs", "FD_ESCAM_F3X_CFGs_RECs", r.RECs, r.NUM_F3X_REC + 1u, recs);
+  w.records("RECs", r.RECs, r.NUM_F3X_REC + 1u, recs);
 }
 
 // One encoder type for each soft handoff pilot of a forward configuration record; the count
@@ -1469,18 +1469,18 @@ void layout(W& w, FD_ESCAM& r, const Ctx& c) {
   w(F(REV_CFG_INCLUDED, 1));
   if (r.REV_CFG_INCLUDED) {
     w(F(NUM_REV_CFG_RECS, 5));
-    if (!w.counted("REV_CFGs", "FD_ESCAM_REV_CFGs", r.REV_CFGs, r.NUM_REV_CFG_RECS + 1u, c)) return;
+    if (!w.records("REV_CFGs", r.REV_CFGs, r.NUM_REV_CFG_RECS + 1u, c)) return;
   }
   w(F(NUM_REV_SCH, 2));
-  if (!w.counted("REV_SCHs", "FD_ESCAM_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+  if (!w.records("REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
 
   w(F(FOR_CFG_INCLUDED, 1));
   if (r.FOR_CFG_INCLUDED) {
     w(F(FOR_SCH_FER_REP, 1), F(NUM_FOR_CFG_RECS, 5));
-    if (!w.counted("FOR_CFGs", "FD_ESCAM_FOR_CFGs", r.FOR_CFGs, r.NUM_FOR_CFG_RECS + 1u, c)) return;
+    if (!w.records("FOR_CFGs", r.FOR_CFGs, r.NUM_FOR_CFG_RECS + 1u, c)) return;
   }
   w(F(NUM_FOR_SCH, 2));
-  if (!w.counted("FOR_SCHs", "FD_ESCAM_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+  if (!w.records("FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
 
   w(F(FPC_INCL, 1));
   if (r.FPC_INCL) {
@@ -1488,14 +1488,14 @@ void layout(W& w, FD_ESCAM& r, const Ctx& c) {
     // Modes '001' and '010' run a secondary power control subchannel.
     if (r.FPC_MODE_SCH == 1 || r.FPC_MODE_SCH == 2) w(F(FPC_SEC_CHAN, 1));
     w(F(NUM_SUP, 2));
-    if (!w.counted("FPC_SUPs", "FD_ESCAM_FPC_SUPs", r.FPC_SUPs, r.NUM_SUP, c)) return;
+    if (!w.records("FPC_SUPs", r.FPC_SUPs, r.NUM_SUP, c)) return;
     w(F(FPC_THRESH_SCH_INCL, 1));
     if (r.FPC_THRESH_SCH_INCL) w(F(FPC_SETPT_THRESH_SCH, 8));
   }
   w(F(RPC_INCL, 1));
   if (r.RPC_INCL) {
     w(F(RPC_NUM_SUP, 1));
-    if (!w.counted("RPC_SUPs", "FD_ESCAM_RPC_SUPs", r.RPC_SUPs, r.RPC_NUM_SUP + 1u, c)) return;
+    if (!w.records("RPC_SUPs", r.RPC_SUPs, r.RPC_NUM_SUP + 1u, c)) return;
   }
   if (c.p_rev < 7) return;
   w(F(F3X_SCH_INFO_INCL, 1));
@@ -1504,7 +1504,7 @@ void layout(W& w, FD_ESCAM& r, const Ctx& c) {
     EscamF3xCtx f3x{};
     static_cast<Ctx&>(f3x) = c;
     f3x.for_cfgs = r.FOR_CFG_INCLUDED ? &r.FOR_CFGs : nullptr;
-    if (!w.counted("F3X_CFGs", "FD_ESCAM_F3X_CFGs", r.F3X_CFGs, r.NUM_F3X_CFG, f3x)) return;
+    if (!w.records("F3X_CFGs", r.F3X_CFGs, r.NUM_F3X_CFG, f3x)) return;
   }
   if (c.p_rev < 8) return;
   w(F(CCSH_INCLUDED, 1));
@@ -1520,9 +1520,9 @@ void layout(W& w, FD_ESCAM& r, const Ctx& c) {
       if (!w.sub(kCcshCfgLabel[i], "FD_ESCAM_CCSH_CFGs", r.CCSH_CFGs[i], c)) return;
   }
   w(F(FOR_SCH_CC_INCL, 1));
-  if (r.FOR_SCH_CC_INCL && !w.counted("FOR_SCH_CCs", "FD_ESCAM_FOR_SCH_CCs", r.FOR_SCH_CCs, r.NUM_FOR_SCH, c)) return;
+  if (r.FOR_SCH_CC_INCL && !w.records("FOR_SCH_CCs", r.FOR_SCH_CCs, r.NUM_FOR_SCH, c)) return;
   w(F(REV_SCH_CC_INCL, 1));
-  if (r.REV_SCH_CC_INCL && !w.counted("REV_SCH_CCs", "FD_ESCAM_REV_SCH_CCs", r.REV_SCH_CCs, r.NUM_REV_SCH, c)) return;
+  if (r.REV_SCH_CC_INCL && !w.records("REV_SCH_CCs", r.REV_SCH_CCs, r.NUM_REV_SCH, c)) return;
   if (c.p_rev < 10 || r.NUM_FOR_SCH == 0) return;
   // Release D: broadcast-multicast on the forward supplemental channels just assigned, with
   // the same outer-code record per channel as the Universal Handoff Direction Message.
@@ -1533,7 +1533,7 @@ void layout(W& w, FD_ESCAM& r, const Ctx& c) {
     w(F(ADD_PLCM_FOR_SCH_TYPE, 1));
     if (r.ADD_PLCM_FOR_SCH_TYPE) w(F(ADD_PLCM_FOR_SCH_35, 35));
   }
-  w.counted("SCH_BCMCs", "FD_ESCAM_SCH_BCMCs", r.SCH_BCMCs, r.NUM_FOR_SCH, c);
+  w.records("SCH_BCMCs", r.SCH_BCMCs, r.NUM_FOR_SCH, c);
   // FPC_BCMC_CHAN (one bit) closes the message under a condition not known here: not read.
 }
 
@@ -1594,7 +1594,7 @@ void layout(W& w, FD_SCM& r, const Ctx& c) {
   w(F(CC_INFO_INCL, 1));
   if (r.CC_INFO_INCL) {
     w(F(NUM_CALLS_ASSIGN, 8));
-    if (!w.counted("CALLs", "FD_SCM_CALLs", r.CALLs, r.NUM_CALLS_ASSIGN, c)) return;
+    if (!w.records("CALLs", r.CALLs, r.NUM_CALLS_ASSIGN, c)) return;
   }
   if (c.p_rev < 9) return;
   w(F(USE_TYPE0_PLCM, 1));

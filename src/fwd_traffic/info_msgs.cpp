@@ -29,7 +29,7 @@ void layout(W& w, FD_EAWIM& r, const Ctx& c) {
   w(F(CON_REF_INCL, 1));
   if (r.CON_REF_INCL) w(F(CON_REF, 8));
   w(F(NUM_REC, 4));
-  w.counted("INFO_RECs", "FWD_USER_INFO_REC", r.INFO_RECs, r.NUM_REC, c);
+  w.records("INFO_RECs", "FWD_USER_INFO_REC", r.INFO_RECs, r.NUM_REC, c);
 }
 
 }  // namespace

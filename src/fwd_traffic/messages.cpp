@@ -109,7 +109,7 @@ struct FD_STPM {
 template <class W>
 void layout(W& w, FD_STPM& r, const Ctx& c) {
   // The smallest parameter record is 16 + 10 + 1 bits.
-  w.list_to_end("PARAMETERs", "FD_STPM_PARAMETERs", r.PARAMETERs,
+  w.list_to_end("PARAMETERs", r.PARAMETERs,
                 [](std::uint64_t left) { return static_cast<std::uint32_t>(left / 27 + 1); }, c);
 }
 
@@ -289,7 +289,7 @@ void layout(W& w, FD_SRDM& r, const Ctx& c) {
   if (r.RECORD_LEN == 0) return;
   // A message cut inside its redirection record is short, not a record to guess at.
   if (!w.need(8u * r.RECORD_LEN)) return;
-  w.sized("TypeSpecificFields", "FD_SRDM_TypeSpecificFields", r.RECORD, 8u * r.RECORD_LEN, c);
+  w.sized("TypeSpecificFields", r.RECORD, 8u * r.RECORD_LEN, c);
 }
 
 // ---- User Zone Reject (37) and User Zone Update (38) Messages ---------------------------
@@ -465,7 +465,7 @@ void layout(W& w, FD_SMCM& r, const Ctx& c) {
   w(F(USE_TIME, 1));
   if (r.USE_TIME) w(F(ACTION_TIME, 6));
   w(F(D_SIG_ENCRYPT_MODE, 3), F(NUM_RECS, 3));
-  if (!w.counted("RECs", "FD_SMCM_RECs", r.RECs, r.NUM_RECS, c)) return;
+  if (!w.records("RECs", r.RECs, r.NUM_RECS, c)) return;
   // The key size matters only to the Enhanced CMEA ('001') and Rijndael ('010') modes.
   if (r.D_SIG_ENCRYPT_MODE == 1 || r.D_SIG_ENCRYPT_MODE == 2) w(F(KEY_SIZE, 3));
   w(F(C_SIG_ENCRYPT_MODE_INCL, 1));
@@ -534,9 +534,9 @@ template <class W>
 void layout(W& w, BssPilotInfo& r, const Ctx& c) {
   w(F(NUM_PILOTS, 4), F(SID_NID_IND, 1));
   if (r.SID_NID_IND)
-    w.counted("PILOTs", "FD_BSSRSPM_PILOTs", r.PILOTs_SID_NID, r.NUM_PILOTS, c);
+    w.records("PILOTs", "FD_BSSRSPM_PILOTs", r.PILOTs_SID_NID, r.NUM_PILOTS, c);
   else
-    w.counted("PILOTs", "FD_BSSRSPM_PILOTs", r.PILOTs, r.NUM_PILOTS, c);
+    w.records("PILOTs", "FD_BSSRSPM_PILOTs", r.PILOTs, r.NUM_PILOTS, c);
 }
 
 // A record of the response: RECORD_TYPE and RECORD_LENGTH (in octets), then the fields of
@@ -572,7 +572,7 @@ void layout(W& w, FD_BSSRSPM& r, const Ctx& c) {
   w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
   if (!qual_info(w, r.QUAL_INFO_TYPE, r.QUAL_INFO_LEN, r.BAND_CLASS, r.OP_MODE)) return;
   w(F(NUM_RECORDS, 4));
-  w.counted("RECORDs", "FD_BSSRSPM_RECORDs", r.RECORDs, r.NUM_RECORDS, c);
+  w.records("RECORDs", r.RECORDs, r.NUM_RECORDS, c);
 }
 
 // ---- In-Traffic BCMC Service Parameters Message (52) --------------------------------------

@@ -127,7 +127,7 @@ void layout(W& w, FD_SCAM& r, const Ctx& c) {
   ScamCtx s;
   static_cast<Ctx&>(s) = c;
   s.num_sup = r.NUM_SUP;
-  w.counted("PILOTs", "FD_SCAM_PILOTs", r.PILOTs, r.NUM_SUP_PILOTS, s);
+  w.records("PILOTs", r.PILOTs, r.NUM_SUP_PILOTS, s);
 }
 
 // ---- Power Control Message (25) ---------------------------------------------------------
@@ -273,7 +273,7 @@ void layout(W& w, FD_PCNM_RPC_REC& r, const Ctx& c) {
   if constexpr (W::kReading) r.ADJ.type = r.RPC_ADJ_REC_TYPE;
   if (r.RPC_ADJ_REC_LEN == 0) return;
   if (!w.need(8u * r.RPC_ADJ_REC_LEN)) return;
-  w.sized("TypeSpecificFields", "FD_PCNM_RPC_RECs_TypeSpecificFields", r.ADJ, 8u * r.RPC_ADJ_REC_LEN, c);
+  w.sized("TypeSpecificFields", r.ADJ, 8u * r.RPC_ADJ_REC_LEN, c);
 }
 
 struct FD_PCNM {
@@ -314,7 +314,7 @@ void pcnm_forward(W& w, FD_PCNM& r, const Ctx& c) {
   // Only the modes with a secondary power control subchannel ('001', '010') name it.
   if (r.FPC_MODE == 1 || r.FPC_MODE == 2) w(F(FPC_SEC_CHAN, 1));
   w(F(NUM_SUP, 2));
-  if (!w.counted("SUPs", "FD_PCNM_SUPs", r.SUPs, r.NUM_SUP, c)) return;
+  if (!w.records("SUPs", r.SUPs, r.NUM_SUP, c)) return;
   w(F(FPC_THRESH_INCL, 1));
   if (r.FPC_THRESH_INCL) w(F(FPC_SETPT_THRESH, 8));
   w(F(FPC_THRESH_SCH_INCL, 1));
@@ -334,7 +334,7 @@ void layout(W& w, FD_PCNM& r, const Ctx& c) {
   w(F(RPC_INCL, 1));
   if (r.RPC_INCL) {
     w(F(RPC_NUM_REC, 2));
-    if (!w.counted("RPC_RECs", "FD_PCNM_RPC_RECs", r.RPC_RECs, r.RPC_NUM_REC, c)) return;
+    if (!w.records("RPC_RECs", r.RPC_RECs, r.RPC_NUM_REC, c)) return;
   }
   if (c.p_rev < kRelD) return;
   // Release D: the reverse packet data channel's ARQ rounds. The decode stops after
@@ -489,7 +489,7 @@ void layout(W& w, FD_RATCHGM& r, const Ctx& c) {
     if (r.RL_CQICH_ATT_ADJ_GAIN_INCL) {
       w(F(NUM_RECS, 1));
       // NUM_RECS is one less than the number of gain records.
-      if (!w.counted("RECs", "FD_RATCHGM_RECs", r.RECs, r.NUM_RECS + 1u, c)) return;
+      if (!w.records("RECs", r.RECs, r.NUM_RECS + 1u, c)) return;
     }
   }
   w(F(REV_ACKCH_RATE_CHANGE_INCL, 1));

@@ -258,12 +258,12 @@ void layout(W& w, FD_ENLUM& r, const Ctx& c) {
   n.global_timing = r.USE_TIMING ? r.GLOBAL_TIMING_INCL : 0;
   n.srch_offset = 0;
   n.pilot_rec_header = "FD_ENLUM_ADD_NGHBRs_TypeSpecificFields";
-  if (!w.counted("NGHBRs", "FD_ENLUM_NGHBRs", r.NGHBRs, r.NUM_NGHBR, n)) return;
+  if (!w.records("NGHBRs", r.NGHBRs, r.NUM_NGHBR, n)) return;
   if (c.p_rev < kRel0) return;
 
   w(F(SRCH_OFFSET_INCL, 1));
   n.srch_offset = r.SRCH_OFFSET_INCL;
-  if (!w.counted("ADD_NGHBRs", "FD_ENLUM_ADD_NGHBRs", r.ADD_NGHBRs, r.NUM_NGHBR, n)) return;
+  if (!w.records("ADD_NGHBRs", r.ADD_NGHBRs, r.NUM_NGHBR, n)) return;
   if (c.p_rev < kRelB) return;
 
   w(F(RESQ_ENABLED, 1));
@@ -333,12 +333,12 @@ void layout(W& w, FD_CFSRQM_MODE& r, const Ctx& c) {
   if (r.PILOT_UPDATE) {
     w(F(NUM_PILOTS, 6), F(CF_NGHBR_SRCH_MODE, 2));
     n.srch_mode = r.CF_NGHBR_SRCH_MODE;
-    if (!w.counted("PILOTs", "FD_CFSRQM_PILOTs", r.PILOTs, r.NUM_PILOTS, n)) return;
+    if (!w.records("PILOTs", "FD_CFSRQM_PILOTs", r.PILOTs, r.NUM_PILOTS, n)) return;
   }
   if (c.p_rev < kRel0) return;
   w(F(CF_SRCH_OFFSET_INCL, 1));
   n.srch_offset = r.CF_SRCH_OFFSET_INCL;
-  if (r.PILOT_UPDATE) w.counted("ADD_PILOTs", "FD_CFSRQM_ADD_PILOTs", r.ADD_PILOTs, r.NUM_PILOTS, n);
+  if (r.PILOT_UPDATE) w.records("ADD_PILOTs", "FD_CFSRQM_ADD_PILOTs", r.ADD_PILOTs, r.NUM_PILOTS, n);
 }
 
 struct FD_CFSRQM {
@@ -362,7 +362,7 @@ void layout(W& w, FD_CFSRQM& r, const Ctx& c) {
   if constexpr (W::kReading) r.MODE.mode = r.SEARCH_MODE;
   if (!w.need(8u * r.MODE_SPECIFIC_LEN)) return;
   if (r.MODE_SPECIFIC_LEN &&
-      !w.sized("MODE_SPECIFIC_FIELDS", "FD_CFSRQM_MODE_SPECIFIC_FIELDS", r.MODE, 8u * r.MODE_SPECIFIC_LEN, c))
+      !w.sized("MODE_SPECIFIC_FIELDS", r.MODE, 8u * r.MODE_SPECIFIC_LEN, c))
     return;
   if (c.p_rev < kRel0) return;
   w(F(ALIGN_TIMING, 1));

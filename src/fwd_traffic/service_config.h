@@ -302,7 +302,7 @@ void layout(W& w, ScrRevSch& r, const Ctx&) {
 template <class W>
 void layout(W& w, ServiceConfig& r, const Ctx& c) {
   w(F(FOR_MUX_OPTION, 16), F(REV_MUX_OPTION, 16), F(FOR_NUM_BITS, 8), F(REV_NUM_BITS, 8), F(NUM_CON_REC, 8));
-  if (!w.counted("CON_RECs", "SCR_CON_RECs", r.CON_RECs, r.NUM_CON_REC, c)) return;
+  if (!w.records("CON_RECs", r.CON_RECs, r.NUM_CON_REC, c)) return;
   if (c.p_rev < 6) return;
 
   w(F(FCH_CC_INCL, 1));
@@ -312,12 +312,12 @@ void layout(W& w, ServiceConfig& r, const Ctx& c) {
   w(F(FOR_SCH_CC_INCL, 1));
   if (r.FOR_SCH_CC_INCL) {
     w(F(NUM_FOR_SCH, 2));
-    if (!w.counted("SCR_FOR_SCHs", "SCR_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+    if (!w.records("SCR_FOR_SCHs", "SCR_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
   }
   w(F(REV_SCH_CC_INCL, 1));
   if (r.REV_SCH_CC_INCL) {
     w(F(NUM_REV_SCH, 2));
-    if (!w.counted("SCR_REV_SCHs", "SCR_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+    if (!w.records("SCR_REV_SCHs", "SCR_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
   }
   if (c.p_rev < 8) return;
 
@@ -375,7 +375,7 @@ void layout(W& w, NnscrNumBitsRec& r, const Ctx&) {
 template <class W>
 void layout(W& w, NnscrNumBitsTable& r, const Ctx& c) {
   w(F(NUM_BITS_TABLE_ID, 4), F(NUM_RECS, 4));
-  w.counted("RECs", "NNSCR_NUM_BITS_TABLEs_RECs", r.RECs, r.NUM_RECS + 1u, c);
+  w.records("RECs", r.RECs, r.NUM_RECS + 1u, c);
 }
 
 template <class W>
@@ -388,7 +388,7 @@ void layout(W& w, NnscrVarRateRec& r, const Ctx&) {
 template <class W>
 void layout(W& w, NnscrVarRateTable& r, const Ctx& c) {
   w(F(VAR_RATE_TABLE_ID, 3), F(NUM_RECS, 4));
-  w.counted("RECs", "NNSCR_VAR_RATE_TABLEs_RECs", r.RECs, r.NUM_RECS + 1u, c);
+  w.records("RECs", r.RECs, r.NUM_RECS + 1u, c);
 }
 
 template <class W>
@@ -399,7 +399,7 @@ void layout(W& w, NnscrLtuRow& r, const Ctx&) {
 template <class W>
 void layout(W& w, NnscrLtuTable& r, const Ctx& c) {
   w(F(LTU_TABLE_ID, 3), F(NUM_ROWS, 4));
-  w.counted("ROWs", "NNSCR_LTU_TABLEs_ROWs", r.ROWs, r.NUM_ROWS + 1u, c);
+  w.records("ROWs", r.ROWs, r.NUM_ROWS + 1u, c);
 }
 
 template <class W>
@@ -413,13 +413,13 @@ void layout(W& w, NnscrPartitionRow& r, const Ctx& c) {
   if (!w.need(r.MUX_HEADER_LEN + 3u)) return;
   w.u(r.MUX_HEADER, "MUX_HEADER", r.MUX_HEADER_LEN);
   w.u(r.NUM_PARTITIONS, "NUM_PARTITIONS", 3);
-  w.counted("PARTITIONs", "NNSCR_PARTITION_TABLEs_ROWs_PARTITIONs", r.PARTITIONs, r.NUM_PARTITIONS + 1u, c);
+  w.records("PARTITIONs", r.PARTITIONs, r.NUM_PARTITIONS + 1u, c);
 }
 
 template <class W>
 void layout(W& w, NnscrPartitionTable& r, const Ctx& c) {
   w(F(PARTITION_TABLE_ID, 3), F(NUM_ROWS, 5));
-  w.counted("ROWs", "NNSCR_PARTITION_TABLEs_ROWs", r.ROWs, r.NUM_ROWS + 1u, c);
+  w.records("ROWs", r.ROWs, r.NUM_ROWS + 1u, c);
 }
 
 template <class W>
@@ -442,12 +442,12 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
     w(F(FOR_SCH_INCL, 1));
     if (r.FOR_SCH_INCL) {
       w(F(NUM_FOR_SCH, 2));
-      if (!w.counted("FOR_SCHs", "NNSCR_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+      if (!w.records("FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
     }
     w(F(REV_SCH_INCL, 1));
     if (r.REV_SCH_INCL) {
       w(F(NUM_REV_SCH, 2));
-      if (!w.counted("REV_SCHs", "NNSCR_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+      if (!w.records("REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
     }
   }
 
@@ -455,19 +455,19 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
   // '01': a new mapping table follows; '00' default mapping, '10' keep the current one.
   if (r.LPM_IND == 1) {
     w(F(NUM_LPM_ENTRIES, 4));
-    if (!w.counted("LPM_ENTRIES", "NNSCR_LPM_ENTRIES", r.LPM_ENTRIES, r.NUM_LPM_ENTRIES, c)) return;
+    if (!w.records("LPM_ENTRIES", r.LPM_ENTRIES, r.NUM_LPM_ENTRIES, c)) return;
   }
 
   if (c.p_rev >= 7) {
     w(F(NUM_REC, 3));
-    if (!w.counted("RECs", "NNSCR_RECs", r.RECs, r.NUM_REC, c)) return;
+    if (!w.records("RECs", r.RECs, r.NUM_REC, c)) return;
 
     w(F(USE_FLEX_NUM_BITS, 1));
     if (r.USE_FLEX_NUM_BITS) {
       w(F(NUM_BITS_TABLES_INCL, 1));
       if (r.NUM_BITS_TABLES_INCL) {
         w(F(NUM_BITS_TABLES_COUNT, 3));
-        if (!w.counted("NUM_BITS_TABLEs", "NNSCR_NUM_BITS_TABLEs", r.NUM_BITS_TABLEs, r.NUM_BITS_TABLES_COUNT + 1u,
+        if (!w.records("NUM_BITS_TABLEs", r.NUM_BITS_TABLEs, r.NUM_BITS_TABLES_COUNT + 1u,
                        c))
           return;
       }
@@ -477,7 +477,7 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
       w(F(VAR_TABLES_INCL, 1));
       if (r.VAR_TABLES_INCL) {
         w(F(VAR_RATE_TABLES_COUNT, 3));
-        if (!w.counted("VAR_RATE_TABLEs", "NNSCR_VAR_RATE_TABLEs", r.VAR_RATE_TABLEs,
+        if (!w.records("VAR_RATE_TABLEs", r.VAR_RATE_TABLEs,
                        r.VAR_RATE_TABLES_COUNT + 1u, c))
           return;
       }
@@ -507,7 +507,7 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
       w(F(LTU_TABLES_INCL, 1));
       if (r.LTU_TABLES_INCL) {
         w(F(NUM_LTU_TABLES, 2));
-        if (!w.counted("LTU_TABLEs", "NNSCR_LTU_TABLEs", r.LTU_TABLEs, r.NUM_LTU_TABLES + 1u, c)) return;
+        if (!w.records("LTU_TABLEs", r.LTU_TABLEs, r.NUM_LTU_TABLES + 1u, c)) return;
       }
       w(F(USE_OLD_LTU_MAPPING, 1));
       if (!r.USE_OLD_LTU_MAPPING) {
@@ -521,7 +521,7 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
         w(F(PARTITION_TABLES_INCL, 1));
         if (r.PARTITION_TABLES_INCL) {
           w(F(NUM_PARTITION_TABLES, 2));
-          if (!w.counted("PARTITION_TABLEs", "NNSCR_PARTITION_TABLEs", r.PARTITION_TABLEs,
+          if (!w.records("PARTITION_TABLEs", r.PARTITION_TABLEs,
                          r.NUM_PARTITION_TABLES + 1u, c))
             return;
         }

@@ -169,7 +169,7 @@ struct PA {
 template <class W>
 void layout(W& w, PA& r, const Ctx& c) {
   w(F(CADENCE_COUNT, 8), F(NUM_GROUPS, 4));
-  if (!w.counted("ALERT_RECs", "PARAMETRIC_ALERTING_ALERT_RECs", r.ALERT_RECs, r.NUM_GROUPS, c)) return;
+  if (!w.records("ALERT_RECs", r.ALERT_RECs, r.NUM_GROUPS, c)) return;
   // CADENCE_TYPE follows the groups from P_REV 7 (IS-2000 Release A) on.
   if (c.p_rev >= 7) w(F(CADENCE_TYPE, 2));
 }
@@ -211,7 +211,7 @@ struct ED {
 template <class W>
 void layout(W& w, ED& r, const Ctx& c) {
   w(F(EXT_DISPLAY_IND, 1), F(DISPLAY_TYPE, 7));
-  w.list_to_end("EXT_DISPLAY_RECs", "EXT_DISPLAY_EXT_DISPLAY_RECs", r.EXT_DISPLAY_RECs, display_rec_capacity, c);
+  w.list_to_end("EXT_DISPLAY_RECs", r.EXT_DISPLAY_RECs, display_rec_capacity, c);
 }
 
 // --- Multiple Character Extended Display (type 20) -----------------------------------------
@@ -234,7 +234,7 @@ struct MCED_REC {
 template <class W>
 void layout(W& w, MCED_REC& r, const Ctx& c) {
   w(F(DISPLAY_TAG, 8), F(NUM_RECORD, 8));
-  w.counted("DISPLAYs", "MULTI_CHARACTER_EXT_DISPLAY_MC_EXT_DISPLAY_RECs_DISPLAYs", r.DISPLAYs, r.NUM_RECORD, c);
+  w.records("DISPLAYs", r.DISPLAYs, r.NUM_RECORD, c);
 }
 
 struct MCED {
@@ -245,7 +245,7 @@ struct MCED {
 template <class W>
 void layout(W& w, MCED& r, const Ctx& c) {
   w(F(MC_EXT_DISPLAY_IND, 1), F(DISPLAY_TYPE, 7));
-  w.list_to_end("MC_EXT_DISPLAY_RECs", "MULTI_CHARACTER_EXT_DISPLAY_MC_EXT_DISPLAY_RECs", r.MC_EXT_DISPLAY_RECs,
+  w.list_to_end("MC_EXT_DISPLAY_RECs", r.MC_EXT_DISPLAY_RECs,
                 display_rec_capacity, c);
 }
 
@@ -288,7 +288,7 @@ struct EMCED_REC {
 template <class W>
 void layout(W& w, EMCED_REC& r, const Ctx& c) {
   w(F(DISPLAY_TAG, 8), F(NUM_RECORD, 8));
-  w.counted("DISPLAYs", "ENHANCED_MULTI_CHARACTER_EXT_DISPLAY_DISPLAY_RECORDs_DISPLAYs", r.DISPLAYs, r.NUM_RECORD, c);
+  w.records("DISPLAYs", r.DISPLAYs, r.NUM_RECORD, c);
 }
 
 struct EMCED {
@@ -300,7 +300,7 @@ template <class W>
 void layout(W& w, EMCED& r, const Ctx& c) {
   w(F(DISPLAY_TYPE, 7), F(NUM_DISPLAYS, 8));
   // NUM_DISPLAYS is sent as the number of display records minus one.
-  w.counted("DISPLAY_RECORDs", "ENHANCED_MULTI_CHARACTER_EXT_DISPLAY_DISPLAY_RECORDs", r.DISPLAY_RECORDs,
+  w.records("DISPLAY_RECORDs", r.DISPLAY_RECORDs,
             std::uint32_t{r.NUM_DISPLAYS} + 1, c);
 }
 

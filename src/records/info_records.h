@@ -4,7 +4,7 @@
 //
 // Use inside a message layout:
 //
-//     w.counted("INFO_RECs", "FWD_USER_INFO_REC", r.INFO_RECs, r.NUM_REC, c);
+//     w.records("INFO_RECs", "FWD_USER_INFO_REC", r.INFO_RECs, r.NUM_REC, c);
 //     w.list_to_end("INFO_RECs", "FWD_USER_INFO_REC", r.INFO_RECs, info_rec_capacity, c);
 //
 // Ctx::encryption carries the PDU's ENCRYPTION, Ctx::p_rev selects revision-dependent fields.

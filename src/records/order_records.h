@@ -142,7 +142,7 @@ void layout(W& w, F_BCMC_ORDER_BCMC_PROGRAMS& r, const Ctx& c) {
   BcmcCtx bc;
   static_cast<Ctx&>(bc) = c;
   bc.flow_len = r.BCMC_FLOW_DISCRIMINATOR_LEN;
-  w.counted("FLOW_DISCRIMINATOR_RECORDs", "F_BCMC_ORDER_BCMC_PROGRAMS_FLOW_DISCRIMINATOR_RECORDs",
+  w.records("FLOW_DISCRIMINATOR_RECORDs", 
             r.FLOW_DISCRIMINATOR_RECORDs, r.NUM_FLOW_DISCRIMINATOR + 1u, bc);
 }
 
@@ -156,7 +156,7 @@ void layout(W& w, F_BCMC_ORDER& r, const Ctx& c) {
   w(F(ALL_BCMC_FLOWS_IND, 1));
   if (!r.ALL_BCMC_FLOWS_IND) {
     w(F(NUM_BCMC_PROGRAMS, 6));
-    w.counted("BCMC_PROGRAMS", "F_BCMC_ORDER_BCMC_PROGRAMS", r.BCMC_PROGRAMS, r.NUM_BCMC_PROGRAMS, c);
+    w.records("BCMC_PROGRAMS", r.BCMC_PROGRAMS, r.NUM_BCMC_PROGRAMS, c);
     return;
   }
   w(F(CLEAR_ALL_RETRY_DELAY, 1));
