@@ -350,6 +350,6 @@ InfoRecType fwd_info_rec_type(std::uint8_t record_type) {
   }
 }
 
-std::uint32_t decrypt_info_rec(std::uint8_t, FWD_USER_INFO_REC&, std::uint64_t, std::uint8_t) { return 0; }
+std::uint32_t decrypt_info_rec(std::uint8_t, std::uint8_t, std::uint8_t, std::uint64_t, std::uint8_t) { return 0; }
 
 }  // namespace cs

@@ -30,12 +30,13 @@ struct InfoRecType {
 };
 InfoRecType fwd_info_rec_type(std::uint8_t record_type);
 
-// Decryption hook for an encrypted record, called before its type-specific part is decoded.
-// It returns the number of bits it deciphered from `body_pos` on; the walk then resumes that
-// many bits after the start of the type-specific part. Records are not enciphered by this
-// library: the hook leaves the record alone and returns 0, so the part is decoded as sent.
-std::uint32_t decrypt_info_rec(std::uint8_t band_class, FWD_USER_INFO_REC& rec, std::uint64_t body_pos,
-                               std::uint8_t encryption);
+// Decryption hook for an encrypted record, called before its type-specific part is decoded,
+// with the record's RECORD_TYPE and RECORD_LEN read. It returns the number of bits it
+// deciphered from `body_pos` on; the walk then resumes that many bits after the start of the
+// type-specific part. Records are not enciphered by this library: the hook leaves the record
+// alone and returns 0, so the part is decoded as sent.
+std::uint32_t decrypt_info_rec(std::uint8_t band_class, std::uint8_t record_type, std::uint8_t record_len,
+                               std::uint64_t body_pos, std::uint8_t encryption);
 
 // Capacity of a record list that runs to the end of a message, from the bits left: a record
 // is at least 24 bits. The quotient is kept in 8 bits and so is the sum, on purpose: with
@@ -58,16 +59,19 @@ void layout(W& w, Part& p, const Ctx& c) {
 }
 }  // namespace info_rec_detail
 
-template <class W>
-void layout(W& w, FWD_USER_INFO_REC& r, const Ctx& c) {
+// The framing every information record list shares, forward and reverse: RECORD_TYPE,
+// RECORD_LEN, then the type-specific part that `type_of` names for the type.
+template <class W, class Rec, class TypeOf>
+void info_rec_framing(W& w, Rec& r, TypeOf type_of, const Ctx& c) {
   w(F(RECORD_TYPE, 8), F(RECORD_LEN, 8));
-  const InfoRecType t = fwd_info_rec_type(r.RECORD_TYPE);
+  const InfoRecType t = type_of(r.RECORD_TYPE);
 
   if constexpr (W::kReading) {
     // Decoding only: deciphering happens on the bits, before the type-specific part is read;
     // the printer just shows the record that came out of it.
     const std::uint64_t body_pos = w.pos();
-    const std::uint32_t deciphered = c.encryption != 0 ? decrypt_info_rec(c.band_class, r, body_pos, c.encryption) : 0;
+    const std::uint32_t deciphered =
+        c.encryption != 0 ? decrypt_info_rec(c.band_class, r.RECORD_TYPE, r.RECORD_LEN, body_pos, c.encryption) : 0;
 
     // The type-specific decoder is handed RECORD_LEN octets; the walk then moves on by the
     // larger of those and what it read, so octets it does not know are skipped. A type
@@ -85,6 +89,11 @@ void layout(W& w, FWD_USER_INFO_REC& r, const Ctx& c) {
     // decoding matter and would otherwise print as an extra nesting level.
     if (t.ops != nullptr) w.body(t.label, t.ops, r.TypeSpecificFields, c);
   }
+}
+
+template <class W>
+void layout(W& w, FWD_USER_INFO_REC& r, const Ctx& c) {
+  info_rec_framing(w, r, fwd_info_rec_type, c);
 }
 
 }  // namespace cs
