@@ -3,7 +3,10 @@
 # bad lines by number while decoding the rest.
 set -euo pipefail
 tool=$1 src=$2
-"$tool" "$src"/examples/*.txt > /dev/null
+# Each example file's decode is pinned by its .ok file.
+for f in "$src"/examples/*.txt; do
+  "$tool" "$f" | diff -u "${f%.txt}.ok" - > /dev/null || { echo "$f: decode differs from ${f%.txt}.ok"; "$tool" "$f" | diff -u "${f%.txt}.ok" - | head -20; exit 1; }
+done
 corpus="$src/../shared/corpus"
 if [ -d "$corpus" ]; then "$tool" "$corpus"/*.txt > /dev/null; fi
 tmp=$(mktemp)

@@ -1,5 +1,6 @@
 // Reading and running golden cases (see golden_runner.cpp for the file format).
 #pragma once
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -28,6 +29,12 @@ inline const MessageTable& table_of(int channel) {
     case 4: return fd_messages();
     default: return rd_messages();
   }
+}
+
+// Records that are no message body of their own but are worth cases of their own.
+inline const BodyOps* named_record(const std::string& name) {
+  if (name == "L2_PAGE_RECORD") return gpm_page_record_body();
+  throw std::runtime_error("no record " + name);
 }
 
 inline int channel_code(const std::string& s) {
@@ -64,6 +71,7 @@ struct Case {
   int line = 0;
   int channel = 0;
   std::optional<int> body;   // the message type whose body is decoded alone
+  std::string record;        // or a record that is not a message of its own
   std::uint8_t p_rev = 0, band = 0;
   int result = 0;
   Ctx ctx;                   // encryption, ordq, pd for a body
@@ -93,6 +101,7 @@ struct Case {
   // The message type the case exercises: its body, or its first octet.
   int message_type() const {
     if (body) return *body;
+    if (!record.empty()) return -1;
     const std::vector<bool> bits = input_bits();
     int t = 0;
     for (std::size_t i = 0; i < 8 && i < bits.size(); ++i) t = t << 1 | bits[i];
@@ -127,6 +136,7 @@ inline std::vector<Case> read_cases(const std::filesystem::path& file) {
         const std::string key = w.substr(0, eq), v = w.substr(eq + 1);
         const auto num = [&] { return std::stoull(v, nullptr, 0); };
         if (key == "body") k->body = static_cast<int>(num());
+        else if (key == "record") k->record = v;
         else if (key == "p_rev") k->p_rev = static_cast<std::uint8_t>(num());
         else if (key == "band") k->band = static_cast<std::uint8_t>(num());
         else if (key == "result") k->result = static_cast<int>(num());
@@ -160,6 +170,8 @@ struct Outcome {
   std::string text;                 // LF line ends
   std::uint64_t consumed;           // body cases
   std::vector<std::string> trace;   // names read
+  std::uint64_t read_end;           // where the last field read ends, in bits from the first
+                                    // octet of the message (or of the body)
 };
 
 // The message octets: the bits, zero padding, then the channel's CRC (zeros).
@@ -179,8 +191,9 @@ inline Outcome run(const Case& k, const std::vector<bool>& bits, std::optional<s
   Outcome o{};
   std::vector<TraceItem> trace;
   g_read_trace = &trace;
-  if (k.body) {
-    const BodyOps* ops = table_of(k.channel).body(static_cast<std::uint8_t>(*k.body));
+  if (k.body || !k.record.empty()) {
+    const BodyOps* ops =
+        k.body ? table_of(k.channel).body(static_cast<std::uint8_t>(*k.body)) : named_record(k.record);
     if (ops == nullptr) throw std::runtime_error("no body for type " + std::to_string(*k.body));
     const std::vector<std::uint8_t> buf = octets(bits, 0);
     Arena arena;
@@ -198,7 +211,13 @@ inline Outcome run(const Case& k, const std::vector<bool>& bits, std::optional<s
     o.text.erase(std::remove(o.text.begin(), o.text.end(), '\r'), o.text.end());
   }
   g_read_trace = nullptr;
-  for (TraceItem& i : trace) o.trace.push_back(std::move(i.name));
+  // The sync channel's decode starts after the type octet.
+  const std::uint64_t offset = !k.body && k.record.empty() && k.channel == 1 ? 8 : 0;
+  o.read_end = 0;
+  for (TraceItem& i : trace) {
+    o.read_end = std::max(o.read_end, offset + i.pos + i.width);
+    o.trace.push_back(std::move(i.name));
+  }
   return o;
 }
 

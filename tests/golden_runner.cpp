@@ -11,15 +11,17 @@
 //       |}
 //
 // Parameters: a channel (sync, paging, access, ftc, rtc); body=T decodes the body of message
-// type T of that channel's table at indent 0 over exactly the bits built (otherwise the whole
+// type T of that channel's table at indent 0 over exactly the bits built (record=NAME such a
+// record that is no message of its own, e.g. L2_PAGE_RECORD) (otherwise the whole
 // message is built, then zero padding and the channel's CRC); p_rev, band, result (default
 // 0); encryption, ordq and pd for a body's context; avail=N gives a body only N bits;
 // consumed=N expects that many bits taken (default: all, for result 0); hex=... gives the
 // message octets instead of margins. A blank line ends a case; "#" lines are comments.
 //
-// Besides the text and the result, every case that decodes with result 0 is cut at every bit
-// and must then give result 3 with a read trace that is a prefix of the whole one (a list
-// that runs to the end of the message may instead end early, with result 0).
+// Besides the text and the result, every case that decodes with result 0 is cut short of its
+// last field at every bit (a body) or octet (a message) and must then give result 3 with a
+// read trace that is a prefix of the whole one (a list that runs to the end of the message
+// may instead end early, with result 0).
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -64,7 +66,7 @@ TEST_P(GoldenFile, EveryCasePrintsItsTextAndResult) {
     const Outcome o = run(k, k.input_bits());
     EXPECT_EQ(o.rc, k.result);
     EXPECT_EQ(o.text, k.text) << first_difference(k.text, o.text);
-    if (k.body && o.rc == 0) {
+    if ((k.body || !k.record.empty()) && o.rc == 0) {
       EXPECT_EQ(o.consumed, k.consumed ? *k.consumed : k.input_bits().size());
     }
   }
@@ -75,17 +77,22 @@ TEST_P(GoldenFile, EveryCutOfAWholeMessageIsShortAndReadsAPrefix) {
     if (k.result != 0 || !k.hex.empty() || k.avail) continue;
     SCOPED_TRACE(GetParam().filename().string() + ":" + std::to_string(k.line) + " " + k.name);
     const std::vector<bool> bits = k.input_bits();
-    const std::vector<std::string> whole = run(k, bits).trace;
-    // A body is cut at every bit; a whole message at every octet (its bit count comes from
-    // the octets).
-    const std::size_t cuts = k.body ? bits.size() : octets(bits, crc_bits(k)).size();
-    for (std::size_t cut = 0; cut < cuts; ++cut) {
-      const Outcome o = k.body ? run(k, std::vector<bool>(bits.begin(), bits.begin() + static_cast<std::ptrdiff_t>(cut)))
-                               : run(k, bits, cut);
-      ASSERT_LE(o.trace.size(), whole.size()) << "cut at " << cut;
-      ASSERT_TRUE(std::equal(o.trace.begin(), o.trace.end(), whole.begin())) << "cut at " << cut;
+    const Outcome whole = run(k, bits);
+    // A body is cut at every bit before the end of its last field; a whole message at every
+    // octet that leaves the channel's bit count short of it.
+    const bool body = k.body || !k.record.empty();
+    const std::size_t octets_whole = octets(bits, crc_bits(k)).size();
+    for (std::size_t cut = 0; cut < (body ? whole.read_end : octets_whole); ++cut) {
+      // The bits a message of `cut` octets hands its channel end that far from its start (the
+      // sync channel's decode starts after the type octet, the others read it inside the count).
+      if (!body && cut * 8 >= whole.read_end + crc_bits(k) + (k.channel == 1 ? 0 : 8)) break;
+      const Outcome o = body ? run(k, std::vector<bool>(bits.begin(), bits.begin() + static_cast<std::ptrdiff_t>(cut)))
+                             : run(k, bits, cut);
+      ASSERT_LE(o.trace.size(), whole.trace.size()) << "cut at " << cut;
+      ASSERT_TRUE(std::equal(o.trace.begin(), o.trace.end(), whole.trace.begin())) << "cut at " << cut;
       if (o.rc == 0) {
-        ASSERT_LT(o.trace.size(), whole.size()) << "cut at " << cut << " still decodes whole";
+        // Only a list that runs to the end of the message may end early and still decode.
+        ASSERT_LT(o.trace.size(), whole.trace.size()) << "cut at " << cut << " still decodes whole";
       } else {
         ASSERT_EQ(o.rc, 3) << "cut at " << cut;
       }
