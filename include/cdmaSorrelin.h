@@ -9,6 +9,8 @@
 #ifndef CDMA_SORRELIN_H
 #define CDMA_SORRELIN_H
 
+#include <stddef.h>
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -27,10 +29,30 @@ extern "C" {
 #define SORRELIN_RDTCH 5  /* reverse traffic */
 
 /* Results. */
-#define SORRELIN_OK 0    /* decoded */
-#define SORRELIN_COUNT 1 /* a count exceeds its record's capacity, a message not decoded under this
-                            P_REV, or a null argument */
-#define SORRELIN_SHORT 3 /* the message ends before a field its layout requires */
+#define SORRELIN_OK 0        /* decoded */
+#define SORRELIN_COUNT 1     /* a count exceeds its record's capacity, a message not decoded under
+                                this P_REV, or a null argument */
+#define SORRELIN_TRUNCATED 2 /* (bounded calls only) the text did not fit and was cut */
+#define SORRELIN_SHORT 3     /* the message ends before a field its layout requires */
+
+/*
+ * The bounded calls: the interface for new hosts. They never write more than `capacity`
+ * octets to `out`, always end the text with a NUL when `capacity` > 0, and store in `*needed`
+ * (when `needed` is not null) the size the whole text needs, NUL included, so that a host can
+ * call again with a larger buffer; `out` may be null with `capacity` 0 to ask for the size
+ * only. Each call decodes the message afresh into the given buffer (nothing is appended).
+ *
+ * sorrelin_details writes the detail text that ovnDecodeDetails would append to an empty
+ * buffer (CR LF line ends). It returns the decode result (0, 1 or 3; 1 for a null `msg`), or
+ * SORRELIN_TRUNCATED when the text was cut to fit `capacity` (always so for a size query).
+ * sorrelin_summary writes the message name as ovnDecodeSummary does, with the same results.
+ * Like the other functions they share one process-wide decoder: calls must not overlap (C++
+ * hosts can use one cs::Decoder per thread, cdmaSorrelin.hpp).
+ */
+SORRELIN_API int sorrelin_details(char* out, size_t capacity, size_t* needed, unsigned char band_class,
+                                  unsigned char p_rev, int channel, const unsigned char* msg, size_t len);
+SORRELIN_API int sorrelin_summary(char* out, size_t capacity, size_t* needed, int channel, const unsigned char* msg,
+                                  size_t len);
 
 /*
  * Appends the detail text of the message to the NUL-terminated text in `out` (start with an

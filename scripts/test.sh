@@ -1,30 +1,81 @@
 #!/usr/bin/env bash
-# Builds and runs every test: the debug build (assertions on), then the whole suite again under
-# AddressSanitizer and UndefinedBehaviorSanitizer (clang), with a short fuzzing run.
-set -euo pipefail
+# Builds and runs every test, one stage at a time, printing one line per stage (the full output
+# of each stage is kept in build/logs/): a debug build with assertions, Release builds with g++
+# and with clang (a user's default kind of build), the whole suite under AddressSanitizer and
+# UndefinedBehaviorSanitizer, an install into a scratch prefix used by two consumers, and a
+# short fuzzing run. Ends with one line: all stages passed, or which failed.
+set -uo pipefail
 cd "$(dirname "$0")/.."
-scripts/deps.sh
+scripts/deps.sh || exit 1
 jobs=$(nproc)
+mkdir -p build/logs
+failed=()
+passed_tests=0
+failed_tests=0
 
-cmake -S . -B build/debug -G Ninja -DCMAKE_BUILD_TYPE=Debug -DSORRELIN_BENCH=ON > /dev/null
-cmake --build build/debug -j "$jobs"
-summary=$(mktemp)
-trap 'rm -f "$summary"' EXIT
-(cd build/debug && ctest --output-on-failure -j "$jobs") | tee -a "$summary"
+# stage NAME COMMAND...: runs the command with its output in build/logs/NAME.log.
+stage() {
+  local name=$1
+  shift
+  local log=build/logs/$name.log start=$SECONDS
+  printf '%-16s ' "$name"
+  local ok=1
+  "$@" > "$log" 2>&1 || ok=0
+  # The line worth showing: ctest's count, or the stage's own last line.
+  local line note
+  line=$(grep -E 'tests passed, [0-9]+ tests failed' "$log" | tail -n 1)
+  if [ -n "$line" ]; then
+    local total fails
+    total=$(echo "$line" | awk '{print $NF}')
+    fails=$(echo "$line" | awk '{print $4}')
+    passed_tests=$((passed_tests + total - fails))
+    failed_tests=$((failed_tests + fails))
+    note="$((total - fails)) of $total tests passed"
+  else
+    note=$(tail -n 1 "$log")
+  fi
+  if [ $ok = 1 ]; then
+    printf 'ok   %4ds  %s\n' $((SECONDS - start)) "$note"
+  else
+    printf 'FAIL %4ds  %s (log: %s)\n' $((SECONDS - start)) "$note" "$log"
+    tail -n 30 "$log" | sed 's/^/    /'
+    failed+=("$name")
+  fi
+}
 
-CC=clang CXX=clang++ cmake -S . -B build/asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DSORRELIN_SANITIZE=ON \
-  -DSORRELIN_FUZZ=ON > /dev/null
-cmake --build build/asan -j "$jobs"
+build_and_test() {   # DIR, then cmake options
+  local dir=$1
+  shift
+  cmake -S . -B "$dir" -G Ninja -DSORRELIN_WERROR=ON "$@" &&
+    cmake --build "$dir" -j "$jobs" &&
+    (cd "$dir" && ctest --output-on-failure -j "$jobs")
+}
+
+stage debug build_and_test build/debug -DCMAKE_BUILD_TYPE=Debug -DSORRELIN_BENCH=ON
+stage release-gcc build_and_test build/release-gcc -DCMAKE_BUILD_TYPE=Release
+stage release-clang env CC=clang CXX=clang++ bash -c "$(declare -f build_and_test); jobs=$jobs; \
+  build_and_test build/release-clang -DCMAKE_BUILD_TYPE=Release"
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
-(cd build/asan && ctest --output-on-failure -j "$jobs") | tee -a "$summary"
+stage sanitizers env CC=clang CXX=clang++ bash -c "$(declare -f build_and_test); jobs=$jobs; \
+  build_and_test build/asan -DCMAKE_BUILD_TYPE=Debug -DSORRELIN_SANITIZE=ON -DSORRELIN_FUZZ=ON"
+stage install tests/install/check.sh build/release-gcc
 
 # Fuzz the entry points briefly, seeded with the example captures.
-seeds=$(mktemp -d)
-trap 'rm -rf "$seeds" "$summary"' EXIT
-python3 scripts/fuzz_seeds.py examples/*.txt "$seeds"
-build/asan/sorrelin_fuzz -max_total_time="${FUZZ_SECONDS:-60}" -max_len=400 -print_final_stats=0 "$seeds" 2>&1 |
-  tail -n 3
+fuzz() {
+  local seeds
+  seeds=$(mktemp -d)
+  python3 scripts/fuzz_seeds.py examples/*.txt "$seeds" &&
+    build/asan/sorrelin_fuzz -max_total_time="${FUZZ_SECONDS:-60}" -max_len=400 -print_final_stats=1 "$seeds" 2>&1 |
+    grep -E 'stat::number_of_executed_units|ERROR|SUMMARY' | sed 's/stat::number_of_executed_units: */executions: /'
+  local rc=${PIPESTATUS[0]}
+  rm -rf "$seeds"
+  return "$rc"
+}
+if [ -x build/asan/sorrelin_fuzz ]; then stage fuzz fuzz; fi
 
-# One closing line over both runs of the suite.
-awk '/tests passed, [0-9]+ tests failed out of/ { total += $NF; failed += $4 }
-     END { printf "%d passed, %d failed\n", total - failed, failed }' "$summary"
+if [ ${#failed[@]} -eq 0 ]; then
+  echo "all stages passed ($passed_tests tests passed, $failed_tests failed)"
+else
+  echo "FAILED stages: ${failed[*]} ($passed_tests tests passed, $failed_tests failed)"
+  exit 1
+fi

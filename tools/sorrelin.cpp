@@ -31,6 +31,7 @@ const char kUsage[] =
     "  --summary          print the message names only\n"
     "  --crlf             keep the CR LF line ends of the library's text\n"
     "  -h, --help         show this help\n"
+    "  --version          show the version\n"
     "\n"
     "A line that cannot be read is reported on standard error with its line number; the other\n"
     "lines are still decoded and the exit status is 1.\n";
@@ -150,6 +151,9 @@ int main(int argc, char** argv) {
     const std::string a = argv[i];
     if (a == "-h" || a == "--help") {
       std::fputs(kUsage, stdout);
+      return 0;
+    } else if (a == "--version") {
+      std::puts("sorrelin " SORRELIN_VERSION);
       return 0;
     } else if (a == "--summary") {
       opt.summary = true;

@@ -4,7 +4,7 @@
 
 namespace cs {
 
-Decoder::Decoder() = default;
+Decoder::Decoder() : s_(std::make_unique<State>()) {}
 Decoder::~Decoder() = default;
 
 namespace {
@@ -23,25 +23,26 @@ int Decoder::details(std::string& out, std::uint8_t band_class, std::uint8_t p_r
     out.assign(kUnknownChannel);
     return 0;
   }
-  arena_.reset();
-  text_.clear();
+  State& s = *s_;
+  s.arena.reset();
+  s.text.clear();
   // The bit count leaves out the type octet and the CRC; a message too short for those gets
   // no bits at all (the decoders then report it as too short) rather than a wrapped count.
   const std::uint64_t total = static_cast<std::uint64_t>(len) * 8;
   const std::uint64_t overhead = 8 + crc_bits(channel);
-  Call call{arena_, text_, p_rev, band_class, msg, len, total > overhead ? total - overhead : 0, total < overhead, true};
+  Call call{s.arena, s.text, p_rev, band_class, msg, len, total > overhead ? total - overhead : 0, total < overhead, true};
 
   Rc rc = Rc::ok;
   switch (channel) {
-    case kSync: rc = run_sync(sync_, call); break;
-    case kPaging: rc = run_paging(paging_, call); break;
-    case kAccess: rc = run_access(access_, call); break;
-    case kFwdTraffic: rc = run_fwd_traffic(fwd_traffic_, call); break;
-    case kRevTraffic: rc = run_rev_traffic(rev_traffic_, call); break;
+    case kSync: rc = run_sync(s.sync, call); break;
+    case kPaging: rc = run_paging(s.paging, call); break;
+    case kAccess: rc = run_access(s.access, call); break;
+    case kFwdTraffic: rc = run_fwd_traffic(s.fwd_traffic, call); break;
+    case kRevTraffic: rc = run_rev_traffic(s.rev_traffic, call); break;
   }
-  out += text_.str();
+  out += s.text.str();
   if (call.convert_line_ends) out = to_crlf(out);
-  arena_.reset();
+  s.arena.reset();
   return static_cast<int>(rc);
 }
 

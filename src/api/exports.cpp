@@ -13,6 +13,16 @@ using cs::process_decoder;
 
 void copy_out(char* out, const std::string& s) { std::memcpy(out, s.c_str(), s.size() + 1); }
 
+// The bounded calls' copy: never past `capacity`, always NUL-terminated, the whole size told.
+int copy_bounded(char* out, std::size_t capacity, std::size_t* needed, const std::string& s, int rc) {
+  if (needed != nullptr) *needed = s.size() + 1;
+  if (out == nullptr || capacity == 0) return SORRELIN_TRUNCATED;   // not even the NUL fits
+  const std::size_t n = s.size() < capacity ? s.size() : capacity - 1;
+  std::memcpy(out, s.data(), n);
+  out[n] = '\0';
+  return n < s.size() ? SORRELIN_TRUNCATED : rc;
+}
+
 // Full rendering of a block: name, three spaces, CR LF, then the detail text.
 int block_full(int channel, const unsigned char* block, unsigned len, char* out) {
   if (out == nullptr || block == nullptr) return 1;
@@ -65,6 +75,18 @@ int ovnDecodeSummary(char* out, unsigned char, unsigned char, int channel, const
   if (out == nullptr || msg == nullptr) return 1;
   copy_out(out, Decoder::summary(channel, msg, len));
   return 0;
+}
+
+int sorrelin_details(char* out, size_t capacity, size_t* needed, unsigned char band_class, unsigned char p_rev,
+                     int channel, const unsigned char* msg, size_t len) {
+  std::string text;
+  const int rc = msg == nullptr ? 1 : process_decoder().details(text, band_class, p_rev, channel, msg, len);
+  return copy_bounded(out, capacity, needed, text, rc);
+}
+
+int sorrelin_summary(char* out, size_t capacity, size_t* needed, int channel, const unsigned char* msg, size_t len) {
+  const std::string name = msg == nullptr ? std::string() : Decoder::summary(channel, msg, len);
+  return copy_bounded(out, capacity, needed, name, msg == nullptr ? 1 : 0);
 }
 
 int fnSorrelinFC_SCHBlock(unsigned char* b, unsigned int len, char* out, unsigned int outlen, unsigned int flags) {
