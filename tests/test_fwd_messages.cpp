@@ -75,7 +75,8 @@ std::vector<Golden> goldens() {
                lines({"FD_AUCM", "{", "   RANDU = 11259375", "   GEN_CMEAKEY = 1", "}"})});
   v.push_back({"DBM_Sms", 4, 6, Bits().put(1, 8).put(3, 6).put(1, 8).put(3, 8).put('H', 8).put('i', 8).put('!', 8),
                lines({"FD_DBM", "{", "   MSG_NUMBER = 1", "   BURST_TYPE = 3", "   NUM_MSGS = 1", "   NUM_FIELDS = 3",
-                      "   CHARi[0] = 72", "   CHARi[1] = 105", "   CHARi[2] = 33", "}"})});
+                      "   CHARi[0] = 72", "   CHARi[1] = 105", "   CHARi[2] = 33",
+                      "   L4Message.FwdSMSMessage = Unpack error. ", "}"})});
   v.push_back(
       {"AHDM_IS95A", 6, 3,
        Bits().put(1, 1).put(5, 6).put(4139, 15).put(2, 3).put(333, 11).put(1, 2).put(0, 1).put(2, 2).put(1, 1),
@@ -733,7 +734,7 @@ TEST(FwdMessagesPdu, DataBurstInsideThePdu) {
   EXPECT_EQ(d.text, lines({"FD_PDU", "{", "   MSG_TYPE = 4", "   ACK_SEQ = 1", "   MSG_SEQ = 2", "   ACK_REQ = 1",
                            "   ENCRYPTION = 0", "   SDU.DBM = FD_DBM", "   {", "      MSG_NUMBER = 1",
                            "      BURST_TYPE = 3", "      NUM_MSGS = 1", "      NUM_FIELDS = 2", "      CHARi[0] = 79",
-                           "      CHARi[1] = 75", "   }", "}"}));
+                           "      CHARi[1] = 75", "      L4Message.FwdSMSMessage = Unpack error. ", "   }", "}"}));
 }
 
 // MSG_TYPE 52 has a body of its own: the PDU prints it as "SDU.ITBSPM".

@@ -286,7 +286,7 @@ TEST(PagingBodies, AddressedBodiesGolden) {
   const Golden cases[] = {
       {"data burst", 9, 6, Bits().put(1, 8).put(3, 6).put(1, 8).put(3, 8).put(0x41, 8).put(0x42, 8).put(0x43, 8),
        {"MSG_NUMBER = 1", "BURST_TYPE = 3", "NUM_MSGS = 1", "NUM_FIELDS = 3", "CHARi[0] = 65", "CHARi[1] = 66",
-        "CHARi[2] = 67"}},
+        "CHARi[2] = 67", "L4Message.FwdSMSMessage = Unpack error. "}},
       {"auth challenge before Release D", 10, 9, Bits().put(0xABCDEF, 24), {"RANDU = 11259375"}},
       {"auth challenge, Release D", 10, 10,
        Bits().put(0xABCDEF, 24).put(1, 1), {"RANDU = 11259375", "GEN_CMEAKEY = 1"}},
