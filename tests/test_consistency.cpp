@@ -42,6 +42,9 @@ std::vector<std::string> printed_names(const std::string& text) {
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const auto eq = lines[i].find(" = ");
     if (eq == std::string::npos) continue;
+    // A data burst's contents come last, under an "L4Message." label: a decode of their own,
+    // made by the printer from the characters (checked by the contents' own tests).
+    if (lines[i].find("L4Message.") != std::string::npos) break;
     const bool opens_record = i + 1 < lines.size() && lines[i + 1].find_first_not_of(' ') != std::string::npos &&
                               lines[i + 1].substr(lines[i + 1].find_first_not_of(' ')) == "{";
     if (opens_record) continue;

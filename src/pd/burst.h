@@ -18,4 +18,12 @@ namespace cs {
 using BurstContents = Rc (*)(Text& t, unsigned indent, const std::uint8_t* data, std::size_t n, const Ctx& c,
                              Arena& arena);
 
+// Appends the contents of a burst of `burst_type` at `indent` (the field indent of the Data
+// Burst Message that carries it): the label of the type and direction, then the decoded
+// contents, or "Unpack error. " and a line end when they do not decode. A type with no
+// decoder gets the label "L4Message.UnknownMessage = " alone on its line. Returns the
+// contents' decode result (Rc::ok for a type with no decoder).
+Rc print_burst_contents(Text& t, unsigned indent, std::uint8_t burst_type, const std::uint8_t* data, std::size_t n,
+                        const Ctx& c);
+
 }  // namespace cs

@@ -5,11 +5,13 @@
 #include <cstdint>
 
 #include "codec/walk.h"
+#include "pd/burst.h"
 
 namespace cs::fwd {
 
-// Data Burst Message. The characters are shown as sent; their contents are interpreted by the
-// data-burst contents dispatcher where one applies.
+// Data Burst Message (C.S0005 3.7.2.3.2.9, 3.7.3.3.2.4; the access and reverse traffic
+// channels' own Data Burst Messages share the layout, with Ctx::forward false). The
+// characters are shown as sent; after them the printer shows what they carry, by BURST_TYPE.
 struct DataBurst {
   std::uint8_t MSG_NUMBER;
   std::uint8_t BURST_TYPE;
@@ -19,9 +21,17 @@ struct DataBurst {
 };
 
 template <class W>
-void layout(W& w, DataBurst& r, const Ctx&) {
+void layout(W& w, DataBurst& r, const Ctx& c) {
   w(F(MSG_NUMBER, 8), F(BURST_TYPE, 6), F(NUM_MSGS, 8), F(NUM_FIELDS, 8));
   w.scalars("CHARi", r.CHARi, r.NUM_FIELDS, 8);
+  // Printer only: the characters, once all NUM_FIELDS of them are in, are also the contents
+  // of the burst (a message, a provisioning or position determination exchange), decoded
+  // and shown under a label of their own. Reading has nothing more to take: the contents are
+  // the CHARi octets above, and a burst whose characters were cut short shows none.
+  if constexpr (!W::kReading) {
+    if (r.CHARi.count == r.NUM_FIELDS)
+      print_burst_contents(w.text(), w.indent(), r.BURST_TYPE, r.CHARi.data, r.CHARi.count, c);
+  }
 }
 
 // Authentication Challenge Message. GEN_CMEAKEY arrived with Release D.

@@ -53,6 +53,15 @@ constexpr Quantity lin(bool s, double scale, double offset, Fmt f, const char* u
 }
 
 // The table, in key order of kAnnotationKeys (checked by a test).
+//
+// Position quantities of the IS-801-1 location response (latitude, longitude, the uncertainty
+// ellipse and its angle, velocity_hor, heading, clock_bias, clock_drift, height) have the
+// widths and scales of the published element layout, as open decoders read them too;
+// latitude and longitude are two's complement, so the southern and western halves read
+// negative. velocity_ver is taken as two's complement in 0.5 m/s (some decoders read it as an
+// offset of -64 m/s). The assistance and measurement quantities (Doppler, code phase, angles,
+// pilot phases, satellite coordinates, corrections) belong to elements that are not decoded:
+// their entries serve fields of those names wherever they appear.
 constexpr double kLatScale = 180.0 / 33554432.0;   // 2^25
 constexpr double kLongScale = 360.0 / 67108864.0;  // 2^26
 const Entry kEntries[99] = {

@@ -1,0 +1,205 @@
+// Data-burst contents: the labels by burst type and link, and position determination messages.
+//
+// The position determination cases are golden files in tests/golden/pd/, in the format of
+// the channel goldens (see golden_runner.cpp), with two differences: the margins build the
+// burst's characters alone (a whole number of octets), and the channel word gives only the
+// link: paging and ftc forward, access and rtc reverse. The expected text is what the Data
+// Burst Message printer appends at indent 0 for a burst of type 5: the label, then the
+// message or "Unpack error. ".
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <random>
+#include <sstream>
+
+#include "golden.h"
+#include "pd/burst.h"
+#include "pd/pd.h"
+
+namespace cs::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool forward_link(int channel) { return channel == 2 || channel == 4; }
+
+struct PdOutcome {
+  Rc rc;
+  std::string text;
+  std::vector<std::string> trace;
+};
+
+PdOutcome run_contents(std::uint8_t burst_type, const std::vector<std::uint8_t>& octets, bool forward) {
+  Ctx c;
+  c.forward = forward;
+  std::vector<TraceItem> trace;
+  g_read_trace = &trace;
+  Text t;
+  const Rc rc = print_burst_contents(t, 0, burst_type, octets.data(), octets.size(), c);
+  g_read_trace = nullptr;
+  PdOutcome o{rc, t.str(), {}};
+  for (TraceItem& i : trace) o.trace.push_back(std::move(i.name));
+  return o;
+}
+
+std::vector<std::uint8_t> burst_octets(const Case& k) {
+  const std::vector<bool> bits = k.input_bits();
+  if (bits.size() % 8 != 0) throw std::runtime_error(k.name + ": the characters are not whole octets");
+  return octets(bits, 0);
+}
+
+std::vector<fs::path> pd_golden_files() {
+  std::vector<fs::path> v;
+  for (const auto& e : fs::directory_iterator(fs::path(SORRELIN_SOURCE_DIR) / "tests" / "golden" / "pd"))
+    if (e.path().extension() == ".ok") v.push_back(e.path());
+  std::sort(v.begin(), v.end());
+  return v;
+}
+
+class PdGolden : public ::testing::TestWithParam<fs::path> {};
+
+TEST_P(PdGolden, EveryCasePrintsItsTextAndResult) {
+  const std::vector<Case> cases = read_cases(GetParam());
+  ASSERT_FALSE(cases.empty());
+  for (const Case& k : cases) {
+    SCOPED_TRACE(GetParam().filename().string() + ":" + std::to_string(k.line) + " " + k.name);
+    const PdOutcome o = run_contents(5, burst_octets(k), forward_link(k.channel));
+    EXPECT_EQ(static_cast<int>(o.rc), k.result);
+    EXPECT_EQ(o.text, k.text);
+  }
+}
+
+// A burst is whole octets: cut at every octet short of its end, a message that decodes must
+// give result 3, having read a prefix of what the whole burst reads.
+TEST_P(PdGolden, EveryCutIsShortAndReadsAPrefix) {
+  for (const Case& k : read_cases(GetParam())) {
+    if (k.result != 0) continue;
+    SCOPED_TRACE(GetParam().filename().string() + ":" + std::to_string(k.line) + " " + k.name);
+    const std::vector<std::uint8_t> whole = burst_octets(k);
+    const PdOutcome all = run_contents(5, whole, forward_link(k.channel));
+    for (std::size_t cut = 0; cut < whole.size(); ++cut) {
+      const PdOutcome o =
+          run_contents(5, std::vector<std::uint8_t>(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(cut)),
+                       forward_link(k.channel));
+      ASSERT_EQ(o.rc, Rc::short_msg) << "cut at octet " << cut;
+      ASSERT_LE(o.trace.size(), all.trace.size()) << "cut at octet " << cut;
+      ASSERT_TRUE(std::equal(o.trace.begin(), o.trace.end(), all.trace.begin())) << "cut at octet " << cut;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Pd, PdGolden, ::testing::ValuesIn(pd_golden_files()),
+                         [](const ::testing::TestParamInfo<fs::path>& p) { return p.param.stem().string(); });
+
+// The label names the kind of contents and the link; other burst types get the unknown label
+// on a line of its own. What follows the label belongs to each kind's own tests.
+TEST(BurstContents, LabelByBurstTypeAndLink) {
+  const struct {
+    std::uint8_t type;
+    const char* forward;
+    const char* reverse;
+  } rows[] = {
+      {3, "L4Message.FwdSMSMessage = ", "L4Message.RevSMSMessage = "},
+      {4, "L4Message.FwdOTAMessage = ", "L4Message.RevOTAMessage = "},
+      {5, "L4Message.FwdGPSMessage = ", "L4Message.RevGPSMessage = "},
+      {6, "L4Message.FwdSDBMessage = ", "L4Message.RevSDBMessage = "},
+  };
+  const std::vector<std::uint8_t> octets = {0x00, 0x00, 0x00};
+  for (const auto& r : rows) {
+    for (bool forward : {true, false}) {
+      SCOPED_TRACE(std::to_string(r.type) + (forward ? " forward" : " reverse"));
+      const PdOutcome o = run_contents(r.type, octets, forward);
+      EXPECT_EQ(o.text.rfind(forward ? r.forward : r.reverse, 0), 0u) << o.text;
+      // Either the contents or the failure text, and the text ends its last line.
+      EXPECT_EQ(o.text.back(), '\n');
+      if (o.rc != Rc::ok) {
+        EXPECT_EQ(o.text, std::string(forward ? r.forward : r.reverse) + "Unpack error. \n");
+      }
+    }
+  }
+  for (std::uint8_t type : {0, 1, 2, 7, 62, 63}) {
+    for (bool forward : {true, false}) {
+      const PdOutcome o = run_contents(type, octets, forward);
+      EXPECT_EQ(o.rc, Rc::ok);
+      EXPECT_EQ(o.text, "L4Message.UnknownMessage = \n") << int{type};
+    }
+  }
+}
+
+// The label and the contents start at the indent handed in: the field indent of the burst.
+TEST(BurstContents, ContentsNestAtTheIndentGiven) {
+  // A forward message with no elements: session header and counts.
+  const std::vector<std::uint8_t> octets = {0x81, 0x00, 0x00};
+  Ctx c;
+  Text t;
+  ASSERT_EQ(print_burst_contents(t, 6, 5, octets.data(), octets.size(), c), Rc::ok);
+  EXPECT_EQ(t.str(),
+            "      L4Message.FwdGPSMessage = FWD_PDDM_MSG\n"
+            "      {\n"
+            "         sess_start = 1\n"
+            "         sess_end = 0\n"
+            "         sess_source = 0\n"
+            "         sess_tag = 1\n"
+            "         pd_msg_type = 0\n"
+            "         num_requests = 0\n"
+            "         num_responses = 0\n"
+            "      }\n");
+}
+
+// The bits a message takes are rounded up to whole octets: a PD_MSG_TYPE 1 header with no
+// elements is 36 bits, an IS-801-1 one 24.
+TEST(Pd, ConsumedBitsAreWholeOctets) {
+  Ctx c;
+  std::uint64_t used = 0;
+  const std::vector<std::uint8_t> ext = {0x01, 0x01, 0x00, 0x00, 0x00, 0xFF};
+  ASSERT_EQ(pd_measure(ext.data(), ext.size(), c, &used), Rc::ok);
+  EXPECT_EQ(used, 40u);
+  const std::vector<std::uint8_t> base = {0x01, 0x00, 0x00, 0xFF};
+  ASSERT_EQ(pd_measure(base.data(), base.size(), c, &used), Rc::ok);
+  EXPECT_EQ(used, 24u);
+}
+
+// Field names of a detail text: "NAME = value" lines that do not open a nested record.
+std::vector<std::string> printed_names(const std::string& text) {
+  std::vector<std::string> lines, names;
+  std::istringstream in(text);
+  for (std::string l; std::getline(in, l);) lines.push_back(l);
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const auto eq = lines[i].find(" = ");
+    if (eq == std::string::npos) continue;
+    const bool opens = i + 1 < lines.size() && lines[i + 1].find_first_not_of(' ') != std::string::npos &&
+                       lines[i + 1].substr(lines[i + 1].find_first_not_of(' ')) == "{";
+    if (opens) continue;
+    const auto start = lines[i].find_first_not_of(' ');
+    names.push_back(lines[i].substr(start, eq - start));
+  }
+  return names;
+}
+
+// Random contents of every burst type, on both links: a result code and a text that ends
+// its last line, never a read outside the octets (sanitizer builds) nor a hang. When a
+// position determination message decodes, the names printed are exactly the names read.
+TEST(BurstContents, RandomOctetsGiveAResultAndPrintWhatWasRead) {
+  std::mt19937 rng(801);
+  std::size_t decoded = 0;
+  for (int k = 0; k < 6000; ++k) {
+    // Mostly short bursts, whose headers and element lengths are likelier to fit.
+    std::vector<std::uint8_t> octets(k % 4 == 0 ? rng() % 256 : rng() % 24);
+    for (auto& o : octets) o = static_cast<std::uint8_t>(rng());
+    if (!octets.empty() && k % 3 != 0) octets[std::min<std::size_t>(1, octets.size() - 1)] = rng() % 3;   // pd_msg_type 0..2
+    const bool forward = k % 2 == 0;
+    const std::uint8_t type = k % 5 == 0 ? static_cast<std::uint8_t>(rng() % 64) : 5;
+    const PdOutcome o = run_contents(type, octets, forward);
+    ASSERT_TRUE(o.rc == Rc::ok || o.rc == Rc::count || o.rc == Rc::short_msg);
+    ASSERT_FALSE(o.text.empty());
+    ASSERT_EQ(o.text.back(), '\n');
+    if (type != 5 || o.rc != Rc::ok) continue;
+    ++decoded;
+    ASSERT_EQ(printed_names(o.text.substr(o.text.find('\n') + 1)), o.trace) << o.text;
+  }
+  EXPECT_GT(decoded, 200u);   // the check must actually run
+}
+
+}  // namespace
+}  // namespace cs::test
