@@ -15,6 +15,7 @@
 #include "fwd_common/sync.h"
 #include "fwd_common/tables.h"
 #include "fwd_traffic/tables.h"
+#include "pd/burst.h"
 #include "rev_access/pdu.h"
 #include "rev_traffic/pdu.h"
 #include "text/text.h"
@@ -72,6 +73,8 @@ struct Case {
   int channel = 0;
   std::optional<int> body;   // the message type whose body is decoded alone
   std::string record;        // or a record that is not a message of its own
+  std::optional<int> burst;  // or the contents of a data burst of this BURST_TYPE (the channel
+                             // gives the link: paging and ftc forward, access and rtc reverse)
   std::uint8_t p_rev = 0, band = 0;
   int result = 0;
   Ctx ctx;                   // encryption, ordq, pd for a body
@@ -101,7 +104,7 @@ struct Case {
   // The message type the case exercises: its body, or its first octet.
   int message_type() const {
     if (body) return *body;
-    if (!record.empty()) return -1;
+    if (!record.empty() || burst) return -1;
     const std::vector<bool> bits = input_bits();
     int t = 0;
     for (std::size_t i = 0; i < 8 && i < bits.size(); ++i) t = t << 1 | bits[i];
@@ -137,6 +140,7 @@ inline std::vector<Case> read_cases(const std::filesystem::path& file) {
         const auto num = [&] { return std::stoull(v, nullptr, 0); };
         if (key == "body") k->body = static_cast<int>(num());
         else if (key == "record") k->record = v;
+        else if (key == "burst") k->burst = static_cast<int>(num());
         else if (key == "p_rev") k->p_rev = static_cast<std::uint8_t>(num());
         else if (key == "band") k->band = static_cast<std::uint8_t>(num());
         else if (key == "result") k->result = static_cast<int>(num());
@@ -191,7 +195,15 @@ inline Outcome run(const Case& k, const std::vector<bool>& bits, std::optional<s
   Outcome o{};
   std::vector<TraceItem> trace;
   g_read_trace = &trace;
-  if (k.body || !k.record.empty()) {
+  if (k.burst) {
+    if (bits.size() % 8 != 0) throw std::runtime_error(k.name + ": a burst is whole octets");
+    const std::vector<std::uint8_t> data = octets(bits, 0);
+    Ctx c = k.ctx;
+    c.forward = k.channel == 2 || k.channel == 4;
+    Text t;
+    o.rc = static_cast<int>(print_burst_contents(t, 0, static_cast<std::uint8_t>(*k.burst), data.data(), data.size(), c));
+    o.text = t.str();
+  } else if (k.body || !k.record.empty()) {
     const BodyOps* ops =
         k.body ? table_of(k.channel).body(static_cast<std::uint8_t>(*k.body)) : named_record(k.record);
     if (ops == nullptr) throw std::runtime_error("no body for type " + std::to_string(*k.body));
@@ -212,7 +224,7 @@ inline Outcome run(const Case& k, const std::vector<bool>& bits, std::optional<s
   }
   g_read_trace = nullptr;
   // The sync channel's decode starts after the type octet.
-  const std::uint64_t offset = !k.body && k.record.empty() && k.channel == 1 ? 8 : 0;
+  const std::uint64_t offset = !k.body && k.record.empty() && !k.burst && k.channel == 1 ? 8 : 0;
   o.read_end = 0;
   for (TraceItem& i : trace) {
     o.read_end = std::max(o.read_end, offset + i.pos + i.width);

@@ -12,8 +12,10 @@
 //
 // Parameters: a channel (sync, paging, access, ftc, rtc); body=T decodes the body of message
 // type T of that channel's table at indent 0 over exactly the bits built (record=NAME such a
-// record that is no message of its own, e.g. L2_PAGE_RECORD) (otherwise the whole
-// message is built, then zero padding and the channel's CRC); p_rev, band, result (default
+// record that is no message of its own, e.g. L2_PAGE_RECORD; burst=B the contents of a data
+// burst of BURST_TYPE B, the margins building its characters, as the burst printer appends
+// them at indent 0, on the link of the channel word); otherwise the whole message is built,
+// then zero padding and the channel's CRC; p_rev, band, result (default
 // 0); encryption, ordq and pd for a body's context; avail=N gives a body only N bits;
 // consumed=N expects that many bits taken (default: all, for result 0); hex=... gives the
 // message octets instead of margins. A blank line ends a case; "#" lines are comments.
@@ -25,6 +27,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -86,16 +89,18 @@ TEST_P(GoldenFile, EveryCutOfAWholeMessageIsShortAndReadsAPrefix) {
     SCOPED_TRACE(GetParam().filename().string() + ":" + std::to_string(k.line) + " " + k.name);
     const std::vector<bool> bits = k.input_bits();
     const Outcome whole = run(k, bits);
-    // A body is cut at every bit before the end of its last field; a whole message at every
-    // octet that leaves the channel's bit count short of it.
+    // A body is cut at every bit before the end of its last field, a burst's contents at
+    // every octet, a whole message at every octet that leaves the channel's bit count short of
+    // it.
     const bool body = k.body || !k.record.empty();
     const std::size_t octets_whole = octets(bits, crc_bits(k)).size();
-    for (std::size_t cut = 0; cut < (body ? whole.read_end : octets_whole); ++cut) {
+    const std::size_t cuts = body ? whole.read_end : k.burst ? (whole.read_end + 7) / 8 : octets_whole;
+    for (std::size_t cut = 0; cut < cuts; ++cut) {
       // The bits a message of `cut` octets hands its channel end that far from its start (the
       // sync channel's decode starts after the type octet, the others read it inside the count).
-      if (!body && cut * 8 >= whole.read_end + crc_bits(k) + (k.channel == 1 ? 0 : 8)) break;
-      const Outcome o = body ? run(k, std::vector<bool>(bits.begin(), bits.begin() + static_cast<std::ptrdiff_t>(cut)))
-                             : run(k, bits, cut);
+      if (!body && !k.burst && cut * 8 >= whole.read_end + crc_bits(k) + (k.channel == 1 ? 0 : 8)) break;
+      const auto head = [&](std::size_t n) { return std::vector<bool>(bits.begin(), bits.begin() + static_cast<std::ptrdiff_t>(n)); };
+      const Outcome o = body ? run(k, head(cut)) : k.burst ? run(k, head(cut * 8)) : run(k, bits, cut);
       ASSERT_LE(o.trace.size(), whole.trace.size()) << "cut at " << cut;
       ASSERT_TRUE(std::equal(o.trace.begin(), o.trace.end(), whole.trace.begin())) << "cut at " << cut;
       if (o.rc == 0) {
@@ -109,7 +114,11 @@ TEST_P(GoldenFile, EveryCutOfAWholeMessageIsShortAndReadsAPrefix) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Goldens, GoldenFile, ::testing::ValuesIn(golden_files()),
-                         [](const ::testing::TestParamInfo<fs::path>& p) { return p.param.stem().string(); });
+                         [](const ::testing::TestParamInfo<fs::path>& p) {
+                           std::string n = p.param.stem().string();
+                           for (char& ch : n) ch = std::isalnum(static_cast<unsigned char>(ch)) ? ch : '_';
+                           return n;
+                         });
 
 // Every message with a body in a channel's table has a golden case.
 TEST(Goldens, EveryMessageOfEveryTableHasACase) {

@@ -1,15 +1,9 @@
-// Data-burst contents: the labels by burst type and link, and position determination messages.
-//
-// The position determination cases are golden files in tests/golden/pd/, in the format of
-// the channel goldens (see golden_runner.cpp), with two differences: the margins build the
-// burst's characters alone (a whole number of octets), and the channel word gives only the
-// link: paging and ftc forward, access and rtc reverse. The expected text is what the Data
-// Burst Message printer appends at indent 0 for a burst of type 5: the label, then the
-// message or "Unpack error. ".
+// Data-burst contents: the labels by burst type and link, the indent, the octet rounding of a
+// position determination message, and random contents of every type on both links. The
+// contents' texts are golden cases (burst=B in tests/golden/*.ok).
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <random>
 #include <sstream>
 
@@ -19,10 +13,6 @@
 
 namespace cs::test {
 namespace {
-
-namespace fs = std::filesystem;
-
-bool forward_link(int channel) { return channel == 2 || channel == 4; }
 
 struct PdOutcome {
   Rc rc;
@@ -42,55 +32,6 @@ PdOutcome run_contents(std::uint8_t burst_type, const std::vector<std::uint8_t>&
   for (TraceItem& i : trace) o.trace.push_back(std::move(i.name));
   return o;
 }
-
-std::vector<std::uint8_t> burst_octets(const Case& k) {
-  const std::vector<bool> bits = k.input_bits();
-  if (bits.size() % 8 != 0) throw std::runtime_error(k.name + ": the characters are not whole octets");
-  return octets(bits, 0);
-}
-
-std::vector<fs::path> pd_golden_files() {
-  std::vector<fs::path> v;
-  for (const auto& e : fs::directory_iterator(fs::path(SORRELIN_SOURCE_DIR) / "tests" / "golden" / "pd"))
-    if (e.path().extension() == ".ok") v.push_back(e.path());
-  std::sort(v.begin(), v.end());
-  return v;
-}
-
-class PdGolden : public ::testing::TestWithParam<fs::path> {};
-
-TEST_P(PdGolden, EveryCasePrintsItsTextAndResult) {
-  const std::vector<Case> cases = read_cases(GetParam());
-  ASSERT_FALSE(cases.empty());
-  for (const Case& k : cases) {
-    SCOPED_TRACE(GetParam().filename().string() + ":" + std::to_string(k.line) + " " + k.name);
-    const PdOutcome o = run_contents(5, burst_octets(k), forward_link(k.channel));
-    EXPECT_EQ(static_cast<int>(o.rc), k.result);
-    EXPECT_EQ(o.text, k.text);
-  }
-}
-
-// A burst is whole octets: cut at every octet short of its end, a message that decodes must
-// give result 3, having read a prefix of what the whole burst reads.
-TEST_P(PdGolden, EveryCutIsShortAndReadsAPrefix) {
-  for (const Case& k : read_cases(GetParam())) {
-    if (k.result != 0) continue;
-    SCOPED_TRACE(GetParam().filename().string() + ":" + std::to_string(k.line) + " " + k.name);
-    const std::vector<std::uint8_t> whole = burst_octets(k);
-    const PdOutcome all = run_contents(5, whole, forward_link(k.channel));
-    for (std::size_t cut = 0; cut < whole.size(); ++cut) {
-      const PdOutcome o =
-          run_contents(5, std::vector<std::uint8_t>(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(cut)),
-                       forward_link(k.channel));
-      ASSERT_EQ(o.rc, Rc::short_msg) << "cut at octet " << cut;
-      ASSERT_LE(o.trace.size(), all.trace.size()) << "cut at octet " << cut;
-      ASSERT_TRUE(std::equal(o.trace.begin(), o.trace.end(), all.trace.begin())) << "cut at octet " << cut;
-    }
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(Pd, PdGolden, ::testing::ValuesIn(pd_golden_files()),
-                         [](const ::testing::TestParamInfo<fs::path>& p) { return p.param.stem().string(); });
 
 // The label names the kind of contents and the link; other burst types get the unknown label
 // on a line of its own. What follows the label belongs to each kind's own tests.
