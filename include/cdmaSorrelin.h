@@ -15,8 +15,14 @@
 extern "C" {
 #endif
 
+/* Every function uses the C calling convention (__cdecl on 32-bit Windows). The DLL exports
+   them under their undecorated names. */
 #if defined(_WIN32)
-#define SORRELIN_API __declspec(dllexport)
+#if defined(SORRELIN_BUILDING)
+#define SORRELIN_API __declspec(dllexport) __cdecl
+#else
+#define SORRELIN_API __cdecl
+#endif
 #else
 #define SORRELIN_API __attribute__((visibility("default")))
 #endif

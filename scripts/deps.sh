@@ -1,19 +1,34 @@
 #!/usr/bin/env bash
-# Installs what the build needs when it is missing (Debian 12 packages only).
+# Installs what a task needs when it is missing, from Debian 12's packages, with apt-get (as
+# root, or through sudo when it is there). Profiles:
+#   scripts/deps.sh example   the library and the tool: CMake, Ninja, g++
+#   scripts/deps.sh test      everything scripts/test.sh uses (the default)
 set -euo pipefail
+profile=${1:-test}
 need=()
 command -v cmake >/dev/null || need+=(cmake)
 command -v ninja >/dev/null || need+=(ninja-build)
 command -v g++ >/dev/null || need+=(g++)
-command -v pkg-config >/dev/null || need+=(pkg-config)
-command -v clang++ >/dev/null || need+=(clang)
-[ -f /usr/include/gtest/gtest.h ] || need+=(libgtest-dev)
-[ -f /usr/include/benchmark/benchmark.h ] || need+=(libbenchmark-dev)
-ls /usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-x86_64.a >/dev/null 2>&1 || need+=(libclang-rt-dev)
+if [ "$profile" = test ]; then
+  command -v pkg-config >/dev/null || need+=(pkg-config)
+  command -v clang++ >/dev/null || need+=(clang)
+  command -v python3 >/dev/null || need+=(python3)
+  [ -f /usr/include/gtest/gtest.h ] || need+=(libgtest-dev)
+  [ -f /usr/include/benchmark/benchmark.h ] || need+=(libbenchmark-dev)
+  ls /usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-x86_64.a >/dev/null 2>&1 || need+=(libclang-rt-dev)
+  # The Windows DLLs: cross compilers, a 64-bit Windows runtime and a PE reader.
+  command -v i686-w64-mingw32-g++-posix >/dev/null || need+=(g++-mingw-w64-i686-posix)
+  command -v x86_64-w64-mingw32-g++-posix >/dev/null || need+=(g++-mingw-w64-x86-64-posix)
+  command -v wine64 >/dev/null || [ -x /usr/lib/wine/wine64 ] || need+=(wine64)
+  /usr/bin/python3 -c 'import pefile' 2>/dev/null || need+=(python3-pefile)
+fi
 if [ ${#need[@]} -gt 0 ]; then
   echo "installing: ${need[*]}"
   SUDO=""
-  [ "$(id -u)" -eq 0 ] || SUDO=sudo
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "deps: need root or sudo to install ${need[*]}" >&2; exit 1; }
+    SUDO=sudo
+  fi
   $SUDO apt-get update -qq
-  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq "${need[@]}"
+  $SUDO env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "${need[@]}"
 fi

@@ -2,7 +2,8 @@
 # Builds and runs every test, one stage at a time, printing one line per stage (the full output
 # of each stage is kept in build/logs/): a debug build with assertions, Release builds with g++
 # and with clang (a user's default kind of build), the whole suite under AddressSanitizer and
-# UndefinedBehaviorSanitizer, an install into a scratch prefix used by two consumers, and a
+# UndefinedBehaviorSanitizer, an install into a scratch prefix used by two consumers, the
+# Windows DLLs (built with mingw-w64, inspected, and the 64-bit one run under wine64), and a
 # short fuzzing run. Ends with one line: all stages passed, or which failed.
 set -uo pipefail
 cd "$(dirname "$0")/.."
@@ -59,6 +60,7 @@ export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktra
 stage sanitizers env CC=clang CXX=clang++ bash -c "$(declare -f build_and_test); jobs=$jobs; \
   build_and_test build/asan -DCMAKE_BUILD_TYPE=Debug -DSORRELIN_SANITIZE=ON -DSORRELIN_FUZZ=ON"
 stage install tests/install/check.sh build/release-gcc
+stage windows scripts/check_windows.sh
 
 # Fuzz the entry points briefly, seeded with the example captures.
 fuzz() {
