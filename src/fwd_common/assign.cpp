@@ -181,19 +181,12 @@ void layout(W& w, EcamTraffic& r, const Ctx& c) {
   w(F(FREQ_INCL, 1), F(DEFAULT_CONFIG, 3), F(BYPASS_ALERT_ANSWER, 1), reserved(1), F(NUM_PILOTS, 3),
     F(GRANTED_MODE, 2), F(FRAME_OFFSET, 4), F(ENCRYPT_MODE, 2));
   if (r.FREQ_INCL) w(F(BAND_CLASS, 5), F(CDMA_FREQ, 11));
-  if (!w.records("PILOTs", r.PILOTs, r.NUM_PILOTS + 1u, c)) return;
+  w.records("PILOTs", r.PILOTs, r.NUM_PILOTS + 1u, c);
   if (c.p_rev < 6) return;
   // The fundamental channel's radio configurations and outer loop power control of IS-2000.
-  if (!w.need(49)) return;
-  w.u(r.FOR_FCH_RC, "FOR_FCH_RC", 5);
-  w.u(r.REV_FCH_RC, "REV_FCH_RC", 5);
-  w.u(r.FPC_FCH_INIT_SETPT, "FPC_FCH_INIT_SETPT", 8);
-  w.u(r.FPC_SUBCHAN_GAIN, "FPC_SUBCHAN_GAIN", 5);
-  w.u(r.RLGAIN_ADJ, "RLGAIN_ADJ", 4);
-  w.u(r.FPC_FCH_FER, "FPC_FCH_FER", 5);
-  w.u(r.FPC_FCH_MIN_SETPT, "FPC_FCH_MIN_SETPT", 8);
-  w.u(r.FPC_FCH_MAX_SETPT, "FPC_FCH_MAX_SETPT", 8);
-  if (!fwd::rev_fch_gating(w, r)) return;
+  w(F(FOR_FCH_RC, 5), F(REV_FCH_RC, 5), F(FPC_FCH_INIT_SETPT, 8), F(FPC_SUBCHAN_GAIN, 5), F(RLGAIN_ADJ, 4),
+    F(FPC_FCH_FER, 5), F(FPC_FCH_MIN_SETPT, 8), F(FPC_FCH_MAX_SETPT, 8));
+  fwd::rev_fch_gating(w, r);
   encryption_fields(w, r, c);
   integrity_and_plcm_fields(w, r, c);
 }
@@ -367,12 +360,8 @@ void assignment_tail(W& w, R& r, const EcamCtx& c) {
     }
   }
   if (c.p_rev < 10 || !c.direct_ch_assign_ind) return;
-  if (!w.need(15)) return;
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.RTC_NOM_PWR, "RTC_NOM_PWR", 5);
-  w.u(r.RESPOND_IND, "RESPOND_IND", 1);
-  w.u(r.DIRECT_CH_ASSIGN_RECOVER_IND, "DIRECT_CH_ASSIGN_RECOVER_IND", 1);
-  w.u(r.FIXED_PREAMBLE_TRANSMIT_IND, "FIXED_PREAMBLE_TRANSMIT_IND", 1);
+  w(F(CONFIG_MSG_SEQ, 6), F(RTC_NOM_PWR, 5), F(RESPOND_IND, 1), F(DIRECT_CH_ASSIGN_RECOVER_IND, 1),
+    F(FIXED_PREAMBLE_TRANSMIT_IND, 1));
   if (r.FIXED_PREAMBLE_TRANSMIT_IND) w(F(NUM_PREAMBLE, 3));
 }
 
