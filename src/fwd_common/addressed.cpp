@@ -24,7 +24,8 @@ void layout(W& w, FC_FNM& r, const Ctx& c) {
 
 // Status Request Message (3.7.2.3.2.15). The qualification fields fill QUAL_INFO_LEN octets:
 // type 1 names a band class, type 2 a band class and an operating mode; what a type does not
-// use of its octets is padding.
+// use of its octets is reserved. The declared octets are one group with the fields they hold,
+// so a message cut inside them reads none of them.
 struct FC_STRQM {
   std::uint8_t QUAL_INFO_TYPE;
   std::uint8_t QUAL_INFO_LEN;
@@ -38,18 +39,15 @@ template <class W>
 void layout(W& w, FC_STRQM& r, const Ctx&) {
   w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
   const std::uint32_t declared = 8u * r.QUAL_INFO_LEN;
-  if (!w.need(declared)) return;
-  std::uint32_t used = 0;
   // A field is read only when the declared length holds it.
-  if ((r.QUAL_INFO_TYPE == 1 || r.QUAL_INFO_TYPE == 2) && declared >= 5) {
-    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-    used = 5;
-    if (r.QUAL_INFO_TYPE == 2 && declared >= 13) {
-      w.u(r.OP_MODE, "OP_MODE", 8);
-      used = 13;
-    }
+  const bool band = (r.QUAL_INFO_TYPE == 1 || r.QUAL_INFO_TYPE == 2) && declared >= 8;
+  if (band && r.QUAL_INFO_TYPE == 2 && declared >= 16) {
+    w(F(BAND_CLASS, 5), F(OP_MODE, 8), reserved(declared - 13));
+  } else if (band) {
+    w(F(BAND_CLASS, 5), reserved(declared - 5));
+  } else {
+    w(reserved(declared));
   }
-  w.skip(declared - used);
   w(F(NUM_FIELDS, 4));
   w.scalars("RECORD_TYPE", r.RECORD_TYPE, r.NUM_FIELDS, 8);
 }
