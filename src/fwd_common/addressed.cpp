@@ -22,10 +22,11 @@ void layout(W& w, FC_FNM& r, const Ctx& c) {
   w.list_to_end("INFO_RECs", "FWD_USER_INFO_REC", r.INFO_RECs, info_rec_capacity, c);
 }
 
-// Status Request Message (3.7.2.3.2.15). The qualification fields fill QUAL_INFO_LEN octets:
-// type 1 names a band class, type 2 a band class and an operating mode; what a type does not
-// use of its octets is reserved. The declared octets are one group with the fields they hold,
-// so a message cut inside them reads none of them.
+// Status Request Message (3.7.2.3.2.15). Four reserved bits lead the message on this channel
+// (the traffic channel's Status Request Message has none). The qualification fields fill
+// QUAL_INFO_LEN octets: type 1 names a band class, type 2 a band class and an operating mode;
+// what a type does not use of its octets is reserved. The declared octets are one group with
+// the fields they hold, so a message cut inside them reads none of them.
 struct FC_STRQM {
   std::uint8_t QUAL_INFO_TYPE;
   std::uint8_t QUAL_INFO_LEN;
@@ -37,7 +38,7 @@ struct FC_STRQM {
 
 template <class W>
 void layout(W& w, FC_STRQM& r, const Ctx&) {
-  w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
+  w(reserved(4), F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
   const std::uint32_t declared = 8u * r.QUAL_INFO_LEN;
   // A field is read only when the declared length holds it.
   const bool band = (r.QUAL_INFO_TYPE == 1 || r.QUAL_INFO_TYPE == 2) && declared >= 8;
