@@ -104,21 +104,6 @@ void layout(W& w, FC_SRDM& r, const Ctx& c) {
   if (used < declared) w(reserved(declared - used));
 }
 
-// TMSI Assignment Message (3.7.2.3.2.19).
-struct FC_TASM {
-  std::uint8_t TMSI_ZONE_LEN;
-  Bytes TMSI_ZONE;
-  std::uint32_t TMSI_CODE;
-  std::uint32_t TMSI_EXP_TIME;
-};
-
-template <class W>
-void layout(W& w, FC_TASM& r, const Ctx&) {
-  w(F(TMSI_ZONE_LEN, 4));
-  if (r.TMSI_ZONE_LEN) w(F(TMSI_ZONE, 8u * r.TMSI_ZONE_LEN));
-  w(F(TMSI_CODE, 32), F(TMSI_EXP_TIME, 24));
-}
-
 // PACA Message (3.7.2.3.2.20): seven reserved bits, then the queue report.
 struct FC_PACAM {
   std::uint8_t PURPOSE;
@@ -176,7 +161,7 @@ Rows paging_addressed_rows() {
       {12, "FNM", body_ops<FC_FNM>(), kAddressedPdu, kAddressedSdu},
       {15, "STRQM", body_ops<FC_STRQM>(), kAddressedPdu, kAddressedSdu},
       {16, "SRDM", body_ops<FC_SRDM>(), kAddressedPdu, kAddressedSdu},
-      {19, "TASM", body_ops<FC_TASM>(), kAddressedPdu, kAddressedSdu},
+      {19, "TASM", body_ops<fwd::TmsiAssignment>(), kAddressedPdu, kAddressedSdu},
       {20, "PACAM", body_ops<FC_PACAM>(), kAddressedPdu, kAddressedSdu},
       {28, "UZRM", body_ops<FC_UZRM>(), kBroadcastPdu, kAddressedSdu},
       {34, "SMCM", body_ops<FC_SMCM>(), kAddressedPdu, kAddressedSdu},

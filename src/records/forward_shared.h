@@ -46,6 +46,24 @@ void layout(W& w, SsdUpdate& r, const Ctx&) {
   w(F(RANDSSD, 56));
 }
 
+// TMSI Assignment Message (3.7.2.3.2.19 and 3.7.3.3.2.22, the same fields on both channels).
+// Each field is checked on its own, as the message lists them, so a message that ends inside
+// TMSI_EXP_TIME still shows the code it carried.
+struct TmsiAssignment {
+  std::uint8_t TMSI_ZONE_LEN;
+  Bytes TMSI_ZONE;
+  std::uint32_t TMSI_CODE;
+  std::uint32_t TMSI_EXP_TIME;
+};
+
+template <class W>
+void layout(W& w, TmsiAssignment& r, const Ctx&) {
+  w(F(TMSI_ZONE_LEN, 4));
+  if (r.TMSI_ZONE_LEN) w(F(TMSI_ZONE, 8u * r.TMSI_ZONE_LEN));
+  w(F(TMSI_CODE, 32));
+  w(F(TMSI_EXP_TIME, 24));
+}
+
 // The shared groups below return whether the walk goes on (the empty group `w()` is false
 // once the reader has stopped), for callers that have more than verbs to run after them.
 
