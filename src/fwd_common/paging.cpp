@@ -217,28 +217,26 @@ void layout(W& w, FC_PCH_ECAM_PDU_ExtChanAssignRecord& r, const Ctx& c) {
   assign_record(w, r, c, 21);
 }
 
-namespace {
-Ctx with_pd(const Ctx& c, std::uint8_t pd) {
-  Ctx r = c;
-  r.pd = pd;
-  return r;
+// PD, MSG_ID and the assignment records of a CAM or ECAM PDU; the records take the PDU's PD,
+// which selects their integrity and encryption fields. `min_bits` is the smallest record of
+// the kind (see one_record).
+template <class W, class P, class Rec>
+void assignment_pdu(W& w, P& r, const char* label, PoolArray<Rec>& records, std::uint64_t min_bits, const Ctx& c) {
+  w(F(PD, 2), F(MSG_ID, 6));
+  Ctx rc = c;
+  rc.pd = r.PD;
+  w.list_to_end(label, records, [min_bits](std::uint64_t left) { return one_record(left, min_bits); }, rc);
+  w.align(8, 2);   // reported length, as for the broadcast PDU
 }
-}  // namespace
 
 template <class W>
 void layout(W& w, FC_PCH_CAM_PDU& r, const Ctx& c) {
-  w(F(PD, 2), F(MSG_ID, 6));
-  w.list_to_end("AssignmentRecords", r.AssignmentRecords,
-                [](std::uint64_t left) { return one_record(left, 45); }, with_pd(c, r.PD));
-  w.align(8, 2);   // reported length, as for the broadcast PDU
+  assignment_pdu(w, r, "AssignmentRecords", r.AssignmentRecords, 45, c);
 }
 
 template <class W>
 void layout(W& w, FC_PCH_ECAM_PDU& r, const Ctx& c) {
-  w(F(PD, 2), F(MSG_ID, 6));
-  w.list_to_end("ExtChanAssignRecord", r.ExtChanAssignRecord,
-                [](std::uint64_t left) { return one_record(left, 49); }, with_pd(c, r.PD));
-  w.align(8, 2);   // reported length, as for the broadcast PDU
+  assignment_pdu(w, r, "ExtChanAssignRecord", r.ExtChanAssignRecord, 49, c);
 }
 
 template <class W>
