@@ -523,7 +523,8 @@ struct EcamPacketData {   // '101'
 template <class W>
 void set_points(W& w, u8& init, u8& fer, u8& min, u8& max, bool dcch) {
   w(field(init, dcch ? "FPC_DCCH_INIT_SETPT" : "FPC_FCH_INIT_SETPT", 8),
-    field(fer, dcch ? "FPC_DCCH_FER" : "FPC_FCH_FER", 5), field(min, dcch ? "FPC_DCCH_MIN_SETPT" : "FPC_FCH_MIN_SETPT", 8),
+    field(fer, dcch ? "FPC_DCCH_FER" : "FPC_FCH_FER", 5),
+    field(min, dcch ? "FPC_DCCH_MIN_SETPT" : "FPC_FCH_MIN_SETPT", 8),
     field(max, dcch ? "FPC_DCCH_MAX_SETPT" : "FPC_FCH_MAX_SETPT", 8));
 }
 

@@ -241,7 +241,7 @@ void layout(W& w, FC_PCH_ECAM_PDU& r, const Ctx& c) {
 
 template <class W>
 void layout(W& w, L2_GPM_COMMON_FIELDS& r, const Ctx&) {
-  // reserved
+  // Four reserved bits stand between BROADCAST_DONE and ADD_LENGTH.
   w(F(CONFIG_MSG_SEQ, 6), F(ACC_MSG_SEQ, 6), F(CLASS_0_DONE, 1), F(CLASS_1_DONE, 1), F(TMSI_DONE, 1),
     F(ORDERED_TMSIS, 1), F(BROADCAST_DONE, 1), reserved(4), F(ADD_LENGTH, 3));
   w(F(ADD_PFIELD, 8u * r.ADD_LENGTH));
