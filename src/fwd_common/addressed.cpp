@@ -22,9 +22,11 @@ void layout(W& w, FC_FNM& r, const Ctx& c) {
   w.list_to_end("INFO_RECs", "FWD_USER_INFO_REC", r.INFO_RECs, info_rec_capacity, c);
 }
 
-// Status Request Message (3.7.2.3.2.15). The qualification fields fill QUAL_INFO_LEN octets:
-// type 1 names a band class, type 2 a band class and an operating mode; what a type does not
-// use of its octets is padding.
+// Status Request Message (3.7.2.3.2.15). Four reserved bits lead the message on this channel
+// (the traffic channel's Status Request Message has none). The qualification fields fill
+// QUAL_INFO_LEN octets: type 1 names a band class, type 2 a band class and an operating mode;
+// what a type does not use of its octets is reserved. The declared octets are one group with
+// the fields they hold, so a message cut inside them reads none of them.
 struct FC_STRQM {
   std::uint8_t QUAL_INFO_TYPE;
   std::uint8_t QUAL_INFO_LEN;
@@ -36,20 +38,17 @@ struct FC_STRQM {
 
 template <class W>
 void layout(W& w, FC_STRQM& r, const Ctx&) {
-  w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
+  w(reserved(4), F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
   const std::uint32_t declared = 8u * r.QUAL_INFO_LEN;
-  if (!w.need(declared)) return;
-  std::uint32_t used = 0;
   // A field is read only when the declared length holds it.
-  if ((r.QUAL_INFO_TYPE == 1 || r.QUAL_INFO_TYPE == 2) && declared >= 5) {
-    w.u(r.BAND_CLASS, "BAND_CLASS", 5);
-    used = 5;
-    if (r.QUAL_INFO_TYPE == 2 && declared >= 13) {
-      w.u(r.OP_MODE, "OP_MODE", 8);
-      used = 13;
-    }
+  const bool band = (r.QUAL_INFO_TYPE == 1 || r.QUAL_INFO_TYPE == 2) && declared >= 8;
+  if (band && r.QUAL_INFO_TYPE == 2 && declared >= 16) {
+    w(F(BAND_CLASS, 5), F(OP_MODE, 8), reserved(declared - 13));
+  } else if (band) {
+    w(F(BAND_CLASS, 5), reserved(declared - 5));
+  } else {
+    w(reserved(declared));
   }
-  w.skip(declared - used);
   w(F(NUM_FIELDS, 4));
   w.scalars("RECORD_TYPE", r.RECORD_TYPE, r.NUM_FIELDS, 8);
 }
@@ -103,21 +102,6 @@ void layout(W& w, FC_SRDM& r, const Ctx& c) {
       break;   // an unknown record is skipped whole
   }
   if (used < declared) w(reserved(declared - used));
-}
-
-// TMSI Assignment Message (3.7.2.3.2.19).
-struct FC_TASM {
-  std::uint8_t TMSI_ZONE_LEN;
-  Bytes TMSI_ZONE;
-  std::uint32_t TMSI_CODE;
-  std::uint32_t TMSI_EXP_TIME;
-};
-
-template <class W>
-void layout(W& w, FC_TASM& r, const Ctx&) {
-  w(F(TMSI_ZONE_LEN, 4));
-  if (r.TMSI_ZONE_LEN) w(F(TMSI_ZONE, 8u * r.TMSI_ZONE_LEN));
-  w(F(TMSI_CODE, 32), F(TMSI_EXP_TIME, 24));
 }
 
 // PACA Message (3.7.2.3.2.20): seven reserved bits, then the queue report.
@@ -177,7 +161,7 @@ Rows paging_addressed_rows() {
       {12, "FNM", body_ops<FC_FNM>(), kAddressedPdu, kAddressedSdu},
       {15, "STRQM", body_ops<FC_STRQM>(), kAddressedPdu, kAddressedSdu},
       {16, "SRDM", body_ops<FC_SRDM>(), kAddressedPdu, kAddressedSdu},
-      {19, "TASM", body_ops<FC_TASM>(), kAddressedPdu, kAddressedSdu},
+      {19, "TASM", body_ops<fwd::TmsiAssignment>(), kAddressedPdu, kAddressedSdu},
       {20, "PACAM", body_ops<FC_PACAM>(), kAddressedPdu, kAddressedSdu},
       {28, "UZRM", body_ops<FC_UZRM>(), kBroadcastPdu, kAddressedSdu},
       {34, "SMCM", body_ops<FC_SMCM>(), kAddressedPdu, kAddressedSdu},

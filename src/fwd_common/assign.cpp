@@ -181,19 +181,12 @@ void layout(W& w, EcamTraffic& r, const Ctx& c) {
   w(F(FREQ_INCL, 1), F(DEFAULT_CONFIG, 3), F(BYPASS_ALERT_ANSWER, 1), reserved(1), F(NUM_PILOTS, 3),
     F(GRANTED_MODE, 2), F(FRAME_OFFSET, 4), F(ENCRYPT_MODE, 2));
   if (r.FREQ_INCL) w(F(BAND_CLASS, 5), F(CDMA_FREQ, 11));
-  if (!w.records("PILOTs", r.PILOTs, r.NUM_PILOTS + 1u, c)) return;
+  w.records("PILOTs", r.PILOTs, r.NUM_PILOTS + 1u, c);
   if (c.p_rev < 6) return;
   // The fundamental channel's radio configurations and outer loop power control of IS-2000.
-  if (!w.need(49)) return;
-  w.u(r.FOR_FCH_RC, "FOR_FCH_RC", 5);
-  w.u(r.REV_FCH_RC, "REV_FCH_RC", 5);
-  w.u(r.FPC_FCH_INIT_SETPT, "FPC_FCH_INIT_SETPT", 8);
-  w.u(r.FPC_SUBCHAN_GAIN, "FPC_SUBCHAN_GAIN", 5);
-  w.u(r.RLGAIN_ADJ, "RLGAIN_ADJ", 4);
-  w.u(r.FPC_FCH_FER, "FPC_FCH_FER", 5);
-  w.u(r.FPC_FCH_MIN_SETPT, "FPC_FCH_MIN_SETPT", 8);
-  w.u(r.FPC_FCH_MAX_SETPT, "FPC_FCH_MAX_SETPT", 8);
-  if (!fwd::rev_fch_gating(w, r)) return;
+  w(F(FOR_FCH_RC, 5), F(REV_FCH_RC, 5), F(FPC_FCH_INIT_SETPT, 8), F(FPC_SUBCHAN_GAIN, 5), F(RLGAIN_ADJ, 4),
+    F(FPC_FCH_FER, 5), F(FPC_FCH_MIN_SETPT, 8), F(FPC_FCH_MAX_SETPT, 8));
+  fwd::rev_fch_gating(w, r);
   encryption_fields(w, r, c);
   integrity_and_plcm_fields(w, r, c);
 }
@@ -223,16 +216,14 @@ struct EcamCtx : Ctx {
 };
 
 // PILOT_PN and the optional additional pilot record that open a pilot record of modes '100' and
-// '101'; `header` names the nested record after its parent.
+// '101'.
 template <class W, class P>
-bool pilot_head(W& w, P& r, const Ctx& c, const char* header) {
-  if (!w(F(PILOT_PN, 9), F(ADD_PILOT_REC_INCL, 1))) return false;
-  if (!r.ADD_PILOT_REC_INCL) return true;
-  if (!w(F(PILOT_REC_TYPE, 3), F(RECORD_LEN, 3))) return false;
-  fwd::AddPilotCtx ac;
-  static_cast<Ctx&>(ac) = c;
-  ac.pilot_rec_type = r.PILOT_REC_TYPE;
-  return w.sized("ADD_PILOT_REC", header, r.ADD_PILOT_REC, r.RECORD_LEN * 8u, ac);
+void pilot_head(W& w, P& r, const Ctx& c) {
+  w(F(PILOT_PN, 9), F(ADD_PILOT_REC_INCL, 1));
+  if (!r.ADD_PILOT_REC_INCL) return;
+  w(F(PILOT_REC_TYPE, 3), F(RECORD_LEN, 3));
+  const fwd::AddPilotCtx ac{c, r.PILOT_REC_TYPE};
+  w.sized("ADD_PILOT_REC", r.ADD_PILOT_REC, r.RECORD_LEN * 8u, ac);
 }
 
 // One active set pilot: the code channels present are those of the channels assigned, which
@@ -252,15 +243,10 @@ struct ChIndCtx : Ctx {
 };
 template <class W>
 void layout(W& w, Am4PilotRec& r, const ChIndCtx& c) {
-  const unsigned ch_ind = c.ch_ind;
-  if (!pilot_head(w, r, c, "FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_PILOT_RECs_ADD_PILOT_REC")) return;
+  pilot_head(w, r, c);
   w(F(PWR_COMB_IND, 1));
-  if (ch_ind & 1) {   // fundamental channel
-    w(F(CODE_CHAN_FCH, 11), F(QOF_MASK_ID_FCH, 2));
-  }
-  if (ch_ind & 2) {   // dedicated control channel
-    w(F(CODE_CHAN_DCCH, 11), F(QOF_MASK_ID_DCCH, 2));
-  }
+  if (c.ch_ind & 1) w(F(CODE_CHAN_FCH, 11), F(QOF_MASK_ID_FCH, 2));     // fundamental channel
+  if (c.ch_ind & 2) w(F(CODE_CHAN_DCCH, 11), F(QOF_MASK_ID_DCCH, 2));   // dedicated control channel
 }
 
 // The code channels of one pilot on the lowest and the highest of the three carriers of a 3X
@@ -281,20 +267,10 @@ void layout(W& w, X3ChanRec& r, const X3Ctx& c) {
   static constexpr const char* kDcch[] = {"3X_DCCH_LOW_INCL",  "QOF_MASK_ID_DCCH_LOW",  "CODE_CHAN_DCCH_LOW",
                                           "3X_DCCH_HIGH_INCL", "QOF_MASK_ID_DCCH_HIGH", "CODE_CHAN_DCCH_HIGH"};
   const char* const* n = c.dcch ? kDcch : kFch;
-  if (!w.need(1)) return;
-  w.u(r.LOW_INCL, n[0], 1);
-  if (r.LOW_INCL) {
-    if (!w.need(13)) return;
-    w.u(r.QOF_MASK_ID_LOW, n[1], 2);
-    w.u(r.CODE_CHAN_LOW, n[2], 11);
-  }
-  if (!w.need(1)) return;
-  w.u(r.HIGH_INCL, n[3], 1);
-  if (r.HIGH_INCL) {
-    if (!w.need(13)) return;
-    w.u(r.QOF_MASK_ID_HIGH, n[4], 2);
-    w.u(r.CODE_CHAN_HIGH, n[5], 11);
-  }
+  w(field(r.LOW_INCL, n[0], 1));
+  if (r.LOW_INCL) w(field(r.QOF_MASK_ID_LOW, n[1], 2), field(r.CODE_CHAN_LOW, n[2], 11));
+  w(field(r.HIGH_INCL, n[3], 1));
+  if (r.HIGH_INCL) w(field(r.QOF_MASK_ID_HIGH, n[4], 2), field(r.CODE_CHAN_HIGH, n[5], 11));
 }
 
 struct Am4ChRecord {
@@ -314,21 +290,17 @@ struct Am4Ctx : Ctx {
 // Release A closes the channel record with the 3X code channels of every pilot: first those of
 // the fundamental channel, then those of the dedicated control channel, each under its flag.
 template <class W>
-void x3_channels(W& w, u8& incl, const char* incl_name, PoolArray<X3ChanRec>& recs, const char* label,
-                 const char* header, bool dcch, const Am4Ctx& c) {
-  if (!w.need(1)) return;
-  w.u(incl, incl_name, 1);
+void x3_channels(W& w, u8& incl, const char* incl_name, PoolArray<X3ChanRec>& recs, const char* label, bool dcch,
+                 const Am4Ctx& c) {
+  w(field(incl, incl_name, 1));
   if (!incl) return;
-  X3Ctx xc;
-  static_cast<Ctx&>(xc) = c;
-  xc.dcch = dcch;
-  w.records(label, header, recs, c.num_pilots + 1u, xc);
+  const X3Ctx xc{c, dcch};
+  w.records(label, recs, c.num_pilots + 1u, xc);
 }
 
 template <class W>
 void layout(W& w, Am4ChRecord& r, const Am4Ctx& c) {
-  const auto& mc = c;
-  switch (mc.ch_ind) {
+  switch (c.ch_ind) {
     case 1:
       w(F(FPC_FCH_INIT_SETPT, 8), F(FPC_FCH_FER, 5), F(FPC_FCH_MIN_SETPT, 8), F(FPC_FCH_MAX_SETPT, 8));
       break;
@@ -343,19 +315,11 @@ void layout(W& w, Am4ChRecord& r, const Am4Ctx& c) {
     default:
       return;   // '00' assigns no fundicated channel here
   }
-  ChIndCtx pc;
-  static_cast<Ctx&>(pc) = c;
-  pc.ch_ind = mc.ch_ind;
-  if (!w.records("PILOT_RECs", r.PILOT_RECs,
-                 mc.num_pilots + 1u, pc))
-    return;
+  const ChIndCtx pc{c, c.ch_ind};
+  w.records("PILOT_RECs", r.PILOT_RECs, c.num_pilots + 1u, pc);
   if (c.p_rev < 7) return;
-  if (mc.ch_ind & 1)
-    x3_channels(w, r.X3_FCH_INFO_INCL, "3X_FCH_INFO_INCL", r.X3_FCH_RECs, "3X_FCH_RECs",
-                "FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_3X_FCH_RECs", false, c);
-  if (mc.ch_ind & 2)
-    x3_channels(w, r.X3_DCCH_INFO_INCL, "3X_DCCH_INFO_INCL", r.X3_DCCH_RECs, "3X_DCCH_RECs",
-                "FC_ECAM_ECAM_ASSIGN_MODE_100_CH_RECORD_FIELDS_3X_DCCH_RECs", true, c);
+  if (c.ch_ind & 1) x3_channels(w, r.X3_FCH_INFO_INCL, "3X_FCH_INFO_INCL", r.X3_FCH_RECs, "3X_FCH_RECs", false, c);
+  if (c.ch_ind & 2) x3_channels(w, r.X3_DCCH_INFO_INCL, "3X_DCCH_INFO_INCL", r.X3_DCCH_RECs, "3X_DCCH_RECs", true, c);
 }
 
 // Fields shared by modes '100' and '101'.
@@ -396,12 +360,8 @@ void assignment_tail(W& w, R& r, const EcamCtx& c) {
     }
   }
   if (c.p_rev < 10 || !c.direct_ch_assign_ind) return;
-  if (!w.need(15)) return;
-  w.u(r.CONFIG_MSG_SEQ, "CONFIG_MSG_SEQ", 6);
-  w.u(r.RTC_NOM_PWR, "RTC_NOM_PWR", 5);
-  w.u(r.RESPOND_IND, "RESPOND_IND", 1);
-  w.u(r.DIRECT_CH_ASSIGN_RECOVER_IND, "DIRECT_CH_ASSIGN_RECOVER_IND", 1);
-  w.u(r.FIXED_PREAMBLE_TRANSMIT_IND, "FIXED_PREAMBLE_TRANSMIT_IND", 1);
+  w(F(CONFIG_MSG_SEQ, 6), F(RTC_NOM_PWR, 5), F(RESPOND_IND, 1), F(DIRECT_CH_ASSIGN_RECOVER_IND, 1),
+    F(FIXED_PREAMBLE_TRANSMIT_IND, 1));
   if (r.FIXED_PREAMBLE_TRANSMIT_IND) w(F(NUM_PREAMBLE, 3));
 }
 
@@ -427,14 +387,9 @@ void layout(W& w, EcamTrafficIs2000& r, const EcamCtx& c) {
   bypass_grant_restore(w, r, c);
   w(F(DEFAULT_CONFIG, 3), F(FOR_RC, 5), F(REV_RC, 5), F(FRAME_OFFSET, 4), F(ENCRYPT_MODE, 2), F(FPC_SUBCHAN_GAIN, 5),
     F(RLGAIN_ADJ, 4), F(NUM_PILOTS, 3), F(CH_IND, 2), F(CH_RECORD_LEN, 5));
-  Am4Ctx mc;
-  static_cast<Ctx&>(mc) = c;
-  mc.ch_ind = r.CH_IND;
-  mc.num_pilots = r.NUM_PILOTS;
-  if (!w.sized("CH_RECORD_FIELDS", r.CH_RECORD_FIELDS,
-               r.CH_RECORD_LEN * 8u, mc))
-    return;
-  if (!fwd::rev_fch_gating(w, r)) return;
+  const Am4Ctx mc{c, r.CH_IND, r.NUM_PILOTS};
+  w.sized("CH_RECORD_FIELDS", r.CH_RECORD_FIELDS, r.CH_RECORD_LEN * 8u, mc);
+  fwd::rev_fch_gating(w, r);
   encryption_fields(w, r, c);
   if (c.p_rev >= 7) {
     // A 3X forward link may pair with a 1X reverse link on one of its three carriers.
@@ -519,7 +474,7 @@ struct Am5Ctx : Ctx {
 template <class W>
 void layout(W& w, Am5PilotRec& r, const Am5Ctx& c) {
   const ExtChInd ch = ext_ch_ind(c.ext_ch_ind, c.p_rev);
-  if (!pilot_head(w, r, c, "FC_ECAM_ECAM_ASSIGN_MODE_101_PILOT_RECs_ADD_PILOT_REC")) return;
+  pilot_head(w, r, c);
   w(F(FOR_PDCH_INCL, 1));
   if (r.FOR_PDCH_INCL) {
     // The control channel Walsh codes come with the forward packet data channel parameters.
@@ -567,11 +522,10 @@ struct EcamPacketData {   // '101'
 // Outer loop set points of one channel: initial, target frame error rate, minimum, maximum.
 template <class W>
 void set_points(W& w, u8& init, u8& fer, u8& min, u8& max, bool dcch) {
-  if (!w.need(29)) return;
-  w.u(init, dcch ? "FPC_DCCH_INIT_SETPT" : "FPC_FCH_INIT_SETPT", 8);
-  w.u(fer, dcch ? "FPC_DCCH_FER" : "FPC_FCH_FER", 5);
-  w.u(min, dcch ? "FPC_DCCH_MIN_SETPT" : "FPC_FCH_MIN_SETPT", 8);
-  w.u(max, dcch ? "FPC_DCCH_MAX_SETPT" : "FPC_FCH_MAX_SETPT", 8);
+  w(field(init, dcch ? "FPC_DCCH_INIT_SETPT" : "FPC_FCH_INIT_SETPT", 8),
+    field(fer, dcch ? "FPC_DCCH_FER" : "FPC_FCH_FER", 5),
+    field(min, dcch ? "FPC_DCCH_MIN_SETPT" : "FPC_FCH_MIN_SETPT", 8),
+    field(max, dcch ? "FPC_DCCH_MAX_SETPT" : "FPC_FCH_MAX_SETPT", 8));
 }
 
 template <class W>
@@ -586,7 +540,7 @@ void layout(W& w, EcamPacketData& r, const EcamCtx& c) {
   if (ch.for_fch || ch.for_dcch) {   // forward power control subchannel on a fundicated channel
     w(F(FPC_SUBCHAN_GAIN, 5));
   }
-  if (ch.rev_fch && !fwd::rev_fch_gating(w, r)) return;
+  if (ch.rev_fch) fwd::rev_fch_gating(w, r);
   w(F(FULL_CI_FEEDBACK_IND, 1));
   // Release D follows with the rate and update rate of the common power control channel when
   // one is assigned. Their widths are not decoded here, so the record is refused (result 1)
@@ -626,13 +580,8 @@ void layout(W& w, EcamPacketData& r, const EcamCtx& c) {
     (void)w.reject(Rc::count);
     return;
   }
-  Am5Ctx pc;
-  static_cast<Ctx&>(pc) = c;
-  pc.ext_ch_ind = r.EXT_CH_IND;
-  pc.for_pdch_params_incl = r.FOR_PDCH_PARAMS_INCL;
-  pc.pdch_group_ind_incl = r.PDCH_GROUP_IND_INCL;
-  if (!w.records("PILOT_RECs", r.PILOT_RECs, r.NUM_PILOTS + 1u, pc))
-    return;
+  const Am5Ctx pc{c, r.EXT_CH_IND, r.FOR_PDCH_PARAMS_INCL, r.PDCH_GROUP_IND_INCL};
+  w.records("PILOT_RECs", r.PILOT_RECs, r.NUM_PILOTS + 1u, pc);
   assignment_tail(w, r, c);
 }
 
@@ -650,21 +599,16 @@ struct FC_ECAM {
 
 template <class W>
 void layout(W& w, FC_ECAM& r, const Ctx& c) {
-  if (!w.need(11)) return;
   // IS-95B moved the record length in front of the mode.
   if (c.p_rev < 5) {
-    w.u(r.ASSIGN_MODE, "ASSIGN_MODE", 3);
-    w.u(r.ADD_RECORD_LEN, "ADD_RECORD_LEN", 8);
+    w(F(ASSIGN_MODE, 3), F(ADD_RECORD_LEN, 8));
   } else {
-    w.u(r.ADD_RECORD_LEN, "ADD_RECORD_LEN", 8);
-    w.u(r.ASSIGN_MODE, "ASSIGN_MODE", 3);
+    w(F(ADD_RECORD_LEN, 8), F(ASSIGN_MODE, 3));
   }
   const bool is2000_traffic = r.ASSIGN_MODE == 4 || r.ASSIGN_MODE == 5;
   if (c.p_rev >= 11 && is2000_traffic) w(F(DIRECT_CH_ASSIGN_IND, 1), F(RESERVED_2, 4));
-  EcamCtx ec;
-  static_cast<Ctx&>(ec) = c;
   // Only a P_REV 11 header carries the indicator; the printer re-tests what the reader saw.
-  ec.direct_ch_assign_ind = c.p_rev >= 11 && is2000_traffic ? r.DIRECT_CH_ASSIGN_IND : 0;
+  const EcamCtx ec{c, static_cast<u8>(c.p_rev >= 11 && is2000_traffic ? r.DIRECT_CH_ASSIGN_IND : 0)};
   switch (r.ASSIGN_MODE) {
     case 0: w.sub("ECAM_ASSIGN_MODE_000", r.m000, c); break;
     case 1: w.sub("ECAM_ASSIGN_MODE_001", r.m001, c); break;

@@ -47,50 +47,28 @@ std::uint32_t one_record(std::uint64_t left, std::uint64_t record_bits) {
 // ---------------------------------------------------------------------------------------
 // Address field
 
-// IMSI address (C.S0005 IMSI field of the address): class, type, reserved bits that keep
-// IMSI_S on an octet boundary from the start of the address, then the digits.
+// IMSI address (C.S0004 IMSI address field): class, type, then by type the reserved bits that
+// keep IMSI_S on an octet boundary from the start of the address, MCC and IMSI_11_12 as the
+// type says, and the 34-bit IMSI_S. Each form is one group, IMSI_S included.
 template <class W>
 void imsi_address(W& w, FC_ADDRESS& r) {
   w(F(IMSI_CLASS, 1));
   if (r.IMSI_CLASS == 0) {
     w(F(IMSI_CLASS_0_TYPE, 2));
     switch (r.IMSI_CLASS_0_TYPE) {
-      case 0:
-        if (!w.need(3 + 34)) return;
-        w.skip(3);   // reserved
-        break;
-      case 1:
-        if (!w.need(4 + 7 + 34)) return;
-        w.skip(4);   // reserved
-        w.u(r.IMSI_11_12, "IMSI_11_12", 7);
-        break;
-      case 2:
-        if (!w.need(1 + 10 + 34)) return;
-        w.skip(1);   // reserved
-        w.u(r.MCC, "MCC", 10);
-        break;
-      default:
-        if (!w.need(2 + 10 + 7 + 34)) return;
-        w.skip(2);   // reserved
-        w.u(r.MCC, "MCC", 10);
-        w.u(r.IMSI_11_12, "IMSI_11_12", 7);
-        break;
+      case 0: w(reserved(3), F(IMSI_S, 34)); break;
+      case 1: w(reserved(4), F(IMSI_11_12, 7), F(IMSI_S, 34)); break;
+      case 2: w(reserved(1), F(MCC, 10), F(IMSI_S, 34)); break;
+      default: w(reserved(2), F(MCC, 10), F(IMSI_11_12, 7), F(IMSI_S, 34)); break;
     }
-  } else {
-    w(F(IMSI_CLASS_1_TYPE, 1));
-    if (r.IMSI_CLASS_1_TYPE == 0) {
-      if (!w.need(2 + 3 + 7 + 34)) return;
-      w.skip(2);   // reserved
-      w.u(r.IMSI_ADDR_NUM, "IMSI_ADDR_NUM", 3);
-      w.u(r.IMSI_11_12, "IMSI_11_12", 7);
-    } else {
-      if (!w.need(3 + 10 + 7 + 34)) return;
-      w.u(r.IMSI_ADDR_NUM, "IMSI_ADDR_NUM", 3);
-      w.u(r.MCC, "MCC", 10);
-      w.u(r.IMSI_11_12, "IMSI_11_12", 7);
-    }
+    return;
   }
-  w.bits(r.IMSI_S, "IMSI_S", 34);
+  w(F(IMSI_CLASS_1_TYPE, 1));
+  if (r.IMSI_CLASS_1_TYPE == 0) {
+    w(reserved(2), F(IMSI_ADDR_NUM, 3), F(IMSI_11_12, 7), F(IMSI_S, 34));
+  } else {
+    w(F(IMSI_ADDR_NUM, 3), F(MCC, 10), F(IMSI_11_12, 7), F(IMSI_S, 34));
+  }
 }
 
 template <class W>
@@ -108,12 +86,11 @@ void layout(W& w, FC_ADDRESS& r, const Ctx&) {
       imsi_address(w, r);
       return;
     case 3:
-      if (!w.need(8 * octets)) return;
+      // Up to four octets are the code alone; a longer address leads with the zone.
       if (octets < 5) {
-        w.u(r.TMSI_CODE_ADDR, "TMSI_CODE_ADDR", 8 * octets);
+        w(F(TMSI_CODE_ADDR, 8 * octets));
       } else {
-        w.bits(r.TMSI_ZONE, "TMSI_ZONE", 8 * octets - 32);
-        w.u(r.TMSI_CODE_ADDR, "TMSI_CODE_ADDR", 32);
+        w(F(TMSI_ZONE, 8 * octets - 32), F(TMSI_CODE_ADDR, 32));
       }
       return;
     case 4:
@@ -240,33 +217,31 @@ void layout(W& w, FC_PCH_ECAM_PDU_ExtChanAssignRecord& r, const Ctx& c) {
   assign_record(w, r, c, 21);
 }
 
-namespace {
-Ctx with_pd(const Ctx& c, std::uint8_t pd) {
-  Ctx r = c;
-  r.pd = pd;
-  return r;
+// PD, MSG_ID and the assignment records of a CAM or ECAM PDU; the records take the PDU's PD,
+// which selects their integrity and encryption fields. `min_bits` is the smallest record of
+// the kind (see one_record).
+template <class W, class P, class Rec>
+void assignment_pdu(W& w, P& r, const char* label, PoolArray<Rec>& records, std::uint64_t min_bits, const Ctx& c) {
+  w(F(PD, 2), F(MSG_ID, 6));
+  Ctx rc = c;
+  rc.pd = r.PD;
+  w.list_to_end(label, records, [min_bits](std::uint64_t left) { return one_record(left, min_bits); }, rc);
+  w.align(8, 2);   // reported length, as for the broadcast PDU
 }
-}  // namespace
 
 template <class W>
 void layout(W& w, FC_PCH_CAM_PDU& r, const Ctx& c) {
-  w(F(PD, 2), F(MSG_ID, 6));
-  w.list_to_end("AssignmentRecords", r.AssignmentRecords,
-                [](std::uint64_t left) { return one_record(left, 45); }, with_pd(c, r.PD));
-  w.align(8, 2);   // reported length, as for the broadcast PDU
+  assignment_pdu(w, r, "AssignmentRecords", r.AssignmentRecords, 45, c);
 }
 
 template <class W>
 void layout(W& w, FC_PCH_ECAM_PDU& r, const Ctx& c) {
-  w(F(PD, 2), F(MSG_ID, 6));
-  w.list_to_end("ExtChanAssignRecord", r.ExtChanAssignRecord,
-                [](std::uint64_t left) { return one_record(left, 49); }, with_pd(c, r.PD));
-  w.align(8, 2);   // reported length, as for the broadcast PDU
+  assignment_pdu(w, r, "ExtChanAssignRecord", r.ExtChanAssignRecord, 49, c);
 }
 
 template <class W>
 void layout(W& w, L2_GPM_COMMON_FIELDS& r, const Ctx&) {
-  // reserved
+  // Four reserved bits stand between BROADCAST_DONE and ADD_LENGTH.
   w(F(CONFIG_MSG_SEQ, 6), F(ACC_MSG_SEQ, 6), F(CLASS_0_DONE, 1), F(CLASS_1_DONE, 1), F(TMSI_DONE, 1),
     F(ORDERED_TMSIS, 1), F(BROADCAST_DONE, 1), reserved(4), F(ADD_LENGTH, 3));
   w(F(ADD_PFIELD, 8u * r.ADD_LENGTH));

@@ -219,23 +219,6 @@ void layout(W& w, FD_SOCM& r, const Ctx&) {
   w(F(TYPE_SPECIFIC_FIELDS, 8u * r.CTL_REC_LEN));
 }
 
-// ---- TMSI Assignment Message (22) -------------------------------------------------------
-
-struct FD_TASM {
-  std::uint8_t TMSI_ZONE_LEN;
-  Bytes TMSI_ZONE;
-  std::uint32_t TMSI_CODE;
-  std::uint32_t TMSI_EXP_TIME;
-};
-
-template <class W>
-void layout(W& w, FD_TASM& r, const Ctx&) {
-  w(F(TMSI_ZONE_LEN, 4));
-  if (r.TMSI_ZONE_LEN) w(F(TMSI_ZONE, 8u * r.TMSI_ZONE_LEN));
-  w(F(TMSI_CODE, 32));
-  w(F(TMSI_EXP_TIME, 24));
-}
-
 // ---- Service Redirection Message (23) ---------------------------------------------------
 
 // The redirection record under RECORD_TYPE / RECORD_LEN. `type` is a copy of the message's
@@ -611,7 +594,7 @@ Rows fd_message_rows() {
       {18, "SRQM", body_ops<FD_SRQM>()},
       {19, "SRPM", body_ops<FD_SRPM>()},
       {21, "SOCM", body_ops<FD_SOCM>()},
-      {22, "TASM", body_ops<FD_TASM>()},
+      {22, "TASM", body_ops<fwd::TmsiAssignment>()},
       {23, "SRDM", body_ops<FD_SRDM>()},
       {33, "ERM", body_ops<FD_ERM>()},
       {37, "UZRM", body_ops<FD_UZRM>()},

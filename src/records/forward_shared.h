@@ -56,25 +56,45 @@ void layout(W& w, SsdUpdate& r, const Ctx&) {
   w(F(RANDSSD, 56));
 }
 
+// TMSI Assignment Message (3.7.2.3.2.19 and 3.7.3.3.2.22, the same fields on both channels).
+// Each field is checked on its own, as the message lists them, so a message that ends inside
+// TMSI_EXP_TIME still shows the code it carried.
+struct TmsiAssignment {
+  std::uint8_t TMSI_ZONE_LEN;
+  Bytes TMSI_ZONE;
+  std::uint32_t TMSI_CODE;
+  std::uint32_t TMSI_EXP_TIME;
+};
+
+template <class W>
+void layout(W& w, TmsiAssignment& r, const Ctx&) {
+  w(F(TMSI_ZONE_LEN, 4));
+  if (r.TMSI_ZONE_LEN) w(F(TMSI_ZONE, 8u * r.TMSI_ZONE_LEN));
+  w(F(TMSI_CODE, 32));
+  w(F(TMSI_EXP_TIME, 24));
+}
+
+// The shared groups below return whether the walk goes on (the empty group `w()` is false
+// once the reader has stopped), for callers that have more than verbs to run after them.
+
 // REV_FCH_GATING_MODE with the reverse power control delay it enables: the channel assignment
 // and handoff messages that set up a reverse Fundamental Channel carry it alike.
 template <class W, class R>
 bool rev_fch_gating(W& w, R& r) {
-  if (!w(F(REV_FCH_GATING_MODE, 1))) return false;
-  if (!r.REV_FCH_GATING_MODE) return true;
-  if (!w(F(REV_PWR_CNTL_DELAY_INCL, 1))) return false;
-  if (!r.REV_PWR_CNTL_DELAY_INCL) return true;
-  if (!w(F(REV_PWR_CNTL_DELAY, 2))) return false;
-  return true;
+  w(F(REV_FCH_GATING_MODE, 1));
+  if (r.REV_FCH_GATING_MODE) {
+    w(F(REV_PWR_CNTL_DELAY_INCL, 1));
+    if (r.REV_PWR_CNTL_DELAY_INCL) w(F(REV_PWR_CNTL_DELAY, 2));
+  }
+  return w();
 }
 
 // TX_PWR_LIMIT_INCL and the transmit power limit it brings (overhead and assignment messages).
 template <class W, class R>
 bool tx_pwr_limit(W& w, R& r) {
-  if (!w(F(TX_PWR_LIMIT_INCL, 1))) return false;
-  if (!r.TX_PWR_LIMIT_INCL) return true;
-  if (!w(F(TX_PWR_LIMIT, 6))) return false;
-  return true;
+  w(F(TX_PWR_LIMIT_INCL, 1));
+  if (r.TX_PWR_LIMIT_INCL) w(F(TX_PWR_LIMIT, 6));
+  return w();
 }
 
 // Authentication Request Message: the AKA challenge, a random number and the authentication
@@ -97,19 +117,13 @@ void layout(W& w, AuthRequest& r, const Ctx&) {
 // channel's neighbour list update carries no RESQ_NUM_PREAMBLE_RC1_RC2.
 template <bool kRc1Rc2Preamble, class W, class R>
 bool call_rescue(W& w, R& r) {
-  if (!w(F(RESQ_DELAY_TIME, 6), F(RESQ_ALLOWED_TIME, 6), F(RESQ_ATTEMPT_TIME, 6), F(RESQ_CODE_CHAN, 11),
-         F(RESQ_QOF, 2), F(RESQ_MIN_PERIOD_INCL, 1))) return false;
-  if (r.RESQ_MIN_PERIOD_INCL) {
-    if (!w(F(RESQ_MIN_PERIOD, 5))) return false;
-  }
-  if (!w(F(RESQ_NUM_TOT_TRANS_INCL, 1))) return false;
-  if (r.RESQ_NUM_TOT_TRANS_INCL) {
-    if (!w(F(RESQ_NUM_TOT_TRANS_20MS, 4), F(RESQ_NUM_TOT_TRANS_5MS, 4))) return false;
-  }
-  if constexpr (kRc1Rc2Preamble) {
-    if (!w(F(RESQ_NUM_PREAMBLE_RC1_RC2, 3))) return false;
-  }
-  if (!w(F(RESQ_NUM_PREAMBLE, 3), F(RESQ_POWER_DELTA, 3))) return false;
+  w(F(RESQ_DELAY_TIME, 6), F(RESQ_ALLOWED_TIME, 6), F(RESQ_ATTEMPT_TIME, 6), F(RESQ_CODE_CHAN, 11), F(RESQ_QOF, 2),
+    F(RESQ_MIN_PERIOD_INCL, 1));
+  if (r.RESQ_MIN_PERIOD_INCL) w(F(RESQ_MIN_PERIOD, 5));
+  w(F(RESQ_NUM_TOT_TRANS_INCL, 1));
+  if (r.RESQ_NUM_TOT_TRANS_INCL) w(F(RESQ_NUM_TOT_TRANS_20MS, 4), F(RESQ_NUM_TOT_TRANS_5MS, 4));
+  if constexpr (kRc1Rc2Preamble) w(F(RESQ_NUM_PREAMBLE_RC1_RC2, 3));
+  w(F(RESQ_NUM_PREAMBLE, 3), F(RESQ_POWER_DELTA, 3));
   return w.scalars("NGHBR_RESQ_CONFIGURED", r.NGHBR_RESQ_CONFIGURED, r.NUM_NGHBR, 1);
 }
 
@@ -135,11 +149,8 @@ struct AddPilotCtx : Ctx {
 template <class W>
 void aux_walsh(W& w, std::uint8_t& qof, const char* qof_name, std::uint8_t& len, const char* len_name,
                std::uint16_t& code, const char* code_name) {
-  if (!w.need(5)) return;
-  w.u(qof, qof_name, 2);
-  w.u(len, len_name, 3);
-  if (!w.need(len + 6u)) return;
-  w.u(code, code_name, len + 6u);
+  w(field(qof, qof_name, 2), field(len, len_name, 3));
+  w(field(code, code_name, len + 6u));
 }
 
 template <class W>

@@ -115,10 +115,12 @@ struct F_BCMC_ORDER_BCMC_PROGRAMS_FLOW_DISCRIMINATOR_RECORDs {
 };
 template <class W>
 void layout(W& w, F_BCMC_ORDER_BCMC_PROGRAMS_FLOW_DISCRIMINATOR_RECORDs& r, const BcmcCtx& c) {
-  const unsigned len = c.flow_len;
-  if (!w.need(len + 1)) return;
-  if (len != 0) w.u(r.BCMC_FLOW_DISCRIMINATOR, "BCMC_FLOW_DISCRIMINATOR", len);
-  w.u(r.SAME_AS_PREVIOUS_BCMC_FLOW, "SAME_AS_PREVIOUS_BCMC_FLOW", 1);
+  // A zero-width discriminator is not shown.
+  if (c.flow_len != 0) {
+    w(F(BCMC_FLOW_DISCRIMINATOR, c.flow_len), F(SAME_AS_PREVIOUS_BCMC_FLOW, 1));
+  } else {
+    w(F(SAME_AS_PREVIOUS_BCMC_FLOW, 1));
+  }
   if (r.SAME_AS_PREVIOUS_BCMC_FLOW) return;   // reason and delay are the previous flow's
   w(F(CLEAR_RETRY_DELAY, 1));
   if (r.CLEAR_RETRY_DELAY) return;
@@ -134,16 +136,11 @@ struct F_BCMC_ORDER_BCMC_PROGRAMS {
 template <class W>
 void layout(W& w, F_BCMC_ORDER_BCMC_PROGRAMS& r, const Ctx& c) {
   w(F(BCMC_PROGRAM_ID_LEN, 5));
-  if (!w.need(r.BCMC_PROGRAM_ID_LEN + 1u + 3u)) return;
-  w.u(r.BCMC_PROGRAM_ID, "BCMC_PROGRAM_ID", r.BCMC_PROGRAM_ID_LEN + 1u);
-  w.u(r.BCMC_FLOW_DISCRIMINATOR_LEN, "BCMC_FLOW_DISCRIMINATOR_LEN", 3);
+  w(F(BCMC_PROGRAM_ID, r.BCMC_PROGRAM_ID_LEN + 1u), F(BCMC_FLOW_DISCRIMINATOR_LEN, 3));
   // A zero-width discriminator names one flow, the whole program.
   if (r.BCMC_FLOW_DISCRIMINATOR_LEN != 0) w(F(NUM_FLOW_DISCRIMINATOR, r.BCMC_FLOW_DISCRIMINATOR_LEN));
-  BcmcCtx bc;
-  static_cast<Ctx&>(bc) = c;
-  bc.flow_len = r.BCMC_FLOW_DISCRIMINATOR_LEN;
-  w.records("FLOW_DISCRIMINATOR_RECORDs", 
-            r.FLOW_DISCRIMINATOR_RECORDs, r.NUM_FLOW_DISCRIMINATOR + 1u, bc);
+  const BcmcCtx bc{c, r.BCMC_FLOW_DISCRIMINATOR_LEN};
+  w.records("FLOW_DISCRIMINATOR_RECORDs", r.FLOW_DISCRIMINATOR_RECORDs, r.NUM_FLOW_DISCRIMINATOR + 1u, bc);
 }
 
 struct F_BCMC_ORDER {
