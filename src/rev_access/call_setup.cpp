@@ -1,9 +1,8 @@
 // Access channel messages that set up or announce the mobile station (C.S0005 2.7.1.3.2):
 // Registration, Origination and Page Response, and the Reconnect Message.
 //
-// The bodies grew with every revision; each group below is read from the P_REV at which it
-// arrived. Where a later revision goes on with fields this decoder does not know, the
-// message is refused (result 1) after the fields it did read.
+// The bodies grew with every revision; each group below is read from the P_REV in use at
+// which it arrived (IS-95B 4, Release 0 6, A 7, B 8, C 9, E 11, F 12).
 #include "layout/layout.h"
 #include "records/reverse_info_records.h"
 #include "rev_access/tables.h"
@@ -47,7 +46,8 @@ void sync_id(W& w, R& r) {
 template <class W, class R>
 void so_bitmap(W& w, R& r) {
   w(F(SO_BITMAP_IND, 2));
-  if (r.SO_BITMAP_IND) w(F(SO_GROUP_NUM, 5), F(SO_BITMAP, 4u * r.SO_BITMAP_IND));
+  // A bitmap of 4, 8 or 16 service options of the group.
+  if (r.SO_BITMAP_IND) w(F(SO_GROUP_NUM, 5), F(SO_BITMAP, 2u << r.SO_BITMAP_IND));
 }
 
 // Release C message integrity request: the algorithms supported, the key and the sequence
@@ -71,12 +71,136 @@ void for_pdch(W& w, R& r) {
   if (r.CH_IND == 0) w(F(EXT_CH_IND, 5));
 }
 
-// Release D (P_REV 10) and later add fields to these bodies that this decoder does not
-// know: refused after the Release C fields.
+// --- Release E groups --------------------------------------------------------------------
+
+// BCMC flows and programs the mobile station asks for (Origination) or answers a page for
+// (Page Response). A program lists its flows when BCMC_FLOW_DISCRIMINATOR_LEN is non-zero
+// (NUM_FLOW_DISCRIMINATOR + 1 of them), else it is one flow; each flow may carry a preference
+// and an authentication signature. The counts are sent less one.
+struct BcmcCtx : Ctx {
+  u8 pref_incl;       // BCMC_PREF_INCL of the page response
+  u8 auth_sig_incl;   // AUTH_SIGNATURE_INCL
+  u8 flow_len;        // the program's BCMC_FLOW_DISCRIMINATOR_LEN
+};
+
+struct BcmcFlow {
+  u8 BCMC_FLOW_DISCRIMINATOR, BCMC_PREF, AUTH_SIGNATURE_IND, AUTH_SIGNATURE_SAME_IND, BAK_ID;
+  u32 AUTH_SIGNATURE;
+};
 template <class W>
-void refuse_beyond_release_c(W& w, const Ctx& c) {
-  if (c.p_rev >= 10) w.reject(Rc::count);
+void layout(W& w, BcmcFlow& r, const BcmcCtx& c) {
+  if (c.flow_len) w(F(BCMC_FLOW_DISCRIMINATOR, c.flow_len));
+  if (c.pref_incl) w(F(BCMC_PREF, 1));
+  if (!c.auth_sig_incl) return;
+  w(F(AUTH_SIGNATURE_IND, 1));
+  if (!r.AUTH_SIGNATURE_IND) return;
+  w(F(AUTH_SIGNATURE_SAME_IND, 1));
+  if (!r.AUTH_SIGNATURE_SAME_IND) w(F(BAK_ID, 4), F(AUTH_SIGNATURE, 32));
 }
+
+struct BcmcProgram {
+  u8 BCMC_PROGRAM_ID_LEN;
+  u32 BCMC_PROGRAM_ID;
+  u8 BCMC_FLOW_DISCRIMINATOR_LEN, NUM_FLOW_DISCRIMINATOR;
+  PoolArray<BcmcFlow> BCMC_FLOWS;
+};
+template <class W>
+void layout(W& w, BcmcProgram& r, const BcmcCtx& c) {
+  w(F(BCMC_PROGRAM_ID_LEN, 5));
+  w(F(BCMC_PROGRAM_ID, r.BCMC_PROGRAM_ID_LEN + 1u), F(BCMC_FLOW_DISCRIMINATOR_LEN, 3));
+  std::uint32_t flows = 1;
+  if (r.BCMC_FLOW_DISCRIMINATOR_LEN) {
+    w(F(NUM_FLOW_DISCRIMINATOR, r.BCMC_FLOW_DISCRIMINATOR_LEN));
+    flows = r.NUM_FLOW_DISCRIMINATOR + 1u;
+  }
+  BcmcCtx fc = c;
+  fc.flow_len = r.BCMC_FLOW_DISCRIMINATOR_LEN;
+  w.records("BCMC_FLOWS", r.BCMC_FLOWS, flows, fc);
+}
+
+template <class W, class R>
+void bcmc_fields(W& w, R& r, const Ctx& c, bool orig_only_ind, u8 pref_incl) {
+  if (orig_only_ind) w(F(BCMC_ORIG_ONLY_IND, 1));
+  w(F(FUNDICATED_BCMC_SUPPORTED, 1));
+  if (r.FUNDICATED_BCMC_SUPPORTED) {
+    w(F(FUNDICATED_BCMC_CH_SUP_MAP_LEN, 2));
+    w(F(FUNDICATED_BCMC_CH_SUP_MAP, 3u * (r.FUNDICATED_BCMC_CH_SUP_MAP_LEN + 1u)));
+  }
+  w(F(AUTH_SIGNATURE_INCL, 1));
+  if (r.AUTH_SIGNATURE_INCL) {
+    w(F(TIME_STAMP_SHORT_LENGTH, 8));
+    if (r.TIME_STAMP_SHORT_LENGTH) w(F(TIME_STAMP_SHORT, r.TIME_STAMP_SHORT_LENGTH));
+  }
+  w(F(NUM_BCMC_PROGRAMS, 3));
+  BcmcCtx bc;
+  static_cast<Ctx&>(bc) = c;
+  bc.pref_incl = pref_incl;
+  bc.auth_sig_incl = r.AUTH_SIGNATURE_INCL;
+  bc.flow_len = 0;
+  w.records("BCMC_PROGRAMS", r.BCMC_PROGRAMS, r.NUM_BCMC_PROGRAMS + 1u, bc);
+}
+
+// Reverse packet data channel support (offered only beside forward packet data support).
+template <class W, class R>
+void rev_pdch(W& w, R& r) {
+  if (!r.FOR_PDCH_SUPPORTED) return;
+  w(F(REV_PDCH_SUPPORTED, 1));
+  if (!r.REV_PDCH_SUPPORTED) return;
+  w(F(REV_PDCH_LEN, 2));
+  w(F(REV_PDCH_RC_MAP, 3u * (r.REV_PDCH_LEN + 1u)), F(REV_PDCH_CH_CONFIG_SUP_MAP_LEN, 2));
+  w(F(REV_PDCH_CH_CONFIG_SUP_MAP, 3u * (r.REV_PDCH_CH_CONFIG_SUP_MAP_LEN + 1u)),
+    F(REV_PDCH_MAX_SIZE_SUPPORTED_ENCODER_PACKET, 2));
+}
+
+// One bit per band subclass of the band class in use.
+template <class W, class R>
+void band_subclasses(W& w, R& r) {
+  w(F(BAND_SUB_REP_INCL, 1));
+  if (!r.BAND_SUB_REP_INCL) return;
+  w(F(NUM_BAND_SUBCLASS, 4));
+  w.scalars("BAND_SUBCLASS_SUP", r.BAND_SUBCLASS_SUP, r.NUM_BAND_SUBCLASS, 1);
+}
+
+// Release E additional service instances of an origination: with SYNC_ID the stored
+// configuration names the service, otherwise each instance brings its own option and QoS.
+struct AddServCtx : Ctx {
+  u8 sync_id_incl;
+};
+struct AddServInstance {
+  u8 ADD_SR_ID, ADD_DRS, ADD_SERVICE_OPTION_INCL;
+  u16 ADD_SERVICE_OPTION;
+  u8 ADD_QOS_PARMS_INCL, ADD_QOS_PARMS_LEN;
+  Bytes ADD_QOS_PARMS;
+};
+template <class W>
+void layout(W& w, AddServInstance& r, const AddServCtx& c) {
+  w(F(ADD_SR_ID, 3), F(ADD_DRS, 1));
+  if (c.sync_id_incl) return;
+  w(F(ADD_SERVICE_OPTION_INCL, 1));
+  if (r.ADD_SERVICE_OPTION_INCL) w(F(ADD_SERVICE_OPTION, 16));
+  w(F(ADD_QOS_PARMS_INCL, 1));
+  if (!r.ADD_QOS_PARMS_INCL) return;
+  w(F(ADD_QOS_PARMS_LEN, 5));
+  if (r.ADD_QOS_PARMS_LEN) w(F(ADD_QOS_PARMS, 8u * r.ADD_QOS_PARMS_LEN));
+}
+
+// Members of the Release E groups, shared by the Origination and Page Response bodies.
+struct ReleaseEFields {
+  u8 SIGN_SLOT_CYCLE_INDEX, BCMC_INCL, BCMC_PREF_INCL, BCMC_ORIG_ONLY_IND;
+  u8 FUNDICATED_BCMC_SUPPORTED, FUNDICATED_BCMC_CH_SUP_MAP_LEN;
+  u16 FUNDICATED_BCMC_CH_SUP_MAP;
+  u8 AUTH_SIGNATURE_INCL, TIME_STAMP_SHORT_LENGTH;
+  Bytes TIME_STAMP_SHORT;
+  u8 NUM_BCMC_PROGRAMS;
+  PoolArray<BcmcProgram> BCMC_PROGRAMS;
+  u8 REV_PDCH_SUPPORTED, REV_PDCH_LEN;
+  u16 REV_PDCH_RC_MAP;
+  u8 REV_PDCH_CH_CONFIG_SUP_MAP_LEN;
+  u16 REV_PDCH_CH_CONFIG_SUP_MAP;
+  u8 REV_PDCH_MAX_SIZE_SUPPORTED_ENCODER_PACKET;
+  u8 BAND_SUB_REP_INCL, NUM_BAND_SUBCLASS;
+  PoolArray<u8> BAND_SUBCLASS_SUP;
+};
 
 // --- 2.7.1.3.2.1 Registration Message ------------------------------------------------------
 struct RC_RGM {
@@ -103,12 +227,13 @@ void layout(W& w, RC_RGM& r, const Ctx& c) {
     w(F(GEO_LOC_INCL, 1));
     if (r.GEO_LOC_INCL) w(F(GEO_LOC_TYPE, 3));
   }
-  // Release B and later registration fields are not known here.
+  // No public source gives the registration fields Release B and later add after
+  // GEO_LOC_TYPE: refused after what was read rather than guessed.
   if (c.p_rev >= 8) w.reject(Rc::count);
 }
 
 // --- 2.7.1.3.2.4 Origination Message -------------------------------------------------------
-struct RC_ORM {
+struct RC_ORM : ReleaseEFields {
   u8 MOB_TERM, SLOT_CYCLE_INDEX, MOB_P_REV, SCM, REQUEST_MODE, SPECIAL_SERVICE;
   u16 SERVICE_OPTION;
   u8 PM, DIGIT_MODE, NUMBER_TYPE, NUMBER_PLAN, MORE_FIELDS, NUM_FIELDS;
@@ -143,13 +268,19 @@ struct RC_ORM {
   u8 FOR_PDCH_SUPPORTED, ACK_DELAY, NUM_ARQ_CHAN, FOR_PDCH_LEN, CH_CONFIG_SUP_MAP_LEN;
   u16 FOR_PDCH_RC_MAP, CH_CONFIG_SUP_MAP;
   u8 EXT_CH_IND;
+  u8 ADD_SERV_INSTANCE_INCL, NUM_ADD_SERV_INSTANCE;
+  PoolArray<AddServInstance> ADD_SERV_INSTANCES;
+  u8 ADD_GEO_LOC_INCL, ADD_GEO_LOC_TYPE_LEN_IND;
+  u32 ADD_GEO_LOC_TYPE;
 };
 template <class W>
 void layout(W& w, RC_ORM& r, const Ctx& c) {
   w(F(MOB_TERM, 1), F(SLOT_CYCLE_INDEX, 3), F(MOB_P_REV, 8), F(SCM, 8), F(REQUEST_MODE, 3), F(SPECIAL_SERVICE, 1));
   if (r.SPECIAL_SERVICE) w(F(SERVICE_OPTION, 16));
   w(F(PM, 1), F(DIGIT_MODE, 1));
-  if (r.DIGIT_MODE) w(F(NUMBER_TYPE, 3), F(NUMBER_PLAN, 4));
+  // From Release E the number type is sent with DTMF digits too.
+  if (r.DIGIT_MODE || c.p_rev >= 11) w(F(NUMBER_TYPE, 3));
+  if (r.DIGIT_MODE) w(F(NUMBER_PLAN, 4));
   w(F(MORE_FIELDS, 1), F(NUM_FIELDS, 8));
   // Dialled digits: 4-bit DTMF codes, or 8-bit ASCII when DIGIT_MODE is 1.
   w.scalars("CHARi", r.CHARi, r.NUM_FIELDS, r.DIGIT_MODE ? 8 : 4);
@@ -195,11 +326,35 @@ void layout(W& w, RC_ORM& r, const Ctx& c) {
     msg_int_info(w, r);
     for_pdch(w, r);
   }
-  refuse_beyond_release_c(w, c);
+  if (c.p_rev >= 11) {
+    if (r.SLOT_CYCLE_INDEX != 0) w(F(SIGN_SLOT_CYCLE_INDEX, 1));
+    // SR_ID 7 asks for no service instance of its own: no additional ones either.
+    if (r.SR_ID != 7) {
+      w(F(ADD_SERV_INSTANCE_INCL, 1));
+      if (r.ADD_SERV_INSTANCE_INCL) {
+        w(F(NUM_ADD_SERV_INSTANCE, 3));
+        AddServCtx ac;
+        static_cast<Ctx&>(ac) = c;
+        ac.sync_id_incl = r.SYNC_ID_INCL;
+        w.records("ADD_SERV_INSTANCES", r.ADD_SERV_INSTANCES, r.NUM_ADD_SERV_INSTANCE, ac);
+      }
+    }
+    w(F(BCMC_INCL, 1));
+    if (r.BCMC_INCL) bcmc_fields(w, r, c, true, 0);
+    rev_pdch(w, r);
+    band_subclasses(w, r);
+  }
+  if (c.p_rev >= 12) {
+    w(F(ADD_GEO_LOC_INCL, 1));
+    if (r.ADD_GEO_LOC_INCL) {
+      w(F(ADD_GEO_LOC_TYPE_LEN_IND, 1));
+      w(F(ADD_GEO_LOC_TYPE, r.ADD_GEO_LOC_TYPE_LEN_IND ? 24 : 16));
+    }
+  }
 }
 
 // --- 2.7.1.3.2.5 Page Response Message -----------------------------------------------------
-struct RC_PRM {
+struct RC_PRM : ReleaseEFields {
   u8 MOB_TERM, SLOT_CYCLE_INDEX, MOB_P_REV, SCM, REQUEST_MODE;
   u16 SERVICE_OPTION;
   u8 PM, NAR_AN_CAP, ENCRYPTION_SUPPORTED, NUM_ALT_SO;
@@ -255,15 +410,55 @@ void layout(W& w, RC_PRM& r, const Ctx& c) {
     msg_int_info(w, r);
     for_pdch(w, r);
   }
-  refuse_beyond_release_c(w, c);
+  if (c.p_rev >= 11) {
+    if (r.SLOT_CYCLE_INDEX != 0) w(F(SIGN_SLOT_CYCLE_INDEX, 1));
+    w(F(BCMC_INCL, 1));
+    if (r.BCMC_INCL) {
+      w(F(BCMC_PREF_INCL, 1));
+      bcmc_fields(w, r, c, false, r.BCMC_PREF_INCL);
+    }
+    rev_pdch(w, r);
+    band_subclasses(w, r);
+  }
 }
 
-// --- Reconnect Message ---------------------------------------------------------------------
-// No public source at hand gives the widths of its fields: refused as a whole.
-struct RC_RCNM {};
+// --- Reconnect Message (Release E) ----------------------------------------------------------
+// The service to reconnect, named by its stored configuration (SYNC_ID) or its service
+// option; an origination adds its service reference and further instances; a short data
+// burst may ride along.
+struct RC_RCNM {
+  u8 ORIG_IND, SYNC_ID_INCL, SYNC_ID_LEN;
+  Bytes SYNC_ID;
+  u16 SERVICE_OPTION;
+  u8 SR_ID, ADD_SERV_INSTANCE_INCL, NUM_ADD_SERV_INSTANCE;
+  PoolArray<u8> ADD_SR_ID;
+  u8 SDB_INCL, NUM_FIELDS;
+  PoolArray<u8> CHARi;
+};
 template <class W>
-void layout(W& w, RC_RCNM&, const Ctx&) {
-  w.reject(Rc::count);
+void layout(W& w, RC_RCNM& r, const Ctx& c) {
+  w(F(ORIG_IND, 1), F(SYNC_ID_INCL, 1));
+  if (r.SYNC_ID_INCL) {
+    w(F(SYNC_ID_LEN, 4));
+    if (r.SYNC_ID_LEN) w(F(SYNC_ID, 8u * r.SYNC_ID_LEN));
+  } else {
+    w(F(SERVICE_OPTION, 16));
+  }
+  if (r.ORIG_IND) w(F(SR_ID, 3));
+  if (r.ORIG_IND && c.p_rev >= 11 && r.SYNC_ID_INCL && r.SR_ID != 7) {
+    w(F(ADD_SERV_INSTANCE_INCL, 1));
+    if (r.ADD_SERV_INSTANCE_INCL) {
+      w(F(NUM_ADD_SERV_INSTANCE, 3));
+      w.scalars("ADD_SR_ID", r.ADD_SR_ID, r.NUM_ADD_SERV_INSTANCE, 3);
+    }
+  }
+  if (c.p_rev >= 11) {
+    w(F(SDB_INCL, 1));
+    if (r.SDB_INCL) {
+      w(F(NUM_FIELDS, 8));
+      w.scalars("CHARi", r.CHARi, r.NUM_FIELDS, 8);
+    }
+  }
 }
 
 }  // namespace

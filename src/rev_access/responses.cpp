@@ -56,22 +56,21 @@ void layout(W& w, R_FAST_CALL_SETUP_ORDER& r, const Ctx&) {
   rsc(w, r);
 }
 
-// Mobile Station Reject Order (31): the type of the message rejected, the order it was (for a
-// rejected order on either forward channel), the field or record at fault (ORDQ 12), the
-// connection (ORDQ 16 to 19) and the call control instance tag (ORDQ 19).
-constexpr u8 kRejectedOrderOnTraffic = 1;
-constexpr u8 kRejectedOrderOnCommon = 7;
+// Mobile Station Reject Order (31): the type of the paging channel message rejected; for a
+// rejected order, that order and its ORDQ (the order code right-aligned in 8 bits); for a
+// rejected Feature Notification, the record at fault; the connection for ORDQ 16 to 19 and
+// the call control instance tag for ORDQ 19.
+constexpr u8 kPagingOrderMessage = 7;
+constexpr u8 kPagingFeatureNotification = 12;
 struct R_MS_REJECT_ORDER {
-  u8 REJECTED_TYPE, REJECTED_ORDER, REJECTED_ORDQ;
-  u16 REJECTED_PARAM_ID;
-  u8 REJECTED_RECORD, CON_REF, TAG;
+  u8 REJECTED_TYPE, REJECTED_ORDER, REJECTED_ORDQ, REJECTED_RECORD, CON_REF, TAG;
 };
 template <class W>
 void layout(W& w, R_MS_REJECT_ORDER& r, const Ctx& c) {
   w(F(REJECTED_TYPE, 8));
-  if (r.REJECTED_TYPE == kRejectedOrderOnTraffic || r.REJECTED_TYPE == kRejectedOrderOnCommon)
-    w(F(REJECTED_ORDER, 8), F(REJECTED_ORDQ, 8));
-  if (c.ordq == 12) w(F(REJECTED_PARAM_ID, 16), F(REJECTED_RECORD, 8));
+  // reserved
+  if (r.REJECTED_TYPE == kPagingOrderMessage) w(reserved(2), F(REJECTED_ORDER, 6), F(REJECTED_ORDQ, 8));
+  if (r.REJECTED_TYPE == kPagingFeatureNotification) w(F(REJECTED_RECORD, 8));
   if (c.ordq >= 16 && c.ordq <= 19) w(F(CON_REF, 8));
   if (c.ordq == 19) w(F(TAG, 4));
 }
@@ -163,12 +162,16 @@ struct RC_TACM {};
 template <class W>
 void layout(W&, RC_TACM&, const Ctx&) {}
 
-// --- Device Information Message ------------------------------------------------------------
-// No public source at hand gives the widths of its fields: refused as a whole.
-struct RC_DIM {};
+// --- Device Information Message -----------------------------------------------------------
+// The wireless local loop device type and a counted list of information records.
+struct RC_DIM {
+  u8 WLL_DEVICE_TYPE, NUM_INFO_RECORDS;
+  PoolArray<REV_USER_INFO_REC> INFO_RECs;
+};
 template <class W>
-void layout(W& w, RC_DIM&, const Ctx&) {
-  w.reject(Rc::count);
+void layout(W& w, RC_DIM& r, const Ctx& c) {
+  w(F(WLL_DEVICE_TYPE, 3), F(NUM_INFO_RECORDS, 5));
+  rev_info_records(w, r.INFO_RECs, r.NUM_INFO_RECORDS, c);
 }
 
 }  // namespace
