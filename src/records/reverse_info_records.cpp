@@ -4,11 +4,12 @@
 //
 // Record types whose field widths no public source at hand gives are refused (result 1) rather
 // than guessed: Call Mode, Roaming Information, Security Status, the IMSI forms, Power Class,
-// Operating Mode, Service Option and Multiplex Option Information, Service Configuration, Power
-// Control Information, Capability Information, Channel Configuration Capability, Extended
-// Multiplex Option Information, Geo-location, Band Subclass, Global Emergency Call, QoS
-// Parameters, Encryption and Signalling Message Integrity Capability, Extended Keypad
-// Facility, SYNC_ID and the extended record type.
+// Operating Mode, Multiplex Option Information, Service Configuration, Power Control
+// Information, Geo-location, Band Subclass, Global Emergency Call, QoS Parameters, Encryption
+// and Signalling Message Integrity Capability, Extended Keypad Facility, SYNC_ID and the
+// extended record type. Capability Information, Channel Configuration Capability and Extended
+// Multiplex Option Information are read as far as their widths are known and refused where
+// they go on.
 #include "records/reverse_info_records.h"
 
 #include "layout/layout.h"
@@ -105,6 +106,105 @@ void layout(W& w, SUBADDRESS& r, const Ctx&) {
   chars_to_end(w, r.CHARi);
 }
 
+// --- Service Option Information ------------------------------------------------------------
+// One entry per service option to the end of the record: whether it is supported forward and
+// reverse, after six reserved bits.
+struct SO_INFO_REC {
+  u8 FWD_SUPPORT, REV_SUPPORT;
+  u16 SERVICE_OPTION;
+};
+template <class W>
+void layout(W& w, SO_INFO_REC& r, const Ctx&) {
+  // reserved
+  w(reserved(6), F(FWD_SUPPORT, 1), F(REV_SUPPORT, 1), F(SERVICE_OPTION, 16));
+}
+struct SO_INFO {
+  PoolArray<SO_INFO_REC> SO_RECs;
+};
+template <class W>
+void layout(W& w, SO_INFO& r, const Ctx& c) {
+  w.records("SO_RECs", r.SO_RECs, static_cast<u32>(w.left() / 24), c);
+}
+
+// --- Capability Information ----------------------------------------------------------------
+// The handoff, search and paging capabilities, control hold with its gating rates, and the
+// extended capability flag. What follows the flag (the extended capabilities and the Release
+// A flags) is not given by any public source at hand: refused there.
+struct CAPABILITY_INFO {
+  u8 ACCESS_ENTRY_HO, ACCESS_PROBE_HO, ANALOG_SEARCH, HOPPING_BEACON, MAHHO, PUF, ANALOG_553A, QPCH,
+      SLOTTED_TIMER, CHS_SUPPORTED, GATING_RATE_SET, EXT_CAP_INCL;
+};
+template <class W>
+void layout(W& w, CAPABILITY_INFO& r, const Ctx&) {
+  w(F(ACCESS_ENTRY_HO, 1), F(ACCESS_PROBE_HO, 1), F(ANALOG_SEARCH, 1), F(HOPPING_BEACON, 1), F(MAHHO, 1),
+    F(PUF, 1), F(ANALOG_553A, 1), F(QPCH, 1), F(SLOTTED_TIMER, 1), F(CHS_SUPPORTED, 1));
+  if (r.CHS_SUPPORTED) w(F(GATING_RATE_SET, 2));
+  w(F(EXT_CAP_INCL, 1));
+  w.reject(Rc::count);
+}
+
+// --- Channel Configuration Capability Information ------------------------------------------
+// Transmit diversity, then the channels supported, each with its capability fields. Read
+// through the FCH and DCCH groups; the supplemental and later channel groups that follow have
+// no public layout at hand: refused there.
+struct CHANNEL_CONFIG_CAPABILITY {
+  u8 OTD_SUPPORTED;
+  u8 FCH_SUPPORTED, FCH_FRAME_SIZE, FOR_FCH_LEN, REV_FCH_LEN;
+  u32 FOR_FCH_RC_MAP, REV_FCH_RC_MAP;
+  u8 DCCH_SUPPORTED, DCCH_FRAME_SIZE, FOR_DCCH_LEN, REV_DCCH_LEN;
+  u32 FOR_DCCH_RC_MAP, REV_DCCH_RC_MAP;
+};
+template <class W>
+void layout(W& w, CHANNEL_CONFIG_CAPABILITY& r, const Ctx&) {
+  w(F(OTD_SUPPORTED, 1), F(FCH_SUPPORTED, 1));
+  if (r.FCH_SUPPORTED) fch_capability(w, r);
+  w(F(DCCH_SUPPORTED, 1));
+  if (r.DCCH_SUPPORTED) dcch_capability(w, r);
+  w.reject(Rc::count);
+}
+
+// --- Extended Multiplex Option Information -------------------------------------------------
+// The multiplex options of the fundamental channel, forward and reverse, each with the
+// bitmap of its rates; then the option counts of the dedicated control and supplemental
+// channels (and from Release C the packet data channels). Entries of those lists have no
+// public layout at hand: a non-zero count is refused.
+struct MO_FCH_REC {
+  u16 MULTIPLEX_OPTION;
+  u8 RATES;
+};
+template <class W>
+void layout(W& w, MO_FCH_REC& r, const Ctx&) {
+  w(F(MULTIPLEX_OPTION, 16), F(RATES, 8));
+}
+struct EXT_MULTIPLEX_OPTION_INFO {
+  u8 NUM_MO_FOR_FCH;
+  PoolArray<MO_FCH_REC> MO_FOR_FCH_RECs;
+  u8 NUM_MO_REV_FCH;
+  PoolArray<MO_FCH_REC> MO_REV_FCH_RECs;
+  u8 NUM_MO_FOR_DCCH, NUM_MO_REV_DCCH, NUM_MO_FOR_SCH, NUM_MO_REV_SCH, NUM_MO_FOR_PDCH, NUM_MO_REV_PDCH;
+};
+template <class W>
+void layout(W& w, EXT_MULTIPLEX_OPTION_INFO& r, const Ctx& c) {
+  w(F(NUM_MO_FOR_FCH, 4));
+  w.records("MO_FOR_FCH_RECs", r.MO_FOR_FCH_RECs, r.NUM_MO_FOR_FCH, c);
+  w(F(NUM_MO_REV_FCH, 4));
+  w.records("MO_REV_FCH_RECs", r.MO_REV_FCH_RECs, r.NUM_MO_REV_FCH, c);
+  w(F(NUM_MO_FOR_DCCH, 4));
+  if (r.NUM_MO_FOR_DCCH) w.reject(Rc::count);
+  w(F(NUM_MO_REV_DCCH, 4));
+  if (r.NUM_MO_REV_DCCH) w.reject(Rc::count);
+  w(F(NUM_MO_FOR_SCH, 4));
+  if (r.NUM_MO_FOR_SCH) w.reject(Rc::count);
+  w(F(NUM_MO_REV_SCH, 4));
+  if (r.NUM_MO_REV_SCH) w.reject(Rc::count);
+  if (c.p_rev >= 9) {
+    w(F(NUM_MO_FOR_PDCH, 4));
+    if (r.NUM_MO_FOR_PDCH) w.reject(Rc::count);
+    w(F(NUM_MO_REV_PDCH, 4));
+    if (r.NUM_MO_REV_PDCH) w.reject(Rc::count);
+  }
+}
+
 // --- Hook Status ---------------------------------------------------------------------------
 struct HOOK_STATUS_REC {
   u8 HOOK_STATUS;
@@ -174,15 +274,15 @@ constexpr BodyOps kSecurity = body_ops<UNDECODED>("SECURITY_STATUS");
 constexpr BodyOps kImsi = body_ops<UNDECODED>("IMSI");
 constexpr BodyOps kPower = body_ops<UNDECODED>("POWER_CLASS_INFORMATION");
 constexpr BodyOps kOpMode = body_ops<UNDECODED>("OPERATING_MODE_INFORMATION");
-constexpr BodyOps kSoInfo = body_ops<UNDECODED>("SERVICE_OPTION_INFORMATION");
+constexpr BodyOps kSoInfo = body_ops<SO_INFO>("SERVICE_OPTION_INFORMATION");
 constexpr BodyOps kMoInfo = body_ops<UNDECODED>("MULTIPLEX_OPTION_INFORMATION");
 constexpr BodyOps kScr = body_ops<UNDECODED>("SERVICE_CONFIGURATION");
 constexpr BodyOps kPci = body_ops<UNDECODED>("POWER_CONTROL_INFORMATION");
 constexpr BodyOps kImsiM = body_ops<UNDECODED>("IMSI_M");
 constexpr BodyOps kImsiT = body_ops<UNDECODED>("IMSI_T");
-constexpr BodyOps kCap = body_ops<UNDECODED>("CAPABILITY_INFORMATION");
-constexpr BodyOps kCcc = body_ops<UNDECODED>("CHANNEL_CONFIGURATION_CAPABILITY_INFORMATION");
-constexpr BodyOps kEmo = body_ops<UNDECODED>("EXTENDED_MULTIPLEX_OPTION_INFORMATION");
+constexpr BodyOps kCap = body_ops<CAPABILITY_INFO>("CAPABILITY_INFORMATION");
+constexpr BodyOps kCcc = body_ops<CHANNEL_CONFIG_CAPABILITY>("CHANNEL_CONFIGURATION_CAPABILITY_INFORMATION");
+constexpr BodyOps kEmo = body_ops<EXT_MULTIPLEX_OPTION_INFO>("EXTENDED_MULTIPLEX_OPTION_INFORMATION");
 constexpr BodyOps kGeo = body_ops<UNDECODED>("GEO_LOCATION_CAPABILITY");
 constexpr BodyOps kBandSub = body_ops<UNDECODED>("BAND_SUBCLASS_INFORMATION");
 constexpr BodyOps kGlobalEmergency = body_ops<UNDECODED>("GLOBAL_EMERGENCY_CALL");
