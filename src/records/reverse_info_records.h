@@ -31,6 +31,35 @@ void layout(W& w, REV_USER_INFO_REC& r, const Ctx& c) {
   info_rec_framing(w, r, rev_info_rec_type, c);
 }
 
+// Channel capability groups the mobile station reports in the Origination and Page Response
+// messages and in the Channel Configuration Capability Information record: the frame sizes
+// and the radio configurations it supports on each channel (C.S0005 FCH, DCCH and F-PDCH
+// type-specific fields). An RC map holds 3 bits per length unit; a length of 0 sends none.
+template <class W, class R>
+void fch_capability(W& w, R& r) {
+  w(F(FCH_FRAME_SIZE, 1), F(FOR_FCH_LEN, 3));
+  if (r.FOR_FCH_LEN) w(F(FOR_FCH_RC_MAP, 3u * r.FOR_FCH_LEN));
+  w(F(REV_FCH_LEN, 3));
+  if (r.REV_FCH_LEN) w(F(REV_FCH_RC_MAP, 3u * r.REV_FCH_LEN));
+}
+
+template <class W, class R>
+void dcch_capability(W& w, R& r) {
+  w(F(DCCH_FRAME_SIZE, 2), F(FOR_DCCH_LEN, 3));
+  if (r.FOR_DCCH_LEN) w(F(FOR_DCCH_RC_MAP, 3u * r.FOR_DCCH_LEN));
+  w(F(REV_DCCH_LEN, 3));
+  if (r.REV_DCCH_LEN) w(F(REV_DCCH_RC_MAP, 3u * r.REV_DCCH_LEN));
+}
+
+// The F-PDCH lengths count from one: a map of LEN + 1 units.
+template <class W, class R>
+void for_pdch_capability(W& w, R& r) {
+  w(F(ACK_DELAY, 1), F(NUM_ARQ_CHAN, 2), F(FOR_PDCH_LEN, 2));
+  w(F(FOR_PDCH_RC_MAP, 3u * (r.FOR_PDCH_LEN + 1u)));
+  w(F(CH_CONFIG_SUP_MAP_LEN, 2));
+  w(F(CH_CONFIG_SUP_MAP, 3u * (r.CH_CONFIG_SUP_MAP_LEN + 1u)));
+}
+
 template <class W>
 bool rev_info_records(W& w, PoolArray<REV_USER_INFO_REC>& a, std::uint32_t n, const Ctx& c) {
   return w.records("INFO_RECs", "REV_USER_INFO_REC", a, n, c);
