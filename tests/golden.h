@@ -204,6 +204,9 @@ inline Outcome run(const Case& k, const std::vector<bool>& bits, std::optional<s
     o.rc = static_cast<int>(print_burst_contents(t, 0, static_cast<std::uint8_t>(*k.burst), data.data(), data.size(), c));
     o.text = t.str();
   } else if (k.body || !k.record.empty()) {
+    // A body sees the link of its channel, as the channel's PDU hands it on.
+    Ctx body_ctx = k.ctx;
+    body_ctx.forward = k.channel != 3 && k.channel != 5;
     const BodyOps* ops =
         k.body ? table_of(k.channel).body(static_cast<std::uint8_t>(*k.body)) : named_record(k.record);
     if (ops == nullptr) throw std::runtime_error("no body for type " + std::to_string(*k.body));
@@ -211,9 +214,9 @@ inline Outcome run(const Case& k, const std::vector<bool>& bits, std::optional<s
     Arena arena;
     void* rec = arena.raw(ops->size, alignof(std::max_align_t));
     const std::uint64_t avail = k.avail ? std::min<std::uint64_t>(*k.avail, bits.size()) : bits.size();
-    o.rc = static_cast<int>(ops->decode(rec, k.ctx, arena, buf.data(), buf.size(), 0, avail, &o.consumed));
+    o.rc = static_cast<int>(ops->decode(rec, body_ctx, arena, buf.data(), buf.size(), 0, avail, &o.consumed));
     Text t;
-    ops->print(rec, k.ctx, ops->header, 0, t);
+    ops->print(rec, body_ctx, ops->header, 0, t);
     o.text = t.str();
   } else {
     std::vector<std::uint8_t> msg = octets(bits, crc_bits(k));

@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <sstream>
 #include <vector>
 
 #include "api/decoder.h"
+#include "codec/read_walk.h"
 
 namespace cs::test {
 
@@ -71,6 +73,43 @@ inline std::string lines(std::initializer_list<std::string_view> ls) {
   std::string s;
   for (auto l : ls) s.append(l).push_back('\n');
   return s;
+}
+
+// Field names of a detail text, in order: "NAME = value" lines that do not open a nested
+// record. The contents of a data burst ("L4Message." and their block) are a message of their
+// own and are left out.
+inline std::vector<std::string> printed_names(const std::string& text) {
+  std::vector<std::string> lines, names;
+  std::istringstream in(text);
+  for (std::string l; std::getline(in, l);) lines.push_back(l);
+  const auto trimmed = [&](std::size_t i) {
+    const auto at = lines[i].find_first_not_of(' ');
+    return at == std::string::npos ? std::string() : lines[i].substr(at);
+  };
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const auto eq = lines[i].find(" = ");
+    if (eq == std::string::npos) continue;
+    const bool opens = i + 1 < lines.size() && trimmed(i + 1) == "{";
+    if (trimmed(i).rfind("L4Message.", 0) == 0) {
+      if (opens) {   // skip the contents' block
+        const std::string close = lines[i + 1].substr(0, lines[i + 1].find('{')) + "}";
+        while (i + 1 < lines.size() && lines[i + 1] != close) ++i;
+        ++i;
+      }
+      continue;
+    }
+    if (opens) continue;
+    const auto start = lines[i].find_first_not_of(' ');
+    names.push_back(lines[i].substr(start, eq - start));
+  }
+  return names;
+}
+
+// The names a read trace holds.
+inline std::vector<std::string> names_of(const std::vector<TraceItem>& trace) {
+  std::vector<std::string> v;
+  for (const TraceItem& i : trace) v.push_back(i.name);
+  return v;
 }
 
 }  // namespace cs::test

@@ -16,22 +16,6 @@
 namespace cs::test {
 namespace {
 
-// Field names of a detail text: "NAME = value" lines that do not open a nested record.
-std::vector<std::string> printed_names(const std::string& text) {
-  std::vector<std::string> lines, names;
-  std::istringstream in(text);
-  for (std::string l; std::getline(in, l);) lines.push_back(l);
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    const auto eq = lines[i].find(" = ");
-    if (eq == std::string::npos) continue;
-    const auto next = i + 1 < lines.size() ? lines[i + 1].find_first_not_of(' ') : std::string::npos;
-    if (next != std::string::npos && lines[i + 1].substr(next) == "{") continue;
-    const auto start = lines[i].find_first_not_of(' ');
-    names.push_back(lines[i].substr(start, eq - start));
-  }
-  return names;
-}
-
 // A message of the access channel: the PD/MSG_ID octet of a message that has a body (or
 // none), then random bits of one of three densities, then the CRC octets.
 std::vector<std::uint8_t> random_access_message(std::mt19937& rng, int density) {

@@ -13,12 +13,15 @@
 #include "fwd_common/sync.h"
 #include "fwd_common/tables.h"
 #include "fwd_traffic/tables.h"
+#include "helpers.h"
 #include "rev_access/pdu.h"
 #include "rev_traffic/pdu.h"
 #include "text/text.h"
 
 namespace cs {
 namespace {
+
+using test::printed_names;
 
 struct Named {
   std::string where;
@@ -32,26 +35,6 @@ std::vector<Named> all_bodies() {
       if (e.ops.decode) v.push_back({e.header, &e.ops});
   v.push_back({"general page record", gpm_page_record_body()});
   return v;
-}
-
-// Field names of a detail text: "NAME = value" lines that do not open a nested record.
-std::vector<std::string> printed_names(const std::string& text) {
-  std::vector<std::string> lines, names;
-  std::istringstream in(text);
-  for (std::string l; std::getline(in, l);) lines.push_back(l);
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    const auto eq = lines[i].find(" = ");
-    if (eq == std::string::npos) continue;
-    // A data burst's contents come last, under an "L4Message." label: a decode of their own,
-    // made by the printer from the characters (checked by the contents' own tests).
-    if (lines[i].find("L4Message.") != std::string::npos) break;
-    const bool opens_record = i + 1 < lines.size() && lines[i + 1].find_first_not_of(' ') != std::string::npos &&
-                              lines[i + 1].substr(lines[i + 1].find_first_not_of(' ')) == "{";
-    if (opens_record) continue;
-    const auto start = lines[i].find_first_not_of(' ');
-    names.push_back(lines[i].substr(start, eq - start));
-  }
-  return names;
 }
 
 TEST(Consistency, EveryBodyPrintsExactlyTheFieldsItRead) {

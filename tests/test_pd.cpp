@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "golden.h"
+#include "helpers.h"
 #include "pd/burst.h"
 #include "pd/pd.h"
 
@@ -99,23 +100,6 @@ TEST(Pd, ConsumedBitsAreWholeOctets) {
   const std::vector<std::uint8_t> base = {0x01, 0x00, 0x00, 0xFF};
   ASSERT_EQ(pd_measure(base.data(), base.size(), c, &used), Rc::ok);
   EXPECT_EQ(used, 24u);
-}
-
-// Field names of a detail text: "NAME = value" lines that do not open a nested record.
-std::vector<std::string> printed_names(const std::string& text) {
-  std::vector<std::string> lines, names;
-  std::istringstream in(text);
-  for (std::string l; std::getline(in, l);) lines.push_back(l);
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    const auto eq = lines[i].find(" = ");
-    if (eq == std::string::npos) continue;
-    const bool opens = i + 1 < lines.size() && lines[i + 1].find_first_not_of(' ') != std::string::npos &&
-                       lines[i + 1].substr(lines[i + 1].find_first_not_of(' ')) == "{";
-    if (opens) continue;
-    const auto start = lines[i].find_first_not_of(' ');
-    names.push_back(lines[i].substr(start, eq - start));
-  }
-  return names;
 }
 
 // Random contents of every burst type, on both links: a result code and a text that ends

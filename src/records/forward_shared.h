@@ -3,7 +3,10 @@
 // line (FC_DBM, FD_DBM, ...).
 #pragma once
 #include <cstdint>
+#include <utility>
+#include <vector>
 
+#include "codec/read_walk.h"
 #include "codec/walk.h"
 #include "pd/burst.h"
 
@@ -29,8 +32,12 @@ void layout(W& w, DataBurst& r, const Ctx& c) {
   // and shown under a label of their own. Reading has nothing more to take: the contents are
   // the CHARi octets above, and a burst whose characters were cut short shows none.
   if constexpr (!W::kReading) {
-    if (r.CHARi.count == r.NUM_FIELDS)
+    if (r.CHARi.count == r.NUM_FIELDS) {
+      // The contents are a message of their own: what they read is not this message's trace.
+      std::vector<TraceItem>* trace = std::exchange(g_read_trace, nullptr);
       print_burst_contents(w.text(), w.indent(), r.BURST_TYPE, r.CHARi.data, r.CHARi.count, c);
+      g_read_trace = trace;
+    }
   }
 }
 
