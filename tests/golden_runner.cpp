@@ -23,6 +23,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -93,8 +94,14 @@ TEST_P(GoldenFile, EveryCutOfAWholeMessageIsShortAndReadsAPrefix) {
   }
 }
 
+// A test is named after its file, with the characters a test name may not hold ("-") as "_".
 INSTANTIATE_TEST_SUITE_P(Goldens, GoldenFile, ::testing::ValuesIn(golden_files()),
-                         [](const ::testing::TestParamInfo<fs::path>& p) { return p.param.stem().string(); });
+                         [](const ::testing::TestParamInfo<fs::path>& p) {
+                           std::string name = p.param.stem().string();
+                           for (char& ch : name)
+                             if (!std::isalnum(static_cast<unsigned char>(ch))) ch = '_';
+                           return name;
+                         });
 
 // Every message with a body in a channel's table has a golden case.
 TEST(Goldens, EveryMessageOfEveryTableHasACase) {
