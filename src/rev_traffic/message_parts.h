@@ -71,6 +71,8 @@ void pilot_rec(W& w, PilotRec& r, const char* incl_name, const char* type_name) 
   w(field(r.PILOT_REC_INCL, incl_name, 1));
   if (!r.PILOT_REC_INCL) return;
   w(field(r.PILOT_REC_TYPE, type_name, 3), F(RECORD_LEN, 3));
+  // The declared octets are part of the message, whatever the type reads of them.
+  if (!w.need(8u * r.RECORD_LEN)) return;
   auto end = w.declared_end();
   end.at(8u * r.RECORD_LEN);
   if (r.PILOT_REC_TYPE != 0) return;
