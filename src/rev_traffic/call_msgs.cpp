@@ -107,7 +107,7 @@ void layout(W& w, RD_SCCM& r, const Ctx&) {
 // ---- Service Option Control Message (15) --------------------------------------------------
 
 // The control record's contents belong to the service option; they are shown whole. Seven
-// reserved bits stand where the forward message has its action time.
+// reserved bits precede CTL_REC_LEN.
 struct RD_SOCM {
   u8 CON_REF;
   u16 SERVICE_OPTION;

@@ -190,7 +190,7 @@ void layout(W& w, RD_CFSRPM& r, const Ctx& c) {
     (void)w.reject(Rc::count);
     return;
   }
-  w.sized("ModeSpecificFields", "RD_CFSRPM_CDMA", r.CDMA, 8u * r.MODE_SPECIFIC_LEN, c);
+  w.sized("ModeSpecificFields", r.CDMA, 8u * r.MODE_SPECIFIC_LEN, c);
 }
 
 // ---- Periodic Pilot Strength Measurement Message (21) -------------------------------------
