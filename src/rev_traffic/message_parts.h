@@ -25,7 +25,7 @@ u32 fit(W& w, unsigned width) {
   return static_cast<u32>(w.left() / width);
 }
 
-// Capacity of a list of records of at least `min_bits` bits that runs to the end of the
+// Capacity of a list of records of at least kMinBits bits that runs to the end of the
 // message: as many as could fit, plus one.
 template <unsigned kMinBits>
 u32 to_end_capacity(std::uint64_t bits_left) {
