@@ -2,11 +2,14 @@
 #pragma once
 #include "layout/call.h"
 #include "layout/table.h"
+#include "records/traffic_pdu.h"
 
 namespace cs {
 
 struct RevTrafficState {
-  // Records kept from call to call (not yet decoded: see run function).
+  // Kept from call to call, apart from the forward channel's: header fields a message does
+  // not carry keep the previous reverse message's values.
+  TrafficPdu pdu{};
 };
 
 // The channel's message table.
