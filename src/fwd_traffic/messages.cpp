@@ -81,9 +81,7 @@ struct FD_RTPM {
 template <class W>
 void layout(W& w, FD_RTPM& r, const Ctx&) {
   // One or more parameter identifiers, up to the end of the message.
-  std::uint32_t n = r.PARAMETER_ID.count;
-  if constexpr (W::kReading) n = fit(w, 16);
-  w.scalars("PARAMETER_ID", r.PARAMETER_ID, n, 16);
+  w.scalars("PARAMETER_ID", r.PARAMETER_ID, fit(w, 16), 16);
 }
 
 // ---- Set Parameters Message (12) --------------------------------------------------------
@@ -147,32 +145,28 @@ struct FD_STRQM {
   PoolArray<std::uint8_t> RECORD_TYPE;
 };
 
-// The qualification information: none (type 0), a band class (type 1) or a band class and an
-// operating mode (type 2), each padded to whole octets; the walk moves on by QUAL_INFO_LEN
-// octets whatever the type, so unknown types are skipped.
-template <class W>
-bool qual_info(W& w, std::uint8_t type, std::uint8_t len_octets, std::uint8_t& band, std::uint8_t& op_mode) {
-  const std::uint32_t declared = 8u * len_octets;
-  if (!w.need(declared)) return false;
-  std::uint32_t used = 0;
-  if (type == 1 && declared >= 8) {
-    w.u(band, "BAND_CLASS", 5);
-    w.skip(3);
-    used = 8;
-  } else if (type == 2 && declared >= 16) {
-    w.u(band, "BAND_CLASS", 5);
-    w.u(op_mode, "OP_MODE", 8);
-    w.skip(3);
-    used = 16;
+// QUAL_INFO_TYPE, QUAL_INFO_LEN and the qualification information: none (type 0), a band
+// class (type 1) or a band class and an operating mode (type 2), each padded to whole octets;
+// the walk moves on by QUAL_INFO_LEN octets whatever the type, so unknown types are skipped.
+template <class W, class R>
+void qual_info(W& w, R& r) {
+  w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
+  const std::uint32_t declared = 8u * r.QUAL_INFO_LEN;
+  // The check covers all QUAL_INFO_LEN octets, not just the fields read: a message cut
+  // inside the qualification information is short before any of it is read.
+  if (!w.need(declared)) return;
+  auto end = w.declared_end();
+  if (r.QUAL_INFO_TYPE == 1 && declared >= 8) {
+    w(F(BAND_CLASS, 5), reserved(3));
+  } else if (r.QUAL_INFO_TYPE == 2 && declared >= 16) {
+    w(F(BAND_CLASS, 5), F(OP_MODE, 8), reserved(3));
   }
-  w.skip(declared - used);
-  return true;
+  end.at(declared);
 }
 
 template <class W>
 void layout(W& w, FD_STRQM& r, const Ctx&) {
-  w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
-  if (!qual_info(w, r.QUAL_INFO_TYPE, r.QUAL_INFO_LEN, r.BAND_CLASS, r.OP_MODE)) return;
+  qual_info(w, r);
   w(F(NUM_FIELDS, 4));
   w.scalars("RECORD_TYPE", r.RECORD_TYPE, r.NUM_FIELDS, 8);
 }
@@ -193,11 +187,9 @@ using FD_SRPM = ServiceReqResp<true>;
 
 template <class W, bool Response>
 void layout(W& w, ServiceReqResp<Response>& r, const Ctx& c) {
-  if (!w.need(7)) return;
-  w.u(r.SERV_REQ_SEQ, "SERV_REQ_SEQ", 3);
-  w.u(r.PURPOSE, Response ? "RESP_PURPOSE" : "REQ_PURPOSE", 4);
+  w(F(SERV_REQ_SEQ, 3), field(r.PURPOSE, Response ? "RESP_PURPOSE" : "REQ_PURPOSE", 4));
   // Only a proposal ('0010') carries a service configuration.
-  if (r.PURPOSE == 2) scr_record(w, r.RECORD_TYPE, r.RECORD_LEN, r.SCR, c);
+  if (r.PURPOSE == 2) scr_record(w, r, c);
 }
 
 // ---- Service Option Control Message (21) ------------------------------------------------
@@ -238,10 +230,8 @@ void layout(W& w, FD_TASM& r, const Ctx&) {
 
 // ---- Service Redirection Message (23) ---------------------------------------------------
 
-// The redirection record under RECORD_TYPE / RECORD_LEN. `type` is a copy of the message's
-// RECORD_TYPE, kept for the printer; it is not a field of the record.
+// The redirection record under RECORD_TYPE / RECORD_LEN, laid out by that RECORD_TYPE.
 struct FD_SRDM_Record {
-  std::uint8_t type;
   std::uint16_t EXPECTED_SID;
   std::uint8_t IGNORE_CDMA;
   std::uint8_t SYS_ORDERING;
@@ -252,9 +242,13 @@ struct FD_SRDM_Record {
   std::uint16_t EXPECTED_AID;
 };
 
+struct SrdmRecordCtx : Ctx {
+  std::uint8_t record_type;
+};
+
 template <class W>
-void layout(W& w, FD_SRDM_Record& r, const Ctx&) {
-  switch (r.type) {
+void layout(W& w, FD_SRDM_Record& r, const SrdmRecordCtx& c) {
+  switch (c.record_type) {
     case 1:   // analog system; the reserved bits that follow are covered by RECORD_LEN
       w(F(EXPECTED_SID, 15), F(IGNORE_CDMA, 1), F(SYS_ORDERING, 3));
       break;
@@ -284,12 +278,13 @@ void layout(W& w, FD_SRDM& r, const Ctx& c) {
   w(F(RETURN_IF_FAIL, 1), F(DELETE_TMSI, 1));
   if (c.p_rev >= kIs95B) w(F(REDIRECT_TYPE, 1));
   w(F(RECORD_TYPE, 8), F(RECORD_LEN, 8));
-  // The record's layout depends on the type read just before it.
-  if constexpr (W::kReading) r.RECORD.type = r.RECORD_TYPE;
   if (r.RECORD_LEN == 0) return;
-  // A message cut inside its redirection record is short, not a record to guess at.
+  // A message cut inside its redirection record is short, not a record to guess at: the
+  // check covers all RECORD_LEN octets before any of them is read.
   if (!w.need(8u * r.RECORD_LEN)) return;
-  w.sized("TypeSpecificFields", r.RECORD, 8u * r.RECORD_LEN, c);
+  SrdmRecordCtx rc{c};
+  rc.record_type = r.RECORD_TYPE;
+  w.sized("TypeSpecificFields", r.RECORD, 8u * r.RECORD_LEN, rc);
 }
 
 // ---- User Zone Reject (37) and User Zone Update (38) Messages ---------------------------
@@ -478,7 +473,8 @@ void layout(W& w, FD_SMCM& r, const Ctx& c) {
 // ---- Base Station Status Response Message (49) ------------------------------------------
 
 // One pilot of a pilot information record. RECORD_LEN counts the octets of the pilot record,
-// itself included; the walk moves on by that many whatever the fields read.
+// itself included; the walk moves on by that many whatever the fields read. Pilots of a record
+// whose SID_NID_IND is set carry SID_NID_INCL.
 struct BssPilot {
   std::uint8_t RECORD_LEN;
   std::uint16_t PILOT_PN;
@@ -490,15 +486,15 @@ struct BssPilot {
   std::uint32_t BASE_LAT;
   std::uint32_t BASE_LONG;
 };
-// Pilots of a record whose SID_NID_IND is set carry SID_NID_INCL.
-struct BssPilotSidNid : BssPilot {};
+struct BssPilotCtx : Ctx {
+  bool sid_nid;   // SID_NID_IND of the record
+};
 
 template <class W>
-void bss_pilot(W& w, BssPilot& r, const Ctx& c, bool sid_nid) {
-  std::uint64_t start = 0;
-  if constexpr (W::kReading) start = w.pos();
+void layout(W& w, BssPilot& r, const BssPilotCtx& c) {
+  auto end = w.declared_end();
   w(F(RECORD_LEN, 4), F(PILOT_PN, 9), F(BASE_ID, 16));
-  if (sid_nid) {
+  if (c.sid_nid) {
     w(F(SID_NID_INCL, 1));
     if (r.SID_NID_INCL) w(F(SID, 15), F(NID, 16));
   }
@@ -506,20 +502,7 @@ void bss_pilot(W& w, BssPilot& r, const Ctx& c, bool sid_nid) {
     w(F(BASE_LAT_LONG_INCL, 1));
     if (r.BASE_LAT_LONG_INCL) w(F(BASE_LAT, 22), F(BASE_LONG, 23));
   }
-  // Reserved bits up to the record's declared length (unchecked: the next read checks).
-  if constexpr (W::kReading) {
-    const std::uint64_t end = start + 8u * r.RECORD_LEN;
-    if (w.pos() < end) w.skip(end - w.pos());
-  }
-}
-
-template <class W>
-void layout(W& w, BssPilot& r, const Ctx& c) {
-  bss_pilot(w, r, c, false);
-}
-template <class W>
-void layout(W& w, BssPilotSidNid& r, const Ctx& c) {
-  bss_pilot(w, r, c, true);
+  end.at(8u * r.RECORD_LEN);   // reserved bits up to the record's declared length
 }
 
 // Record type '00000000': pilot information.
@@ -527,16 +510,14 @@ struct BssPilotInfo {
   std::uint8_t NUM_PILOTS;
   std::uint8_t SID_NID_IND;
   PoolArray<BssPilot> PILOTs;
-  PoolArray<BssPilotSidNid> PILOTs_SID_NID;
 };
 
 template <class W>
 void layout(W& w, BssPilotInfo& r, const Ctx& c) {
   w(F(NUM_PILOTS, 4), F(SID_NID_IND, 1));
-  if (r.SID_NID_IND)
-    w.records("PILOTs", "FD_BSSRSPM_PILOTs", r.PILOTs_SID_NID, r.NUM_PILOTS, c);
-  else
-    w.records("PILOTs", "FD_BSSRSPM_PILOTs", r.PILOTs, r.NUM_PILOTS, c);
+  BssPilotCtx pc{c};
+  pc.sid_nid = r.SID_NID_IND;
+  w.records("PILOTs", "FD_BSSRSPM_PILOTs", r.PILOTs, r.NUM_PILOTS, pc);
 }
 
 // A record of the response: RECORD_TYPE and RECORD_LENGTH (in octets), then the fields of
@@ -551,6 +532,8 @@ struct BssRecord {
 template <class W>
 void layout(W& w, BssRecord& r, const Ctx& c) {
   w(F(RECORD_TYPE, 8), F(RECORD_LENGTH, 8));
+  // The check covers all RECORD_LENGTH octets before any of them is read: a record cut short
+  // is a short message, whatever its type.
   if (!w.need(8u * r.RECORD_LENGTH)) return;
   if (r.RECORD_TYPE == 0)
     w.sized("TypeSpecificFields", "FD_BSSRSPM_PILOT_INFO", r.PILOT_INFO, 8u * r.RECORD_LENGTH, c);
@@ -569,8 +552,7 @@ struct FD_BSSRSPM {
 
 template <class W>
 void layout(W& w, FD_BSSRSPM& r, const Ctx& c) {
-  w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
-  if (!qual_info(w, r.QUAL_INFO_TYPE, r.QUAL_INFO_LEN, r.BAND_CLASS, r.OP_MODE)) return;
+  qual_info(w, r);
   w(F(NUM_RECORDS, 4));
   w.records("RECORDs", r.RECORDs, r.NUM_RECORDS, c);
 }

@@ -4,8 +4,9 @@
 // Service Request / Response messages of both traffic channel directions.
 //
 // Messages carry each one behind an 8-bit record type and an 8-bit length in octets:
-// scr_record() and nnscr_record() walk that framing and the record under it, so that a
-// message layout writes one call where the air interface has the three fields. The record
+// scr_record() and nnscr_record() walk that framing (the message's RECORD_TYPE / RECORD_LEN /
+// SCR, or RECORD_TYPE2 / RECORD_LEN2 / NNSCR) and the record under it, so that a message
+// layout writes one call where the air interface has the three fields. The record
 // is bounded to its declared length and the walk then moves past all of it, so octets that
 // a later revision appends are skipped.
 //
@@ -250,8 +251,9 @@ struct Nnscr {
 
 template <class W>
 void layout(W& w, ScrConRec& r, const Ctx& c) {
-  std::uint64_t start = 0;
-  if constexpr (W::kReading) start = w.pos();
+  // RECORD_LEN covers the whole connection record, itself included: the walk moves past the
+  // reserved padding and any fields of later revisions.
+  auto end = w.declared_end();
   w(F(RECORD_LEN, 8), F(CON_REF, 8), F(SERVICE_OPTION, 16), F(FOR_TRAFFIC, 4), F(REV_TRAFFIC, 4));
   if (c.p_rev >= 6) {
     w(F(UI_ENCRYPT_MODE, 3), F(SR_ID, 3), F(RLP_INFO_INCL, 1));
@@ -267,24 +269,16 @@ void layout(W& w, ScrConRec& r, const Ctx& c) {
       if (r.QOS_PARMS_LEN) w(F(QOS_PARMS, 8u * r.QOS_PARMS_LEN));
     }
   }
-  // RECORD_LEN covers the whole connection record, itself included: skip the reserved
-  // padding and any fields of later revisions (unchecked, as the next field's check follows).
-  if constexpr (W::kReading) {
-    const std::uint64_t end = start + 8u * r.RECORD_LEN;
-    if (w.pos() < end) w.skip(end - w.pos());
-  }
+  end.at(8u * r.RECORD_LEN);
 }
 
+// The channel configuration; SCH_REC_LEN counts its octets, itself included, so reserved bits
+// and fields of later revisions up to that length are passed over.
 template <class W>
 void sch_cc(W& w, ScrSch& r) {
-  std::uint64_t start = 0;
-  if constexpr (W::kReading) start = w.pos();
+  auto end = w.declared_end();
   w(F(SCH_REC_LEN, 4), F(SCH_RC, 5), F(CODING_TYPE, 1), F(FRAME_40_USED, 1), F(FRAME_80_USED, 1), F(MAX_RATE, 4));
-  // Reserved bits, and fields of later revisions, up to the declared length.
-  if constexpr (W::kReading) {
-    const std::uint64_t end = start + 8u * r.SCH_REC_LEN;
-    if (w.pos() < end) w.skip(end - w.pos());
-  }
+  end.at(8u * r.SCH_REC_LEN);
 }
 
 template <class W>
@@ -354,17 +348,10 @@ void layout(W& w, NnscrLpmEntry& r, const Ctx&) {
 
 template <class W>
 void layout(W& w, NnscrSrRec& r, const Ctx&) {
-  if (!w.need(12)) return;
-  w.u(r.RECORD_LEN, "RECORD_LEN", 8);
-  std::uint64_t start = 0;
-  if constexpr (W::kReading) start = w.pos();
-  w.u(r.SR_ID, "SR_ID", 3);
-  w.u(r.SDB_SO_OMIT, "SDB_SO_OMIT", 1);
-  // Reserved bits up to the declared length.
-  if constexpr (W::kReading) {
-    const std::uint64_t end = start + 8u * r.RECORD_LEN;
-    if (w.pos() < end) w.skip(end - w.pos());
-  }
+  // RECORD_LEN counts the octets after itself; the reserved bits up to there are passed over.
+  auto end = w.declared_end();
+  w(F(RECORD_LEN, 8), F(SR_ID, 3), F(SDB_SO_OMIT, 1));
+  end.at(8u + 8u * r.RECORD_LEN);
 }
 
 template <class W>
@@ -410,9 +397,7 @@ void layout(W& w, NnscrPartition& r, const Ctx&) {
 template <class W>
 void layout(W& w, NnscrPartitionRow& r, const Ctx& c) {
   w(F(CATEGORY, 5), F(MUX_HEADER_LEN, 3));
-  if (!w.need(r.MUX_HEADER_LEN + 3u)) return;
-  w.u(r.MUX_HEADER, "MUX_HEADER", r.MUX_HEADER_LEN);
-  w.u(r.NUM_PARTITIONS, "NUM_PARTITIONS", 3);
+  w(F(MUX_HEADER, r.MUX_HEADER_LEN), F(NUM_PARTITIONS, 3));
   w.records("PARTITIONs", r.PARTITIONs, r.NUM_PARTITIONS + 1u, c);
 }
 
@@ -544,26 +529,18 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
 
 // RECORD_TYPE (8), RECORD_LEN (8) and RECORD_LEN octets of service configuration, printed
 // as "TypeSpecificFields = SCR". A zero length carries no record.
-template <class W>
-bool scr_record(W& w, std::uint8_t& type, std::uint8_t& len, ServiceConfig& scr, const Ctx& c,
-                const char* type_name = "RECORD_TYPE", const char* len_name = "RECORD_LEN") {
-  if (!w.need(16)) return false;
-  w.u(type, type_name, 8);
-  w.u(len, len_name, 8);
-  if (len == 0) return true;
-  return w.sized("TypeSpecificFields", "SCR", scr, 8u * len, c);
+template <class W, class R>
+void scr_record(W& w, R& r, const Ctx& c) {
+  w(F(RECORD_TYPE, 8), F(RECORD_LEN, 8));
+  if (r.RECORD_LEN != 0) w.sized("TypeSpecificFields", "SCR", r.SCR, 8u * r.RECORD_LEN, c);
 }
 
 // RECORD_TYPE2 (8), RECORD_LEN2 (8) and the non-negotiable record, printed as
 // "TypeSpecificFields2 = NNSCR".
-template <class W>
-bool nnscr_record(W& w, std::uint8_t& type, std::uint8_t& len, Nnscr& nn, const Ctx& c,
-                  const char* type_name = "RECORD_TYPE2", const char* len_name = "RECORD_LEN2") {
-  if (!w.need(16)) return false;
-  w.u(type, type_name, 8);
-  w.u(len, len_name, 8);
-  if (len == 0) return true;
-  return w.sized("TypeSpecificFields2", "NNSCR", nn, 8u * len, c);
+template <class W, class R>
+void nnscr_record(W& w, R& r, const Ctx& c) {
+  w(F(RECORD_TYPE2, 8), F(RECORD_LEN2, 8));
+  if (r.RECORD_LEN2 != 0) w.sized("TypeSpecificFields2", "NNSCR", r.NNSCR, 8u * r.RECORD_LEN2, c);
 }
 
 }  // namespace cs
