@@ -427,14 +427,16 @@ void layout(W& w, AsrForSch& r, const Ctx&) {
   w(F(FOR_SCH_ID, 1), F(SCCL_INDEX, 4), F(FOR_SCH_RATE, 4));
 }
 
-struct AsrRevSch {
+// A reverse supplemental channel's Walsh cover and rate, in the active set record and in the
+// reverse configuration records of the extended supplemental channel assignment.
+struct RevSchCfg {
   std::uint8_t REV_SCH_ID;
   std::uint8_t REV_WALSH_ID;
   std::uint8_t REV_SCH_RATE;
 };
 
 template <class W>
-void layout(W& w, AsrRevSch& r, const Ctx&) {
+void layout(W& w, RevSchCfg& r, const Ctx&) {
   w(F(REV_SCH_ID, 1), F(REV_WALSH_ID, 1), F(REV_SCH_RATE, 4));
 }
 
@@ -615,7 +617,7 @@ struct ActiveSetRec {
   std::uint8_t NUM_FOR_SCH;
   PoolArray<AsrForSch> FOR_SCHs;
   std::uint8_t NUM_REV_SCH;
-  PoolArray<AsrRevSch> REV_SCHs;
+  PoolArray<RevSchCfg> REV_SCHs;
   std::uint8_t NUM_PILOTS;
   std::uint8_t SRCH_OFFSET_INCL;
   PoolArray<AsrPilot> PILOTs;
@@ -777,7 +779,7 @@ struct ExtActiveSetRec {
   std::uint8_t NUM_FOR_SCH;
   PoolArray<AsrForSch> FOR_SCHs;
   std::uint8_t NUM_REV_SCH;
-  PoolArray<AsrRevSch> REV_SCHs;
+  PoolArray<RevSchCfg> REV_SCHs;
   std::uint8_t NUM_PILOTS;
   std::uint8_t SRCH_OFFSET_INCL;
   std::uint8_t PDCH_GROUP_IND_INCL;
@@ -1111,17 +1113,6 @@ void layout(W& w, FD_UHDM& r, const Ctx& c) {
 
 // ---- Extended Supplemental Channel Assignment Message (35) --------------------------------
 
-struct EscamRevCfg {
-  std::uint8_t REV_SCH_ID;
-  std::uint8_t REV_WALSH_ID;
-  std::uint8_t REV_SCH_RATE;
-};
-
-template <class W>
-void layout(W& w, EscamRevCfg& r, const Ctx&) {
-  w(F(REV_SCH_ID, 1), F(REV_WALSH_ID, 1), F(REV_SCH_RATE, 4));
-}
-
 struct EscamRevSch {
   std::uint8_t REV_SCH_ID;
   std::uint8_t REV_SCH_DURATION;
@@ -1256,7 +1247,7 @@ struct FD_ESCAM {
   std::uint8_t FPC_PRI_CHAN;
   std::uint8_t REV_CFG_INCLUDED;
   std::uint8_t NUM_REV_CFG_RECS;   // records sent: NUM_REV_CFG_RECS + 1
-  PoolArray<EscamRevCfg> REV_CFGs;
+  PoolArray<RevSchCfg> REV_CFGs;
   std::uint8_t NUM_REV_SCH;
   PoolArray<EscamRevSch> REV_SCHs;
   std::uint8_t FOR_CFG_INCLUDED;
