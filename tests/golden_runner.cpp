@@ -23,6 +23,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -94,7 +95,12 @@ TEST_P(GoldenFile, EveryCutOfAWholeMessageIsShortAndReadsAPrefix) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Goldens, GoldenFile, ::testing::ValuesIn(golden_files()),
-                         [](const ::testing::TestParamInfo<fs::path>& p) { return p.param.stem().string(); });
+                         [](const ::testing::TestParamInfo<fs::path>& p) {
+                           // A test name is letters, digits and '_': "traffic-fixes" runs as "traffic_fixes".
+                           std::string n = p.param.stem().string();
+                           std::replace_if(n.begin(), n.end(), [](char ch) { return !std::isalnum(static_cast<unsigned char>(ch)); }, '_');
+                           return n;
+                         });
 
 // Every message with a body in a channel's table has a golden case.
 TEST(Goldens, EveryMessageOfEveryTableHasACase) {

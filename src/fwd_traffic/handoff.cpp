@@ -1397,9 +1397,13 @@ void layout(W& w, FD_SCM& r, const Ctx& c) {
     // right after the indicator.
     if (c.p_rev >= 9 && r.USE_OLD_SERV_CONFIG == 3) {
       w(F(SR_ID, 3));
-      // Release D follows it with SR_ID_RESTORE_BITMAP, whose width and condition are not
-      // known: the message is not read further.
-      if (c.p_rev >= 10) return;
+      // Release D may follow it with SR_ID_RESTORE_BITMAP, whose width and condition no public
+      // source gives, and the rest of the message comes after it: refused (result 1) here
+      // rather than read from bits that may be the bitmap's.
+      if (c.p_rev >= 10) {
+        w.reject(Rc::count);
+        return;
+      }
     }
     sync_id(w, r);
   }
