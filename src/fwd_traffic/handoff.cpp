@@ -124,7 +124,7 @@ void layout(W& w, FD_EHDM& r, const Ctx& c) {
   w(F(ADD_LENGTH, 3));
   if (r.ADD_LENGTH) {
     // Only P_REV is known; the walk moves on by all ADD_LENGTH octets.
-    if (!w.sized("AdditionalFields", r.AdditionalFields, 8u * r.ADD_LENGTH, c)) return;
+    w.sized("AdditionalFields", r.AdditionalFields, 8u * r.ADD_LENGTH, c);
   }
   w.list_to_end("ACTIVE_SET_PILOT", r.ACTIVE_SET_PILOT, pilot_capacity, c);
 }

@@ -65,7 +65,7 @@ struct FD_BDTMFM {
 template <class W>
 void layout(W& w, FD_BDTMFM& r, const Ctx& c) {
   w(F(NUM_DIGITS, 8), F(DTMF_ON_LENGTH, 3), F(DTMF_OFF_LENGTH, 3));
-  if (!w.scalars("DIGITi", r.DIGITi, r.NUM_DIGITS, 4)) return;
+  w.scalars("DIGITi", r.DIGITi, r.NUM_DIGITS, 4);
   if (c.p_rev >= kRelA) {
     w(F(CON_REF_INCL, 1));
     if (r.CON_REF_INCL) w(F(CON_REF, 8));
@@ -460,7 +460,7 @@ void layout(W& w, FD_SMCM& r, const Ctx& c) {
   w(F(USE_TIME, 1));
   if (r.USE_TIME) w(F(ACTION_TIME, 6));
   w(F(D_SIG_ENCRYPT_MODE, 3), F(NUM_RECS, 3));
-  if (!w.records("RECs", r.RECs, r.NUM_RECS, c)) return;
+  w.records("RECs", r.RECs, r.NUM_RECS, c);
   // The key size matters only to the Enhanced CMEA ('001') and Rijndael ('010') modes.
   if (r.D_SIG_ENCRYPT_MODE == 1 || r.D_SIG_ENCRYPT_MODE == 2) w(F(KEY_SIZE, 3));
   w(F(C_SIG_ENCRYPT_MODE_INCL, 1));

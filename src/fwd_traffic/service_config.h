@@ -296,7 +296,7 @@ void layout(W& w, ScrRevSch& r, const Ctx&) {
 template <class W>
 void layout(W& w, ServiceConfig& r, const Ctx& c) {
   w(F(FOR_MUX_OPTION, 16), F(REV_MUX_OPTION, 16), F(FOR_NUM_BITS, 8), F(REV_NUM_BITS, 8), F(NUM_CON_REC, 8));
-  if (!w.records("CON_RECs", r.CON_RECs, r.NUM_CON_REC, c)) return;
+  w.records("CON_RECs", r.CON_RECs, r.NUM_CON_REC, c);
   if (c.p_rev < 6) return;
 
   w(F(FCH_CC_INCL, 1));
@@ -306,12 +306,12 @@ void layout(W& w, ServiceConfig& r, const Ctx& c) {
   w(F(FOR_SCH_CC_INCL, 1));
   if (r.FOR_SCH_CC_INCL) {
     w(F(NUM_FOR_SCH, 2));
-    if (!w.records("SCR_FOR_SCHs", "SCR_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+    w.records("SCR_FOR_SCHs", "SCR_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c);
   }
   w(F(REV_SCH_CC_INCL, 1));
   if (r.REV_SCH_CC_INCL) {
     w(F(NUM_REV_SCH, 2));
-    if (!w.records("SCR_REV_SCHs", "SCR_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+    w.records("SCR_REV_SCHs", "SCR_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c);
   }
   if (c.p_rev < 8) return;
 
@@ -427,12 +427,12 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
     w(F(FOR_SCH_INCL, 1));
     if (r.FOR_SCH_INCL) {
       w(F(NUM_FOR_SCH, 2));
-      if (!w.records("FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+      w.records("FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c);
     }
     w(F(REV_SCH_INCL, 1));
     if (r.REV_SCH_INCL) {
       w(F(NUM_REV_SCH, 2));
-      if (!w.records("REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+      w.records("REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c);
     }
   }
 
@@ -440,21 +440,19 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
   // '01': a new mapping table follows; '00' default mapping, '10' keep the current one.
   if (r.LPM_IND == 1) {
     w(F(NUM_LPM_ENTRIES, 4));
-    if (!w.records("LPM_ENTRIES", r.LPM_ENTRIES, r.NUM_LPM_ENTRIES, c)) return;
+    w.records("LPM_ENTRIES", r.LPM_ENTRIES, r.NUM_LPM_ENTRIES, c);
   }
 
   if (c.p_rev >= 7) {
     w(F(NUM_REC, 3));
-    if (!w.records("RECs", r.RECs, r.NUM_REC, c)) return;
+    w.records("RECs", r.RECs, r.NUM_REC, c);
 
     w(F(USE_FLEX_NUM_BITS, 1));
     if (r.USE_FLEX_NUM_BITS) {
       w(F(NUM_BITS_TABLES_INCL, 1));
       if (r.NUM_BITS_TABLES_INCL) {
         w(F(NUM_BITS_TABLES_COUNT, 3));
-        if (!w.records("NUM_BITS_TABLEs", r.NUM_BITS_TABLEs, r.NUM_BITS_TABLES_COUNT + 1u,
-                       c))
-          return;
+        w.records("NUM_BITS_TABLEs", r.NUM_BITS_TABLEs, r.NUM_BITS_TABLES_COUNT + 1u, c);
       }
     }
     w(F(USE_VAR_RATE, 1));
@@ -462,9 +460,7 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
       w(F(VAR_TABLES_INCL, 1));
       if (r.VAR_TABLES_INCL) {
         w(F(VAR_RATE_TABLES_COUNT, 3));
-        if (!w.records("VAR_RATE_TABLEs", r.VAR_RATE_TABLEs,
-                       r.VAR_RATE_TABLES_COUNT + 1u, c))
-          return;
+        w.records("VAR_RATE_TABLEs", r.VAR_RATE_TABLEs, r.VAR_RATE_TABLES_COUNT + 1u, c);
       }
     }
 
@@ -492,7 +488,7 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
       w(F(LTU_TABLES_INCL, 1));
       if (r.LTU_TABLES_INCL) {
         w(F(NUM_LTU_TABLES, 2));
-        if (!w.records("LTU_TABLEs", r.LTU_TABLEs, r.NUM_LTU_TABLES + 1u, c)) return;
+        w.records("LTU_TABLEs", r.LTU_TABLEs, r.NUM_LTU_TABLES + 1u, c);
       }
       w(F(USE_OLD_LTU_MAPPING, 1));
       if (!r.USE_OLD_LTU_MAPPING) {
@@ -506,9 +502,7 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
         w(F(PARTITION_TABLES_INCL, 1));
         if (r.PARTITION_TABLES_INCL) {
           w(F(NUM_PARTITION_TABLES, 2));
-          if (!w.records("PARTITION_TABLEs", r.PARTITION_TABLEs,
-                         r.NUM_PARTITION_TABLES + 1u, c))
-            return;
+          w.records("PARTITION_TABLEs", r.PARTITION_TABLEs, r.NUM_PARTITION_TABLES + 1u, c);
         }
         w(F(USE_OLD_PART_MAPPING, 1));
         if (!r.USE_OLD_PART_MAPPING) {
