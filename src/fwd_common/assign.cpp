@@ -560,17 +560,7 @@ void layout(W& w, EcamPacketData& r, const EcamCtx& c) {
   if (ch.for_dcch)
     set_points(w, r.FPC_DCCH_INIT_SETPT, r.FPC_DCCH_FER, r.FPC_DCCH_MIN_SETPT, r.FPC_DCCH_MAX_SETPT, true);
   w(F(PDCH_GROUP_IND_INCL, 1), F(FOR_PDCH_PARAMS_INCL, 1));
-  if (r.FOR_PDCH_PARAMS_INCL) {
-    w(F(FOR_PDCH_RLGAIN_INCL, 1));
-    if (r.FOR_PDCH_RLGAIN_INCL) w(F(RLGAIN_ACKCH_PILOT, 6), F(RLGAIN_CQICH_PILOT, 6));
-    w(F(NUM_SOFT_SWITCHING_FRAMES, 4), F(NUM_SOFTER_SWITCHING_FRAMES, 4), F(NUM_SOFT_SWITCHING_SLOTS, 2),
-      F(NUM_SOFTER_SWITCHING_SLOTS, 2), F(CHM_SWITCHING_PARMS_INCL, 1));
-    if (r.CHM_SWITCHING_PARMS_INCL) {   // the same counts while in control hold
-      w(F(NUM_SOFT_SWITCHING_FRAMES_CHM, 4), F(NUM_SOFTER_SWITCHING_FRAMES_CHM, 4),
-        F(NUM_SOFT_SWITCHING_SLOTS_CHM, 2), F(NUM_SOFTER_SWITCHING_SLOTS_CHM, 2));
-    }
-    w(F(PDCH_SOFT_SWITCHING_DELAY, 8), F(PDCH_SOFTER_SWITCHING_DELAY, 8));
-  }
+  if (r.FOR_PDCH_PARAMS_INCL) fwd::pdch_switching(w, r);
   // Release D puts the transmitter-disabled timer, the forward grant, rate control and
   // acknowledgment channels and the reverse packet data channel parameters here. The widths of
   // TX_DISABLED_TIMER, FOR_RCCH_REPETITION, FOR_RCCH_UPDATE_RATE and FOR_ACKCH_MODE are not

@@ -210,21 +210,6 @@ bool tkz_id(W& w, R& r) {
   return true;
 }
 
-template <class W, class R>
-bool pz_hysteresis(W& w, R& r) {
-  // Packet-zone hysteresis only means something in a packet zone.
-  if (r.PACKET_ZONE_ID != 0) {
-    if (!w(F(PZ_HYST_ENABLED, 1))) return false;
-    if (r.PZ_HYST_ENABLED) {
-      if (!w(F(PZ_HYST_INFO_INCL, 1))) return false;
-      if (r.PZ_HYST_INFO_INCL) {
-        if (!w(F(PZ_HYST_LIST_LEN, 4), F(PZ_HYST_ACT_TIMER, 8), F(PZ_HYST_TIMER_MUL, 3), F(PZ_HYST_TIMER_EXP, 5))) return false;
-      }
-    }
-  }
-  return true;
-}
-
 // The forward packet data channel parameters of release C, which the extended system and the
 // MC-RR parameters messages carry alike; only the header of the Walsh code records differs.
 template <class W, class R>
@@ -462,7 +447,7 @@ void layout(W& w, FC_ESPM& r, const Ctx& c) {
   if (r.CS_SUPPORTED) w(F(MAX_ADD_SERV_INSTANCE, 3));
   w(F(RER_MODE_SUPPORTED, 1), F(TKZ_MODE_SUPPORTED, 1));
   if (!tkz_id(w, r)) return;
-  if (!pz_hysteresis(w, r)) return;
+  fwd::pz_hysteresis(w, r);
   if (!ext_pref_msid(w, r)) return;
   w(F(AUTO_FCSO_ALLOWED, 1));
   if (r.FOR_PDCH_SUPPORTED && !rev_pdch(w, r)) return;
@@ -527,7 +512,7 @@ void layout(W& w, FC_A41SPM& r, const Ctx& c) {
   if (r.CS_SUPPORTED) w(F(MAX_ADD_SERV_INSTANCE, 3));
   w(F(TKZ_MODE_SUPPORTED, 1));
   if (!tkz_id(w, r)) return;
-  if (!pz_hysteresis(w, r)) return;
+  fwd::pz_hysteresis(w, r);
 
   if (!ext_pref_msid(w, r)) return;
 }

@@ -124,64 +124,40 @@ void layout(W& w, FD_EHDM& r, const Ctx& c) {
   w(F(ADD_LENGTH, 3));
   if (r.ADD_LENGTH) {
     // Only P_REV is known; the walk moves on by all ADD_LENGTH octets.
-    if (!w.sized("AdditionalFields", r.AdditionalFields, 8u * r.ADD_LENGTH, c)) return;
+    w.sized("AdditionalFields", r.AdditionalFields, 8u * r.ADD_LENGTH, c);
   }
   w.list_to_end("ACTIVE_SET_PILOT", r.ACTIVE_SET_PILOT, pilot_capacity, c);
 }
 
 // ---- Helpers shared by the later members ---------------------------------------------------
 
-// Where the decode stands (0 while printing, which never skips).
-template <class W>
-std::uint64_t here(W& w) {
-  if constexpr (W::kReading) return w.pos();
-  else return 0;
-}
-
-// Length-prefixed parts: while decoding, moves on to the declared end when the fields this
-// revision knows stop short of it (unchecked: the next field's check catches a declared end
-// past the message).
-template <class W>
-void skip_to(W& w, std::uint64_t start, std::uint64_t declared_bits) {
-  if constexpr (W::kReading) {
-    const std::uint64_t end = start + declared_bits;
-    if (w.pos() < end) w.skip(end - w.pos());
-  }
-}
-
 // The search group of the General and Universal Handoff Direction messages.
 template <class W, class R>
-bool search_group(W& w, R& r) {
-  if (!w(F(SRCH_WIN_A, 4), F(SRCH_WIN_N, 4), F(SRCH_WIN_R, 4), F(T_ADD, 6), F(T_DROP, 6), F(T_COMP, 4), F(T_TDROP, 4),
-         F(SOFT_SLOPE, 6), F(ADD_INTERCEPT, 6), F(DROP_INTERCEPT, 6))) return false;
-  return true;
+void search_group(W& w, R& r) {
+  w(F(SRCH_WIN_A, 4), F(SRCH_WIN_N, 4), F(SRCH_WIN_R, 4), F(T_ADD, 6), F(T_DROP, 6), F(T_COMP, 4), F(T_TDROP, 4),
+    F(SOFT_SLOPE, 6), F(ADD_INTERCEPT, 6), F(DROP_INTERCEPT, 6));
 }
 
 // RETURN_IF_HANDOFF_FAIL .. the service configuration record, the tail of the extra
 // parameters of both messages.
 template <class W, class R>
-bool return_and_scr(W& w, R& r, const Ctx& c) {
-  if (!w(F(RETURN_IF_HANDOFF_FAIL, 1))) return false;
-  if (r.RETURN_IF_HANDOFF_FAIL) {
-    if (!w(F(COMPLETE_SEARCH, 1))) return false;
-  }
-  if (!w(F(PERIODIC_SEARCH, 1), F(SCR_INCLUDED, 1))) return false;
+void return_and_scr(W& w, R& r, const Ctx& c) {
+  w(F(RETURN_IF_HANDOFF_FAIL, 1));
+  if (r.RETURN_IF_HANDOFF_FAIL) w(F(COMPLETE_SEARCH, 1));
+  w(F(PERIODIC_SEARCH, 1), F(SCR_INCLUDED, 1));
   if (r.SCR_INCLUDED) {
-    if (!w(F(SERV_CON_SEQ, 3))) return false;
-    if (!scr_record(w, r.RECORD_TYPE, r.RECORD_LEN, r.SCR, c)) return false;
+    w(F(SERV_CON_SEQ, 3));
+    scr_record(w, r, c);
   }
-  return true;
 }
 
 // SYNC_ID_INCL, SYNC_ID_LEN and SYNC_ID (SYNC_ID_LEN octets, shown in hexadecimal).
 template <class W, class R>
-bool sync_id(W& w, R& r) {
-  if (!w(F(SYNC_ID_INCL, 1))) return false;
-  if (!r.SYNC_ID_INCL) return true;
-  if (!w(F(SYNC_ID_LEN, 4))) return false;
-  if (r.SYNC_ID_LEN == 0) return true;
-  if (!w(F(SYNC_ID, 8u * r.SYNC_ID_LEN))) return false;
-  return true;
+void sync_id(W& w, R& r) {
+  w(F(SYNC_ID_INCL, 1));
+  if (!r.SYNC_ID_INCL) return;
+  w(F(SYNC_ID_LEN, 4));
+  if (r.SYNC_ID_LEN != 0) w(F(SYNC_ID, 8u * r.SYNC_ID_LEN));
 }
 
 // Call assignments of the Universal Handoff Direction and Service Connect messages.
@@ -206,34 +182,27 @@ void layout(W& w, CallAssign& r, const Ctx&) {
 // offset (Universal only), the SYNC_ID of a stored configuration and the call assignments
 // (Universal only, with a service configuration).
 template <class W, class R>
-bool enc_and_calls(W& w, R& r, const Ctx& c, bool universal, const char* calls_header) {
+void enc_and_calls(W& w, R& r, const Ctx& c, bool universal) {
   if (r.EXTRA_PARMS) {
-    if (r.ENCRYPT_MODE == 3) {
-      if (!w(F(D_SIG_ENCRYPT_MODE, 3))) return false;
-    }
-    if (r.ENCRYPT_MODE == 2 || r.ENCRYPT_MODE == 3) {
-      if (!w(F(ENC_KEY_SIZE, 3))) return false;
-    }
+    if (r.ENCRYPT_MODE == 3) w(F(D_SIG_ENCRYPT_MODE, 3));
+    if (r.ENCRYPT_MODE == 2 || r.ENCRYPT_MODE == 3) w(F(ENC_KEY_SIZE, 3));
   }
   if (universal) {
-    if (!w(F(F3XFL_1XRL_INCL, 1))) return false;
-    if (r.F3XFL_1XRL_INCL) {
-      if (!w(F(F1XRL_FREQ_OFFSET, 2))) return false;
-    }
+    w(F(F3XFL_1XRL_INCL, 1));
+    if (r.F3XFL_1XRL_INCL) w(F(F1XRL_FREQ_OFFSET, 2));
   }
   // From P_REV 11 the Universal message may name a stored configuration by its SYNC_ID even
   // when it sends no service configuration.
   const bool any_sync_id = universal && c.p_rev >= 11;
-  if (!r.EXTRA_PARMS && !any_sync_id) return true;
-  if ((any_sync_id || r.SCR_INCLUDED || r.NNSCR_INCLUDED) && !sync_id(w, r)) return false;
+  if (!r.EXTRA_PARMS && !any_sync_id) return;
+  if (any_sync_id || r.SCR_INCLUDED || r.NNSCR_INCLUDED) sync_id(w, r);
   if (universal && r.EXTRA_PARMS && r.SCR_INCLUDED) {
-    if (!w(F(CC_INFO_INCL, 1))) return false;
+    w(F(CC_INFO_INCL, 1));
     if (r.CC_INFO_INCL) {
-      if (!w(F(NUM_CALLS_ASSIGN, 8))) return false;
-      if (!w.records("CALLs", calls_header, r.CALLs, r.NUM_CALLS_ASSIGN, c)) return false;
+      w(F(NUM_CALLS_ASSIGN, 8));
+      w.records("CALLs", r.CALLs, r.NUM_CALLS_ASSIGN, c);
     }
   }
-  return true;
 }
 
 // ---- General Handoff Direction Message (31) -----------------------------------------------
@@ -360,13 +329,13 @@ void layout(W& w, FD_GHDM& r, const Ctx& c) {
   w(F(USE_TIME, 1));
   if (r.USE_TIME) w(F(ACTION_TIME, 6));
   w(F(HDM_SEQ, 2), F(SEARCH_INCLUDED, 1));
-  if (r.SEARCH_INCLUDED && !search_group(w, r)) return;
+  if (r.SEARCH_INCLUDED) search_group(w, r);
   w(F(EXTRA_PARMS, 1));
   if (r.EXTRA_PARMS) {
     w(F(P_REV, 8), F(PACKET_ZONE_ID, 8), F(FRAME_OFFSET, 4), F(PRIVATE_LCM, 1), F(RESET_L2, 1), F(RESET_FPC, 1),
       F(SERV_NEG_TYPE, 1), F(ENCRYPT_MODE, 2), F(NOM_PWR_EXT, 1), F(NOM_PWR, 4), F(NUM_PREAMBLE, 3), F(BAND_CLASS, 5),
       F(CDMA_FREQ, 11));
-    if (!return_and_scr(w, r, c)) return;
+    return_and_scr(w, r, c);
   }
 
   w(F(SUP_CHAN_PARMS_INCLUDED, 1));
@@ -393,25 +362,22 @@ void layout(W& w, FD_GHDM& r, const Ctx& c) {
   w(F(USE_PWR_CNTL_STEP, 1));
   if (r.USE_PWR_CNTL_STEP) w(F(PWR_CNTL_STEP, 3));
   w(F(NUM_PILOTS, 3));
-  {
-    GhdmPilotCtx pilots{};
-    static_cast<Ctx&>(pilots) = c;
-    pilots.sup_specified =
-        r.SUP_CHAN_PARMS_INCLUDED && r.FOR_INCLUDED && (r.FOR_SUP_CONFIG == 2 || r.FOR_SUP_CONFIG == 3);
-    pilots.num_for_sup = pilots.sup_specified ? static_cast<std::uint8_t>(r.NUM_FOR_SUP & 7u) : 0;
-    if (!w.records("PILOTs", r.PILOTs, r.NUM_PILOTS, pilots)) return;
-  }
+  GhdmPilotCtx pilots{c};
+  pilots.sup_specified =
+      r.SUP_CHAN_PARMS_INCLUDED && r.FOR_INCLUDED && (r.FOR_SUP_CONFIG == 2 || r.FOR_SUP_CONFIG == 3);
+  pilots.num_for_sup = pilots.sup_specified ? static_cast<std::uint8_t>(r.NUM_FOR_SUP & 7u) : 0;
+  w.records("PILOTs", r.PILOTs, r.NUM_PILOTS, pilots);
   if (c.p_rev < 6) return;
 
   w(F(FPC_SUBCHAN_GAIN, 5), F(USE_PC_TIME, 1));
   if (r.USE_PC_TIME) w(F(PC_ACTION_TIME, 6));
   if (r.EXTRA_PARMS) {
     w(F(RLGAIN_TRAFFIC_PILOT, 6), F(DEFAULT_RLAG, 1), F(NNSCR_INCLUDED, 1));
-    if (r.NNSCR_INCLUDED && !nnscr_record(w, r.RECORD_TYPE2, r.RECORD_LEN2, r.NNSCR, c)) return;
+    if (r.NNSCR_INCLUDED) nnscr_record(w, r, c);
   }
-  if (!fwd::rev_fch_gating(w, r)) return;
+  fwd::rev_fch_gating(w, r);
   if (c.p_rev < 7) return;
-  if (!enc_and_calls(w, r, c, false, "FD_GHDM_CALLs")) return;
+  enc_and_calls(w, r, c, false);
   w(F(CS_SUPPORTED, 1));
 }
 
@@ -461,14 +427,16 @@ void layout(W& w, AsrForSch& r, const Ctx&) {
   w(F(FOR_SCH_ID, 1), F(SCCL_INDEX, 4), F(FOR_SCH_RATE, 4));
 }
 
-struct AsrRevSch {
+// A reverse supplemental channel's Walsh cover and rate, in the active set record and in the
+// reverse configuration records of the extended supplemental channel assignment.
+struct RevSchCfg {
   std::uint8_t REV_SCH_ID;
   std::uint8_t REV_WALSH_ID;
   std::uint8_t REV_SCH_RATE;
 };
 
 template <class W>
-void layout(W& w, AsrRevSch& r, const Ctx&) {
+void layout(W& w, RevSchCfg& r, const Ctx&) {
   w(F(REV_SCH_ID, 1), F(REV_WALSH_ID, 1), F(REV_SCH_RATE, 4));
 }
 
@@ -487,22 +455,19 @@ void layout(W& w, AsrPilotSch& r, const Ctx&) {
   if (r.PILOT_INCL) w(F(CODE_CHAN_SCH, 11), F(QOF_MASK_ID_SCH, 2));
 }
 
-// ADD_PILOT_REC_INCL, PILOT_REC_TYPE and RECORD_LEN (octets of the type-specific fields that
-// follow it), then those fields.
+// ADD_PILOT_REC_INCL, the pilot record type (`type`, 3 bits) and RECORD_LEN (octets of the
+// type-specific fields that follow it), then those fields, shown among the pilot's own; the
+// walk moves on by RECORD_LEN octets whatever the type reads.
 template <class W, class R>
-bool add_pilot_rec(W& w, R& r, const char* type_name, const Ctx& c) {
-  if (!w(F(ADD_PILOT_REC_INCL, 1))) return false;
-  if (!r.ADD_PILOT_REC_INCL) return true;
-  if (!w.need(6)) return false;
-  w.u(r.PILOT_REC_TYPE, type_name, 3);
-  w.u(r.RECORD_LEN, "RECORD_LEN", 3);
-  const std::uint64_t start = here(w);
-  fwd::AddPilotCtx pc{};
-  static_cast<Ctx&>(pc) = c;
-  pc.pilot_rec_type = r.PILOT_REC_TYPE;
-  layout(w, r.REC, pc);   // shown among the pilot's own fields
-  skip_to(w, start, 8u * r.RECORD_LEN);
-  return true;
+void add_pilot_rec(W& w, R& r, const Field<std::uint8_t>& type, const Ctx& c) {
+  w(F(ADD_PILOT_REC_INCL, 1));
+  if (!r.ADD_PILOT_REC_INCL) return;
+  w(type, F(RECORD_LEN, 3));
+  auto end = w.declared_end();
+  fwd::AddPilotCtx pc{c};
+  pc.pilot_rec_type = type.ref;
+  layout(w, r.REC, pc);
+  end.at(8u * r.RECORD_LEN);
 }
 
 // The channel indicator decides which code channels the pilots carry: the Fundamental Channel
@@ -516,11 +481,7 @@ struct AsrCtx : Ctx {
   bool sch_incl;           // supplemental channels assigned (SCH_INCL)
   bool srch_offset_incl;   // the pilots carry SRCH_OFFSET
   bool f3x_fch, f3x_dcch;  // F3X_FCH_INFO_INCL, F3X_DCCH_INFO_INCL
-};
-
-// The number of encoder types of one pilot (its supplemental channels that carry it).
-struct CcshCtx : Ctx {
-  std::uint8_t count;
+  std::uint8_t num_sch;    // a 3X record's 1X pilot's NUM_SCH
 };
 
 struct AsrPilot {
@@ -544,7 +505,7 @@ void layout(W& w, AsrPilot& r, const AsrCtx& c) {
   const unsigned ch_ind = c.ch_ind;
   w(F(PILOT_PN, 9));
   if (c.srch_offset_incl) w(F(SRCH_OFFSET, 3));
-  if (!add_pilot_rec(w, r, "PILOT_REC_TYPE", c)) return;
+  add_pilot_rec(w, r, F(PILOT_REC_TYPE, 3), c);
   w(F(PWR_COMB_IND, 1));
   if (asr_fch(ch_ind)) w(F(CODE_CHAN_FCH, 11), F(QOF_MASK_ID_FCH, 2));
   if (asr_dcch(ch_ind)) w(F(CODE_CHAN_DCCH, 11), F(QOF_MASK_ID_DCCH, 2));
@@ -568,22 +529,11 @@ struct F3xCode {
 // F3X_<ch>_LOW_INCL [QOF_MASK_ID_<ch>_LOW, CODE_CHAN_<ch>_LOW], then the same for HIGH; the
 // names come in the order of the fields.
 template <class W>
-bool f3x_code(W& w, F3xCode& r, const char* const (&n)[6]) {
-  if (!w.need(1)) return false;
-  w.u(r.LOW_INCL, n[0], 1);
-  if (r.LOW_INCL) {
-    if (!w.need(13)) return false;
-    w.u(r.QOF_MASK_ID_LOW, n[1], 2);
-    w.u(r.CODE_CHAN_LOW, n[2], 11);
-  }
-  if (!w.need(1)) return false;
-  w.u(r.HIGH_INCL, n[3], 1);
-  if (r.HIGH_INCL) {
-    if (!w.need(13)) return false;
-    w.u(r.QOF_MASK_ID_HIGH, n[4], 2);
-    w.u(r.CODE_CHAN_HIGH, n[5], 11);
-  }
-  return true;
+void f3x_code(W& w, F3xCode& r, const char* const (&n)[6]) {
+  w(field(r.LOW_INCL, n[0], 1));
+  if (r.LOW_INCL) w(field(r.QOF_MASK_ID_LOW, n[1], 2), field(r.CODE_CHAN_LOW, n[2], 11));
+  w(field(r.HIGH_INCL, n[3], 1));
+  if (r.HIGH_INCL) w(field(r.QOF_MASK_ID_HIGH, n[4], 2), field(r.CODE_CHAN_HIGH, n[5], 11));
 }
 
 constexpr const char* kF3xFch[6] = {"F3X_FCH_LOW_INCL",  "QOF_MASK_ID_FCH_LOW",  "CODE_CHAN_FCH_LOW",
@@ -605,7 +555,6 @@ void layout(W& w, F3xSch& r, const Ctx&) {
 }
 
 struct F3xPilot {
-  std::uint8_t NUM_SCH;   // the 1X pilot's count, not on the air here
   F3xCode FCH;
   F3xCode DCCH;
   std::uint8_t F3X_SCH_INFO_INCL;
@@ -615,29 +564,39 @@ struct F3xPilot {
 template <class W>
 void layout(W& w, F3xPilot& r, const AsrCtx& c) {
   const bool fch = asr_fch(c.ch_ind) && c.f3x_fch, dcch = asr_dcch(c.ch_ind) && c.f3x_dcch;
-  if (fch && !f3x_code(w, r.FCH, kF3xFch)) return;
-  if (dcch && !f3x_code(w, r.DCCH, kF3xDcch)) return;
+  if (fch) f3x_code(w, r.FCH, kF3xFch);
+  if (dcch) f3x_code(w, r.DCCH, kF3xDcch);
   if ((fch || dcch) && c.sch_incl) {
     w(F(F3X_SCH_INFO_INCL, 1));
-    if (r.F3X_SCH_INFO_INCL) w.records("F3X_SCHs", "ACTIVE_SET_REC_F3X_FCHs_DCCHs_F3X_SCHs", r.SCHs, r.NUM_SCH, c);
+    // One record for each supplemental channel of the 1X pilot.
+    if (r.F3X_SCH_INFO_INCL) w.records("F3X_SCHs", "ACTIVE_SET_REC_F3X_FCHs_DCCHs_F3X_SCHs", r.SCHs, c.num_sch, c);
   }
 }
 
-// One encoder type per supplemental channel the pilot carries (PILOT_INCL set).
-struct CcshPilot {
+// The common channel supplemental encoders: one encoder type (CCSH_ENCODER_TYPE, 1 bit) for
+// each supplemental channel of a pilot, as many as the record read before says.
+struct CcshEncoders {
   PoolArray<std::uint8_t> CCSH_ENCODER_TYPE;
+};
+struct CcshCtx : Ctx {
+  std::uint8_t count;
 };
 
 template <class W>
-void layout(W& w, CcshPilot& r, const CcshCtx& c) {
+void layout(W& w, CcshEncoders& r, const CcshCtx& c) {
   w.scalars("CCSH_ENCODER_TYPE", r.CCSH_ENCODER_TYPE, c.count, 1);
 }
 
-// Labels of the per-pilot records that follow the 1X pilots (NUM_PILOTS is 3 bits).
-constexpr const char* kF3xPilotLabel[8] = {"F3X_FCHs[0]", "F3X_FCHs[1]", "F3X_FCHs[2]", "F3X_FCHs[3]",
-                                           "F3X_FCHs[4]", "F3X_FCHs[5]", "F3X_FCHs[6]", "F3X_FCHs[7]"};
-constexpr const char* kCcshPilotLabel[8] = {"CCSH_PILOTs[0]", "CCSH_PILOTs[1]", "CCSH_PILOTs[2]", "CCSH_PILOTs[3]",
-                                            "CCSH_PILOTs[4]", "CCSH_PILOTs[5]", "CCSH_PILOTs[6]", "CCSH_PILOTs[7]"};
+// CCSH_PILOTs: for each pilot read before, one encoder type for each of its supplemental
+// channels that carries it (PILOT_INCL set).
+template <class W, class Pilot>
+void ccsh_pilots(W& w, PoolArray<CcshEncoders>& a, const PoolArray<Pilot>& pilots, const Ctx& c) {
+  w.alongside("CCSH_PILOTs", a, pilots.count, [&](std::uint32_t k) {
+    CcshCtx e{c};
+    for (std::uint32_t j = 0; j < pilots[k].SCHs.count; ++j) e.count += pilots[k].SCHs[j].PILOT_INCL ? 1 : 0;
+    return e;
+  });
+}
 
 // The common power control subchannel of one pilot for broadcast-multicast on the dedicated
 // channels (P_REV 10).
@@ -658,17 +617,17 @@ struct ActiveSetRec {
   std::uint8_t NUM_FOR_SCH;
   PoolArray<AsrForSch> FOR_SCHs;
   std::uint8_t NUM_REV_SCH;
-  PoolArray<AsrRevSch> REV_SCHs;
+  PoolArray<RevSchCfg> REV_SCHs;
   std::uint8_t NUM_PILOTS;
   std::uint8_t SRCH_OFFSET_INCL;
   PoolArray<AsrPilot> PILOTs;
   std::uint8_t F3X_FCH_INFO_INCL;
   std::uint8_t F3X_DCCH_INFO_INCL;
-  PoolArray<F3xPilot> F3X_PILOTs;
+  PoolArray<F3xPilot> F3X_FCHs;
   std::uint8_t CCSH_INCLUDED;
   std::uint8_t USE_CCSH_ENCODER_TIME;
   std::uint8_t CCSH_ENCODER_ACTION_TIME;
-  PoolArray<CcshPilot> CCSH_PILOTs;
+  PoolArray<CcshEncoders> CCSH_PILOTs;
   // P_REV 10 and later
   std::uint8_t FUNDICATED_BCMC_IND;
   std::uint8_t REV_FCH_ASSIGNED;
@@ -680,42 +639,39 @@ struct ActiveSetRec {
 };
 
 template <class W>
-bool asr_ccsh(W& w, ActiveSetRec& r, const AsrCtx& c);
-
-template <class W>
 void layout(W& w, ActiveSetRec& r, const AsrCtx& c) {
   const unsigned ch_ind = c.ch_ind;
-  const bool sch_incl = c.sch_incl;
-  if (sch_incl) {
+  if (c.sch_incl) {
     w(F(NUM_FOR_SCH, 5));
-    if (!w.records("FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+    w.records("FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c);
     w(F(NUM_REV_SCH, 5));
-    if (!w.records("REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+    w.records("REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c);
   }
   w(F(NUM_PILOTS, 3), F(SRCH_OFFSET_INCL, 1));
   AsrCtx pilots = c;
   pilots.srch_offset_incl = r.SRCH_OFFSET_INCL;
-  if (!w.records("PILOTs", r.PILOTs, r.NUM_PILOTS, pilots)) return;
+  w.records("PILOTs", r.PILOTs, r.NUM_PILOTS, pilots);
   if (c.p_rev < 7) return;
   if (asr_fch(ch_ind)) w(F(F3X_FCH_INFO_INCL, 1));
   if (asr_dcch(ch_ind)) w(F(F3X_DCCH_INFO_INCL, 1));
-  // The per-pilot records below depend on each 1X pilot's supplemental channels: the decode
-  // sizes them from the pilots just read; printing walks what was stored.
+  // The 3X code channels of each 1X pilot just read, with as many supplemental channels as
+  // that pilot has.
   if (r.F3X_FCH_INFO_INCL || r.F3X_DCCH_INFO_INCL) {
-    if constexpr (W::kReading) {
-      r.F3X_PILOTs.data = w.arena().template alloc<F3xPilot>(r.PILOTs.count);
-      r.F3X_PILOTs.count = r.F3X_PILOTs.data ? r.PILOTs.count : 0;
-      for (std::uint32_t i = 0; i < r.F3X_PILOTs.count; ++i) r.F3X_PILOTs[i].NUM_SCH = r.PILOTs[i].NUM_SCH;
-    }
-    AsrCtx f3x = c;
-    f3x.f3x_fch = r.F3X_FCH_INFO_INCL;
-    f3x.f3x_dcch = r.F3X_DCCH_INFO_INCL;
-    for (std::uint32_t i = 0; i < r.F3X_PILOTs.count && i < 8; ++i)
-      if (!w.sub(kF3xPilotLabel[i], "ACTIVE_SET_REC_F3X_FCHs", r.F3X_PILOTs[i], f3x)) return;
+    w.alongside("F3X_FCHs", r.F3X_FCHs, r.PILOTs.count, [&](std::uint32_t k) {
+      AsrCtx f3x = c;
+      f3x.f3x_fch = r.F3X_FCH_INFO_INCL;
+      f3x.f3x_dcch = r.F3X_DCCH_INFO_INCL;
+      f3x.num_sch = r.PILOTs[k].NUM_SCH;
+      return f3x;
+    });
   }
   if (c.p_rev < 8) return;
   w(F(CCSH_INCLUDED, 1));
-  if (r.CCSH_INCLUDED && !asr_ccsh(w, r, c)) return;
+  if (r.CCSH_INCLUDED) {
+    w(F(USE_CCSH_ENCODER_TIME, 1));
+    if (r.USE_CCSH_ENCODER_TIME) w(F(CCSH_ENCODER_ACTION_TIME, 6));
+    if (c.sch_incl) ccsh_pilots(w, r.CCSH_PILOTs, r.PILOTs, c);
+  }
   if (c.p_rev < 10 || !asr_dcch(ch_ind)) return;
   // From P_REV 10 a Dedicated Control Channel may carry broadcast-multicast; with the
   // Fundamental Channel too ('111') the common power control subchannels are optional.
@@ -730,33 +686,6 @@ void layout(W& w, ActiveSetRec& r, const AsrCtx& c) {
   }
   const bool cpcch = r.FUNDICATED_BCMC_IND && (ch_ind != 7 || r.FOR_CPCCH_INFO_INCL);
   if (cpcch) w.records("FOR_CPCH_RECs", r.FOR_CPCH_RECs, r.NUM_PILOTS, c);
-}
-
-// USE_CCSH_ENCODER_TIME .. the encoder types of each pilot's supplemental channels.
-template <class W>
-bool asr_ccsh(W& w, ActiveSetRec& r, const AsrCtx& c) {
-  const bool sch_incl = c.sch_incl;
-  if (!w(F(USE_CCSH_ENCODER_TIME, 1))) return false;
-  if (r.USE_CCSH_ENCODER_TIME) {
-    if (!w(F(CCSH_ENCODER_ACTION_TIME, 6))) return false;
-  }
-  if (!sch_incl) return true;
-  if constexpr (W::kReading) {
-    r.CCSH_PILOTs.data = w.arena().template alloc<CcshPilot>(r.PILOTs.count);
-    r.CCSH_PILOTs.count = r.CCSH_PILOTs.data ? r.PILOTs.count : 0;
-  }
-  for (std::uint32_t i = 0; i < r.CCSH_PILOTs.count && i < 8; ++i) {
-    // One encoder type for each of the pilot's supplemental channels it carries.
-    CcshCtx ccsh{};
-    static_cast<Ctx&>(ccsh) = c;
-    std::uint32_t carried = 0;
-    if constexpr (W::kReading) {
-      for (std::uint32_t j = 0; j < r.PILOTs[i].SCHs.count; ++j) carried += r.PILOTs[i].SCHs[j].PILOT_INCL ? 1u : 0u;
-    }
-    ccsh.count = static_cast<std::uint8_t>(carried);
-    if (!w.sub(kCcshPilotLabel[i], "ACTIVE_SET_REC_CCSH_PILOTs", r.CCSH_PILOTs[i], ccsh)) return false;
-  }
-  return true;
 }
 
 // ---- The extended active set record (CH_IND '000', from P_REV 9) -------------------------
@@ -818,13 +747,12 @@ template <class W>
 void layout(W& w, ExtPilot& r, const ExtAsrCtx& c) {
   w(F(PILOT_PN, 9));
   if (c.srch_offset_incl) w(F(SRCH_OFFSET, 3));
-  if (!add_pilot_rec(w, r, "PILOT_REC_TYPE", c)) return;
+  add_pilot_rec(w, r, F(PILOT_REC_TYPE, 3), c);
   w(F(FOR_PDCH_INCL, 1));
   // Without common packet data parameters each pilot names its own control channels.
   if (r.FOR_PDCH_INCL && !c.pdch_common_parms) {
     w(F(WALSH_TABLE_ID, 3), F(NUM_PDCCH, 3));
-    if (!w.records("PDCCH_RECs", r.PDCCH_RECs, r.NUM_PDCCH + 1u, c))
-      return;
+    w.records("PDCCH_RECs", r.PDCCH_RECs, r.NUM_PDCCH + 1u, c);
   }
   if (r.FOR_PDCH_INCL) {
     w(F(MAC_ID, 8), F(REV_CQICH_COVER, 3));
@@ -851,7 +779,7 @@ struct ExtActiveSetRec {
   std::uint8_t NUM_FOR_SCH;
   PoolArray<AsrForSch> FOR_SCHs;
   std::uint8_t NUM_REV_SCH;
-  PoolArray<AsrRevSch> REV_SCHs;
+  PoolArray<RevSchCfg> REV_SCHs;
   std::uint8_t NUM_PILOTS;
   std::uint8_t SRCH_OFFSET_INCL;
   std::uint8_t PDCH_GROUP_IND_INCL;
@@ -878,7 +806,7 @@ struct ExtActiveSetRec {
   std::uint8_t CCSH_INCLUDED;
   std::uint8_t USE_CCSH_ENCODER_TIME;
   std::uint8_t CCSH_ENCODER_ACTION_TIME;
-  PoolArray<CcshPilot> CCSH_PILOTs;
+  PoolArray<CcshEncoders> CCSH_PILOTs;
 };
 
 template <class W>
@@ -894,55 +822,30 @@ void layout(W& w, ExtActiveSetRec& r, const ExtAsrCtx& c) {
   // With the common power control channel there is no forward supplemental channel.
   if (c.sch_incl && !ext_cpcch(c.ext_ch_ind)) {
     w(F(NUM_FOR_SCH, 5));
-    if (!w.records("FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+    w.records("FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c);
   }
   if (c.sch_incl) {
     w(F(NUM_REV_SCH, 5));
-    if (!w.records("REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+    w.records("REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c);
   }
   w(F(NUM_PILOTS, 3), F(SRCH_OFFSET_INCL, 1), F(PDCH_GROUP_IND_INCL, 1), F(FOR_PDCH_PARMS_INCL, 1));
   if (r.FOR_PDCH_PARMS_INCL) {
-    w(F(FOR_PDCH_RLGAIN_INCL, 1));
-    if (r.FOR_PDCH_RLGAIN_INCL) w(F(RLGAIN_ACKCH_PILOT, 6), F(RLGAIN_CQICH_PILOT, 6));
-    w(F(NUM_SOFT_SWITCHING_FRAMES, 4), F(NUM_SOFTER_SWITCHING_FRAMES, 4), F(NUM_SOFT_SWITCHING_SLOTS, 2),
-      F(NUM_SOFTER_SWITCHING_SLOTS, 2), F(CHM_SWITCHING_PARMS_INCL, 1));
-    if (r.CHM_SWITCHING_PARMS_INCL) {
-      w(F(NUM_SOFT_SWITCHING_FRAMES_CHM, 4), F(NUM_SOFTER_SWITCHING_FRAMES_CHM, 4),
-        F(NUM_SOFT_SWITCHING_SLOTS_CHM, 2), F(NUM_SOFTER_SWITCHING_SLOTS_CHM, 2));
-    }
-    w(F(PDCH_SOFT_SWITCHING_DELAY, 8), F(PDCH_SOFTER_SWITCHING_DELAY, 8), F(FOR_PDCH_COMMON_PARMS, 1));
+    fwd::pdch_switching(w, r, F(FOR_PDCH_COMMON_PARMS, 1));
     if (r.FOR_PDCH_COMMON_PARMS) {
       w(F(WALSH_TABLE_ID, 3), F(NUM_PDCCH, 3));
-      if (!w.records("PDCCH_RECs", "EXT_ACTIVE_SET_REC_PDCCH_RECs", r.PDCCH_RECs, r.NUM_PDCCH + 1u, c)) return;
+      w.records("PDCCH_RECs", r.PDCCH_RECs, r.NUM_PDCCH + 1u, c);
     }
   }
   ExtAsrCtx pilots = c;
   pilots.srch_offset_incl = r.SRCH_OFFSET_INCL;
   pilots.pdch_common_parms = r.FOR_PDCH_PARMS_INCL && r.FOR_PDCH_COMMON_PARMS;
   pilots.pdch_group_ind_incl = r.PDCH_GROUP_IND_INCL;
-  if (!w.records("PILOT_RECs", r.PILOT_RECs, r.NUM_PILOTS, pilots)) return;
+  w.records("PILOT_RECs", r.PILOT_RECs, r.NUM_PILOTS, pilots);
   w(F(CCSH_INCLUDED, 1));
   if (!r.CCSH_INCLUDED) return;
   w(F(USE_CCSH_ENCODER_TIME, 1));
   if (r.USE_CCSH_ENCODER_TIME) w(F(CCSH_ENCODER_ACTION_TIME, 6));
-  if (!c.sch_incl) return;
-  // One encoder type for each supplemental channel a pilot carries; the decode counts them
-  // from the pilots just read, printing walks what was stored.
-  if constexpr (W::kReading) {
-    r.CCSH_PILOTs.data = w.arena().template alloc<CcshPilot>(r.PILOT_RECs.count);
-    r.CCSH_PILOTs.count = r.CCSH_PILOTs.data ? r.PILOT_RECs.count : 0;
-  }
-  for (std::uint32_t i = 0; i < r.CCSH_PILOTs.count && i < 8; ++i) {
-    CcshCtx ccsh{};
-    static_cast<Ctx&>(ccsh) = c;
-    std::uint32_t carried = 0;
-    if constexpr (W::kReading) {
-      for (std::uint32_t j = 0; j < r.PILOT_RECs[i].SCHs.count; ++j)
-        carried += r.PILOT_RECs[i].SCHs[j].PILOT_INCL ? 1u : 0u;
-    }
-    ccsh.count = static_cast<std::uint8_t>(carried);
-    if (!w.sub(kCcshPilotLabel[i], "EXT_ACTIVE_SET_REC_CCSH_PILOTs", r.CCSH_PILOTs[i], ccsh)) return;
-  }
+  if (c.sch_incl) ccsh_pilots(w, r.CCSH_PILOTs, r.PILOT_RECs, c);
 }
 
 // Outer coding of one forward supplemental channel carrying broadcast-multicast (P_REV 10),
@@ -1088,97 +991,57 @@ struct FD_UHDM {
 
 // The capabilities and idle-state parameters that follow CS_SUPPORTED from P_REV 9 on.
 template <class W>
-bool uhdm_rel_c(W& w, FD_UHDM& r) {
-  if (!w(F(CHM_SUPPORTED, 1), F(CDMA_OFF_TIME_REP_SUP_IND, 1))) return false;
-  if (r.CDMA_OFF_TIME_REP_SUP_IND) {
-    if (!w(F(CDMA_OFF_TIME_REP_THRESHOLD_UNIT, 1), F(CDMA_OFF_TIME_REP_THRESHOLD, 3))) return false;
-  }
-  if (!w(F(RELEASE_TO_IDLE_IND, 1), F(MSG_INTEGRITY_SUP, 1), F(GEN_2G_KEY, 1), F(REGISTER_IN_IDLE, 1),
-         F(PLCM_TYPE_INCL, 1))) return false;
+void uhdm_rel_c(W& w, FD_UHDM& r) {
+  w(F(CHM_SUPPORTED, 1), F(CDMA_OFF_TIME_REP_SUP_IND, 1));
+  if (r.CDMA_OFF_TIME_REP_SUP_IND) w(F(CDMA_OFF_TIME_REP_THRESHOLD_UNIT, 1), F(CDMA_OFF_TIME_REP_THRESHOLD, 3));
+  w(F(RELEASE_TO_IDLE_IND, 1), F(MSG_INTEGRITY_SUP, 1), F(GEN_2G_KEY, 1), F(REGISTER_IN_IDLE, 1), F(PLCM_TYPE_INCL, 1));
   if (r.PLCM_TYPE_INCL) {
-    if (!w(F(PLCM_TYPE, 4))) return false;
-    if (r.PLCM_TYPE == 1) {   // the mask itself only for the base-station-specified type
-      if (!w(F(PLCM_39, 39))) return false;
-    }
+    w(F(PLCM_TYPE, 4));
+    if (r.PLCM_TYPE == 1) w(F(PLCM_39, 39));   // the mask itself only for the base-station-specified type
   }
   if (r.SEARCH_INCLUDED) {
-    if (!w(F(T_TDROP_RANGE_INCL, 1))) return false;
-    if (r.T_TDROP_RANGE_INCL) {
-      if (!w(F(T_TDROP_RANGE, 4))) return false;
-    }
+    w(F(T_TDROP_RANGE_INCL, 1));
+    if (r.T_TDROP_RANGE_INCL) w(F(T_TDROP_RANGE, 4));
   }
-  if (!w(F(FOR_PDCH_SUPPORTED, 1))) return false;
-  if (r.FOR_PDCH_SUPPORTED) {
-    if (!w(F(PDCH_CHM_SUPPORTED, 1))) return false;
-  }
-  if (!w(F(PILOT_INFO_REQ_SUPPORTED, 1), F(ENC_SUPPORTED, 1))) return false;
-  if (r.ENC_SUPPORTED) {
-    if (!w(F(SIG_ENCRYPT_SUP, 8), F(UI_ENCRYPT_SUP, 8))) return false;
-  }
-  if (!w(F(USE_SYNC_ID, 1), F(SID_INCL, 1))) return false;
-  if (r.SID_INCL) {
-    if (!w(F(SID, 15))) return false;
-  }
-  if (!w(F(NID_INCL, 1))) return false;
-  if (r.NID_INCL) {
-    if (!w(F(NID, 16))) return false;
-  }
-  if (!w(F(SDB_SUPPORTED, 1))) return false;
-  if (r.CS_SUPPORTED) {
-    if (!w(F(MOB_QOS, 1))) return false;
-  }
-  if (!w(F(MS_INIT_POS_LOC_SUP_IND, 1))) return false;
-  return true;
+  w(F(FOR_PDCH_SUPPORTED, 1));
+  if (r.FOR_PDCH_SUPPORTED) w(F(PDCH_CHM_SUPPORTED, 1));
+  w(F(PILOT_INFO_REQ_SUPPORTED, 1), F(ENC_SUPPORTED, 1));
+  if (r.ENC_SUPPORTED) w(F(SIG_ENCRYPT_SUP, 8), F(UI_ENCRYPT_SUP, 8));
+  w(F(USE_SYNC_ID, 1), F(SID_INCL, 1));
+  if (r.SID_INCL) w(F(SID, 15));
+  w(F(NID_INCL, 1));
+  if (r.NID_INCL) w(F(NID, 16));
+  w(F(SDB_SUPPORTED, 1));
+  if (r.CS_SUPPORTED) w(F(MOB_QOS, 1));
+  w(F(MS_INIT_POS_LOC_SUP_IND, 1));
 }
 
 // From P_REV 10: reverse packet data, packet zone hysteresis, broadcast-multicast on traffic,
 // additional service instances and the transmit power limit.
 template <class W>
-bool uhdm_rel_d(W& w, FD_UHDM& r, const Ctx& c) {
-  if (r.FOR_PDCH_SUPPORTED) {
-    if (!w(F(REV_PDCH_SUPPORTED, 1))) return false;
-  }
-  // Hysteresis only means something inside a packet zone.
-  if (r.EXTRA_PARMS && r.PACKET_ZONE_ID != 0) {
-    if (!w(F(PZ_HYST_ENABLED, 1))) return false;
-    if (r.PZ_HYST_ENABLED) {
-      if (!w(F(PZ_HYST_INFO_INCL, 1))) return false;
-      if (r.PZ_HYST_INFO_INCL) {
-        if (!w(F(PZ_HYST_LIST_LEN, 4), F(PZ_HYST_ACT_TIMER, 8), F(PZ_HYST_TIMER_MUL, 3), F(PZ_HYST_TIMER_EXP, 5))) return false;
-      }
-    }
-  }
-  if (!w(F(BCMC_ON_TRAFFIC_SUP, 1))) return false;
-  if (r.BCMC_ON_TRAFFIC_SUP) {
-    if (!w(F(AUTO_REQ_TRAF_ALLOWED_IND, 1))) return false;
-  }
+void uhdm_rel_d(W& w, FD_UHDM& r, const Ctx& c) {
+  if (r.FOR_PDCH_SUPPORTED) w(F(REV_PDCH_SUPPORTED, 1));
+  if (r.EXTRA_PARMS) fwd::pz_hysteresis(w, r);
+  w(F(BCMC_ON_TRAFFIC_SUP, 1));
+  if (r.BCMC_ON_TRAFFIC_SUP) w(F(AUTO_REQ_TRAF_ALLOWED_IND, 1));
   // Broadcast on a supplemental channel needs a forward supplemental assignment to ride on.
   const bool for_sch = r.SCH_INCL && r.NUM_FOR_ASSIGN != 0;
-  if (r.BCMC_ON_TRAFFIC_SUP && for_sch) {
-    if (!w(F(SCH_BCMC_IND, 1))) return false;
-  }
+  if (r.BCMC_ON_TRAFFIC_SUP && for_sch) w(F(SCH_BCMC_IND, 1));
   if (r.SCH_BCMC_IND && for_sch) {
-    if (!w(F(ADD_PLCM_FOR_SCH_INCL, 1))) return false;
+    w(F(ADD_PLCM_FOR_SCH_INCL, 1));
     if (r.ADD_PLCM_FOR_SCH_INCL) {
-      if (!w(F(ADD_PLCM_FOR_SCH_TYPE, 1))) return false;
-      if (r.ADD_PLCM_FOR_SCH_TYPE) {
-        if (!w(F(ADD_PLCM_FOR_SCH_35, 35))) return false;
-      }
+      w(F(ADD_PLCM_FOR_SCH_TYPE, 1));
+      if (r.ADD_PLCM_FOR_SCH_TYPE) w(F(ADD_PLCM_FOR_SCH_35, 35));
     }
     // One record for each forward supplemental channel assigned above.
-    if (!w.records("SCH_BCMCs", r.SCH_BCMCs, r.NUM_FOR_ASSIGN, c)) return false;
+    w.records("SCH_BCMCs", r.SCH_BCMCs, r.NUM_FOR_ASSIGN, c);
   }
-  if (r.CS_SUPPORTED) {
-    if (!w(F(MAX_ADD_SERV_INSTANCE, 3))) return false;
-  }
-  if (!w(F(USE_CH_CFG_RRM, 1), F(TX_PWR_LIMIT_INCL, 1))) return false;
+  if (r.CS_SUPPORTED) w(F(MAX_ADD_SERV_INSTANCE, 3));
+  w(F(USE_CH_CFG_RRM, 1), F(TX_PWR_LIMIT_INCL, 1));
   if (r.TX_PWR_LIMIT_INCL) {
-    if (!w(F(TX_PWR_LIMIT_DEFAULT, 1))) return false;
-    if (!r.TX_PWR_LIMIT_DEFAULT) {
-      if (!w(F(TX_PWR_LIMIT, 6))) return false;
-    }
+    w(F(TX_PWR_LIMIT_DEFAULT, 1));
+    if (!r.TX_PWR_LIMIT_DEFAULT) w(F(TX_PWR_LIMIT, 6));
   }
-  return true;
 }
 
 template <class W>
@@ -1193,24 +1056,24 @@ void layout(W& w, FD_UHDM& r, const Ctx& c) {
   if (r.PARMS_INCL) target.p_rev = r.P_REV;
 
   w(F(SEARCH_INCLUDED, 1));
-  if (r.SEARCH_INCLUDED && !search_group(w, r)) return;
+  if (r.SEARCH_INCLUDED) search_group(w, r);
   w(F(EXTRA_PARMS, 1));
   if (r.EXTRA_PARMS) {
     w(F(PACKET_ZONE_ID, 8), F(FRAME_OFFSET, 4), F(PRIVATE_LCM, 1), F(RESET_L2, 1), F(RESET_FPC, 1),
       F(ENCRYPT_MODE, 2), F(NOM_PWR_EXT, 1), F(NOM_PWR, 4), F(RLGAIN_TRAFFIC_PILOT, 6), F(DEFAULT_RLAG, 1),
       F(NUM_PREAMBLE, 3), F(BAND_CLASS, 5), F(CDMA_FREQ, 11));
-    if (!return_and_scr(w, r, target)) return;
+    return_and_scr(w, r, target);
     w(F(NNSCR_INCLUDED, 1));
-    if (r.NNSCR_INCLUDED && !nnscr_record(w, r.RECORD_TYPE2, r.RECORD_LEN2, r.NNSCR, target)) return;
+    if (r.NNSCR_INCLUDED) nnscr_record(w, r, target);
   }
   w(F(USE_PWR_CNTL_STEP, 1));
   if (r.USE_PWR_CNTL_STEP) w(F(PWR_CNTL_STEP, 3));
   w(F(CLEAR_RETRY_DELAY, 1), F(SCH_INCL, 1));
   if (r.SCH_INCL) {
     w(F(NUM_FOR_ASSIGN, 2));
-    if (!w.records("FOR_SCH_ASSIGNs", r.FOR_SCH_ASSIGNs, r.NUM_FOR_ASSIGN, c)) return;
+    w.records("FOR_SCH_ASSIGNs", r.FOR_SCH_ASSIGNs, r.NUM_FOR_ASSIGN, c);
     w(F(NUM_REV_ASSIGN, 2));
-    if (!w.records("REV_SCH_ASSIGNs", r.REV_SCH_ASSIGNs, r.NUM_REV_ASSIGN, c)) return;
+    w.records("REV_SCH_ASSIGNs", r.REV_SCH_ASSIGNs, r.NUM_REV_ASSIGN, c);
   }
   w(F(FPC_SUBCHAN_GAIN, 5), F(USE_PC_TIME, 1));
   if (r.USE_PC_TIME) w(F(PC_ACTION_TIME, 6));
@@ -1221,49 +1084,34 @@ void layout(W& w, FD_UHDM& r, const Ctx& c) {
     // octet is part of the record's length.
     if (rec_bits >= 8) {
       w(F(EXT_CH_IND, 5), F(RESERVED, 3));
-      ExtAsrCtx ext{};
-      static_cast<Ctx&>(ext) = c;
+      ExtAsrCtx ext{c};
       ext.ext_ch_ind = r.EXT_CH_IND;
       ext.sch_incl = r.SCH_INCL;
-      if (!w.sized("EXT_ACTIVE_SET_REC_FIELDS", "EXT_ACTIVE_SET_REC", r.EXT_ACTIVE_SET_REC_FIELDS, rec_bits - 8, ext))
-        return;
+      w.sized("EXT_ACTIVE_SET_REC_FIELDS", "EXT_ACTIVE_SET_REC", r.EXT_ACTIVE_SET_REC_FIELDS, rec_bits - 8, ext);
     } else {
       w.skip(rec_bits);
     }
   } else if (asr_fch(r.CH_IND) || asr_dcch(r.CH_IND)) {
-    AsrCtx as{};
-    static_cast<Ctx&>(as) = c;
+    AsrCtx as{c};
     as.ch_ind = r.CH_IND;
     as.sch_incl = r.SCH_INCL;
-    if (!w.sized("ACTIVE_SET_REC_FIELDS", "ACTIVE_SET_REC", r.ACTIVE_SET_REC_FIELDS, rec_bits, as)) return;
+    w.sized("ACTIVE_SET_REC_FIELDS", "ACTIVE_SET_REC", r.ACTIVE_SET_REC_FIELDS, rec_bits, as);
   } else {
     w.skip(rec_bits);
   }
   // From P_REV 9 only channel assignments with a reverse Fundamental Channel carry the gating
   // mode.
-  if (c.p_rev < 9 || asr_fch(r.CH_IND) || (r.CH_IND == 0 && ext_rev_fch(r.EXT_CH_IND))) {
-    if (!fwd::rev_fch_gating(w, r)) return;
-  }
+  if (c.p_rev < 9 || asr_fch(r.CH_IND) || (r.CH_IND == 0 && ext_rev_fch(r.EXT_CH_IND))) fwd::rev_fch_gating(w, r);
   if (c.p_rev < 7) return;
-  if (!enc_and_calls(w, r, c, true, "FD_UHDM_CALLs")) return;
+  enc_and_calls(w, r, c, true);
   w(F(CS_SUPPORTED, 1));
-  if (c.p_rev < 9 || !uhdm_rel_c(w, r)) return;
+  if (c.p_rev < 9) return;
+  uhdm_rel_c(w, r);
   if (c.p_rev < 10) return;
   uhdm_rel_d(w, r, c);
 }
 
 // ---- Extended Supplemental Channel Assignment Message (35) --------------------------------
-
-struct EscamRevCfg {
-  std::uint8_t REV_SCH_ID;
-  std::uint8_t REV_WALSH_ID;
-  std::uint8_t REV_SCH_RATE;
-};
-
-template <class W>
-void layout(W& w, EscamRevCfg& r, const Ctx&) {
-  w(F(REV_SCH_ID, 1), F(REV_WALSH_ID, 1), F(REV_SCH_RATE, 4));
-}
 
 struct EscamRevSch {
   std::uint8_t REV_SCH_ID;
@@ -1284,7 +1132,7 @@ void layout(W& w, EscamRevSch& r, const Ctx&) {
 struct EscamSupSho {
   std::uint16_t PILOT_PN;
   std::uint8_t ADD_PILOT_REC_INCL;
-  std::uint8_t PILOT_REC_TYPE;
+  std::uint8_t ACTIVE_PILOT_REC_TYPE;
   std::uint8_t RECORD_LEN;
   fwd::AddPilotRec REC;
   std::uint16_t CODE_CHAN_SCH;
@@ -1294,7 +1142,7 @@ struct EscamSupSho {
 template <class W>
 void layout(W& w, EscamSupSho& r, const Ctx& c) {
   w(F(PILOT_PN, 9));
-  if (!add_pilot_rec(w, r, "ACTIVE_PILOT_REC_TYPE", c)) return;
+  add_pilot_rec(w, r, F(ACTIVE_PILOT_REC_TYPE, 3), c);
   w(F(CODE_CHAN_SCH, 11), F(QOF_MASK_ID_SCH, 2));
 }
 
@@ -1389,27 +1237,6 @@ void layout(W& w, EscamF3xCfg& r, const EscamF3xCtx& c) {
   w.records("RECs", r.RECs, r.NUM_F3X_REC + 1u, recs);
 }
 
-// One encoder type for each soft handoff pilot of a forward configuration record; the count
-// is the record's NUM_SUP_SHO + 1, kept here by the decode.
-struct EscamCcshCfg {
-  std::uint8_t PILOTS;   // not on the air
-  PoolArray<std::uint8_t> CCSH_ENCODER_TYPE;
-};
-
-template <class W>
-void layout(W& w, EscamCcshCfg& r, const Ctx&) {
-  w.scalars("CCSH_ENCODER_TYPE", r.CCSH_ENCODER_TYPE, r.PILOTS, 1);
-}
-
-// NUM_FOR_CFG_RECS is 5 bits: at most 32 records.
-constexpr const char* kCcshCfgLabel[32] = {
-    "CCSH_CFGs[0]",  "CCSH_CFGs[1]",  "CCSH_CFGs[2]",  "CCSH_CFGs[3]",  "CCSH_CFGs[4]",  "CCSH_CFGs[5]",
-    "CCSH_CFGs[6]",  "CCSH_CFGs[7]",  "CCSH_CFGs[8]",  "CCSH_CFGs[9]",  "CCSH_CFGs[10]", "CCSH_CFGs[11]",
-    "CCSH_CFGs[12]", "CCSH_CFGs[13]", "CCSH_CFGs[14]", "CCSH_CFGs[15]", "CCSH_CFGs[16]", "CCSH_CFGs[17]",
-    "CCSH_CFGs[18]", "CCSH_CFGs[19]", "CCSH_CFGs[20]", "CCSH_CFGs[21]", "CCSH_CFGs[22]", "CCSH_CFGs[23]",
-    "CCSH_CFGs[24]", "CCSH_CFGs[25]", "CCSH_CFGs[26]", "CCSH_CFGs[27]", "CCSH_CFGs[28]", "CCSH_CFGs[29]",
-    "CCSH_CFGs[30]", "CCSH_CFGs[31]"};
-
 struct FD_ESCAM {
   std::uint8_t START_TIME_UNIT;
   std::uint8_t REV_SCH_DTX_DURATION;
@@ -1420,7 +1247,7 @@ struct FD_ESCAM {
   std::uint8_t FPC_PRI_CHAN;
   std::uint8_t REV_CFG_INCLUDED;
   std::uint8_t NUM_REV_CFG_RECS;   // records sent: NUM_REV_CFG_RECS + 1
-  PoolArray<EscamRevCfg> REV_CFGs;
+  PoolArray<RevSchCfg> REV_CFGs;
   std::uint8_t NUM_REV_SCH;
   PoolArray<EscamRevSch> REV_SCHs;
   std::uint8_t FOR_CFG_INCLUDED;
@@ -1446,7 +1273,7 @@ struct FD_ESCAM {
   PoolArray<EscamF3xCfg> F3X_CFGs;
   // P_REV 8 and later
   std::uint8_t CCSH_INCLUDED;
-  PoolArray<EscamCcshCfg> CCSH_CFGs;
+  PoolArray<CcshEncoders> CCSH_CFGs;
   std::uint8_t FOR_SCH_CC_INCL;
   PoolArray<ScrForSch> FOR_SCH_CCs;
   std::uint8_t REV_SCH_CC_INCL;
@@ -1469,18 +1296,18 @@ void layout(W& w, FD_ESCAM& r, const Ctx& c) {
   w(F(REV_CFG_INCLUDED, 1));
   if (r.REV_CFG_INCLUDED) {
     w(F(NUM_REV_CFG_RECS, 5));
-    if (!w.records("REV_CFGs", r.REV_CFGs, r.NUM_REV_CFG_RECS + 1u, c)) return;
+    w.records("REV_CFGs", r.REV_CFGs, r.NUM_REV_CFG_RECS + 1u, c);
   }
   w(F(NUM_REV_SCH, 2));
-  if (!w.records("REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+  w.records("REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c);
 
   w(F(FOR_CFG_INCLUDED, 1));
   if (r.FOR_CFG_INCLUDED) {
     w(F(FOR_SCH_FER_REP, 1), F(NUM_FOR_CFG_RECS, 5));
-    if (!w.records("FOR_CFGs", r.FOR_CFGs, r.NUM_FOR_CFG_RECS + 1u, c)) return;
+    w.records("FOR_CFGs", r.FOR_CFGs, r.NUM_FOR_CFG_RECS + 1u, c);
   }
   w(F(NUM_FOR_SCH, 2));
-  if (!w.records("FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+  w.records("FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c);
 
   w(F(FPC_INCL, 1));
   if (r.FPC_INCL) {
@@ -1488,41 +1315,37 @@ void layout(W& w, FD_ESCAM& r, const Ctx& c) {
     // Modes '001' and '010' run a secondary power control subchannel.
     if (r.FPC_MODE_SCH == 1 || r.FPC_MODE_SCH == 2) w(F(FPC_SEC_CHAN, 1));
     w(F(NUM_SUP, 2));
-    if (!w.records("FPC_SUPs", r.FPC_SUPs, r.NUM_SUP, c)) return;
+    w.records("FPC_SUPs", r.FPC_SUPs, r.NUM_SUP, c);
     w(F(FPC_THRESH_SCH_INCL, 1));
     if (r.FPC_THRESH_SCH_INCL) w(F(FPC_SETPT_THRESH_SCH, 8));
   }
   w(F(RPC_INCL, 1));
   if (r.RPC_INCL) {
     w(F(RPC_NUM_SUP, 1));
-    if (!w.records("RPC_SUPs", r.RPC_SUPs, r.RPC_NUM_SUP + 1u, c)) return;
+    w.records("RPC_SUPs", r.RPC_SUPs, r.RPC_NUM_SUP + 1u, c);
   }
   if (c.p_rev < 7) return;
   w(F(F3X_SCH_INFO_INCL, 1));
   if (r.F3X_SCH_INFO_INCL) {
     w(F(NUM_F3X_CFG, 2));
-    EscamF3xCtx f3x{};
-    static_cast<Ctx&>(f3x) = c;
+    EscamF3xCtx f3x{c};
     f3x.for_cfgs = r.FOR_CFG_INCLUDED ? &r.FOR_CFGs : nullptr;
-    if (!w.records("F3X_CFGs", r.F3X_CFGs, r.NUM_F3X_CFG, f3x)) return;
+    w.records("F3X_CFGs", r.F3X_CFGs, r.NUM_F3X_CFG, f3x);
   }
   if (c.p_rev < 8) return;
   w(F(CCSH_INCLUDED, 1));
   if (r.CCSH_INCLUDED && r.FOR_CFG_INCLUDED) {
-    // One group per forward configuration record, sized by that record's pilots.
-    if constexpr (W::kReading) {
-      r.CCSH_CFGs.data = w.arena().template alloc<EscamCcshCfg>(r.FOR_CFGs.count);
-      r.CCSH_CFGs.count = r.CCSH_CFGs.data ? r.FOR_CFGs.count : 0;
-      for (std::uint32_t i = 0; i < r.CCSH_CFGs.count; ++i)
-        r.CCSH_CFGs[i].PILOTS = static_cast<std::uint8_t>(r.FOR_CFGs[i].NUM_SUP_SHO + 1u);
-    }
-    for (std::uint32_t i = 0; i < r.CCSH_CFGs.count && i < 32; ++i)
-      if (!w.sub(kCcshCfgLabel[i], "FD_ESCAM_CCSH_CFGs", r.CCSH_CFGs[i], c)) return;
+    // One encoder type for each soft handoff pilot of each forward configuration record.
+    w.alongside("CCSH_CFGs", r.CCSH_CFGs, r.FOR_CFGs.count, [&](std::uint32_t k) {
+      CcshCtx e{c};
+      e.count = static_cast<std::uint8_t>(r.FOR_CFGs[k].NUM_SUP_SHO + 1u);
+      return e;
+    });
   }
   w(F(FOR_SCH_CC_INCL, 1));
-  if (r.FOR_SCH_CC_INCL && !w.records("FOR_SCH_CCs", r.FOR_SCH_CCs, r.NUM_FOR_SCH, c)) return;
+  if (r.FOR_SCH_CC_INCL) w.records("FOR_SCH_CCs", r.FOR_SCH_CCs, r.NUM_FOR_SCH, c);
   w(F(REV_SCH_CC_INCL, 1));
-  if (r.REV_SCH_CC_INCL && !w.records("REV_SCH_CCs", r.REV_SCH_CCs, r.NUM_REV_SCH, c)) return;
+  if (r.REV_SCH_CC_INCL) w.records("REV_SCH_CCs", r.REV_SCH_CCs, r.NUM_REV_SCH, c);
   if (c.p_rev < 10 || r.NUM_FOR_SCH == 0) return;
   // Release D: broadcast-multicast on the forward supplemental channels just assigned, with
   // the same outer-code record per channel as the Universal Handoff Direction Message.
@@ -1566,35 +1389,34 @@ struct FD_SCM {
 
 template <class W>
 void layout(W& w, FD_SCM& r, const Ctx& c) {
-  if (!w.need(14)) return;
-  w.u(r.USE_TIME, "USE_TIME", 1);
-  w.u(r.ACTION_TIME, "ACTION_TIME", 6);
-  w.u(r.SERV_CON_SEQ, "SERV_CON_SEQ", 3);
   if (c.p_rev < 7) {
-    w.skip(4);   // RESERVED
+    w(F(USE_TIME, 1), F(ACTION_TIME, 6), F(SERV_CON_SEQ, 3), reserved(4));
   } else {
-    w.skip(2);   // RESERVED
-    w.u(r.USE_OLD_SERV_CONFIG, "USE_OLD_SERV_CONFIG", 2);
+    w(F(USE_TIME, 1), F(ACTION_TIME, 6), F(SERV_CON_SEQ, 3), reserved(2), F(USE_OLD_SERV_CONFIG, 2));
     // '11' (from P_REV 9) restores the stored configuration of one service reference, named
     // right after the indicator.
     if (c.p_rev >= 9 && r.USE_OLD_SERV_CONFIG == 3) {
       w(F(SR_ID, 3));
-      // Release D follows it with SR_ID_RESTORE_BITMAP, whose width and condition are not
-      // known: the message is not read further.
-      if (c.p_rev >= 10) return;
+      // Release D may follow it with SR_ID_RESTORE_BITMAP, whose width and condition no public
+      // source gives, and the rest of the message comes after it: refused (result 1) here
+      // rather than read from bits that may be the bitmap's.
+      if (c.p_rev >= 10) {
+        w.reject(Rc::count);
+        return;
+      }
     }
-    if (!sync_id(w, r)) return;
+    sync_id(w, r);
   }
   // '01' keeps the stored configuration alone; the other values send the records.
   if (r.USE_OLD_SERV_CONFIG != 1 || c.p_rev < 7) {
-    if (!scr_record(w, r.RECORD_TYPE, r.RECORD_LEN, r.SCR, c)) return;
-    if (c.p_rev >= 6 && !nnscr_record(w, r.RECORD_TYPE2, r.RECORD_LEN2, r.NNSCR, c)) return;
+    scr_record(w, r, c);
+    if (c.p_rev >= 6) nnscr_record(w, r, c);
   }
   if (c.p_rev < 7) return;
   w(F(CC_INFO_INCL, 1));
   if (r.CC_INFO_INCL) {
     w(F(NUM_CALLS_ASSIGN, 8));
-    if (!w.records("CALLs", r.CALLs, r.NUM_CALLS_ASSIGN, c)) return;
+    w.records("CALLs", r.CALLs, r.NUM_CALLS_ASSIGN, c);
   }
   if (c.p_rev < 9) return;
   w(F(USE_TYPE0_PLCM, 1));

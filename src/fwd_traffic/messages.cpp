@@ -65,7 +65,7 @@ struct FD_BDTMFM {
 template <class W>
 void layout(W& w, FD_BDTMFM& r, const Ctx& c) {
   w(F(NUM_DIGITS, 8), F(DTMF_ON_LENGTH, 3), F(DTMF_OFF_LENGTH, 3));
-  if (!w.scalars("DIGITi", r.DIGITi, r.NUM_DIGITS, 4)) return;
+  w.scalars("DIGITi", r.DIGITi, r.NUM_DIGITS, 4);
   if (c.p_rev >= kRelA) {
     w(F(CON_REF_INCL, 1));
     if (r.CON_REF_INCL) w(F(CON_REF, 8));
@@ -81,9 +81,7 @@ struct FD_RTPM {
 template <class W>
 void layout(W& w, FD_RTPM& r, const Ctx&) {
   // One or more parameter identifiers, up to the end of the message.
-  std::uint32_t n = r.PARAMETER_ID.count;
-  if constexpr (W::kReading) n = fit(w, 16);
-  w.scalars("PARAMETER_ID", r.PARAMETER_ID, n, 16);
+  w.scalars("PARAMETER_ID", r.PARAMETER_ID, fit(w, 16), 16);
 }
 
 // ---- Set Parameters Message (12) --------------------------------------------------------
@@ -147,58 +145,33 @@ struct FD_STRQM {
   PoolArray<std::uint8_t> RECORD_TYPE;
 };
 
-// The qualification information: none (type 0), a band class (type 1) or a band class and an
-// operating mode (type 2), each padded to whole octets; the walk moves on by QUAL_INFO_LEN
-// octets whatever the type, so unknown types are skipped.
-template <class W>
-bool qual_info(W& w, std::uint8_t type, std::uint8_t len_octets, std::uint8_t& band, std::uint8_t& op_mode) {
-  const std::uint32_t declared = 8u * len_octets;
-  if (!w.need(declared)) return false;
-  std::uint32_t used = 0;
-  if (type == 1 && declared >= 8) {
-    w.u(band, "BAND_CLASS", 5);
-    w.skip(3);
-    used = 8;
-  } else if (type == 2 && declared >= 16) {
-    w.u(band, "BAND_CLASS", 5);
-    w.u(op_mode, "OP_MODE", 8);
-    w.skip(3);
-    used = 16;
+// QUAL_INFO_TYPE, QUAL_INFO_LEN and the qualification information: none (type 0), a band
+// class (type 1) or a band class and an operating mode (type 2), each padded to whole octets;
+// the walk moves on by QUAL_INFO_LEN octets whatever the type, so unknown types are skipped.
+template <class W, class R>
+void qual_info(W& w, R& r) {
+  w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
+  const std::uint32_t declared = 8u * r.QUAL_INFO_LEN;
+  // The check covers all QUAL_INFO_LEN octets, not just the fields read: a message cut
+  // inside the qualification information is short before any of it is read.
+  if (!w.need(declared)) return;
+  auto end = w.declared_end();
+  if (r.QUAL_INFO_TYPE == 1 && declared >= 8) {
+    w(F(BAND_CLASS, 5), reserved(3));
+  } else if (r.QUAL_INFO_TYPE == 2 && declared >= 16) {
+    w(F(BAND_CLASS, 5), F(OP_MODE, 8), reserved(3));
   }
-  w.skip(declared - used);
-  return true;
+  end.at(declared);
 }
 
 template <class W>
 void layout(W& w, FD_STRQM& r, const Ctx&) {
-  w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
-  if (!qual_info(w, r.QUAL_INFO_TYPE, r.QUAL_INFO_LEN, r.BAND_CLASS, r.OP_MODE)) return;
+  qual_info(w, r);
   w(F(NUM_FIELDS, 4));
   w.scalars("RECORD_TYPE", r.RECORD_TYPE, r.NUM_FIELDS, 8);
 }
 
-// ---- Service Request (18) and Service Response (19) Messages ----------------------------
-
-// The two messages share one layout; the response names its purpose RESP_PURPOSE.
-template <bool Response>
-struct ServiceReqResp {
-  std::uint8_t SERV_REQ_SEQ;
-  std::uint8_t PURPOSE;
-  std::uint8_t RECORD_TYPE;
-  std::uint8_t RECORD_LEN;
-  ServiceConfig SCR;
-};
-using FD_SRQM = ServiceReqResp<false>;
-using FD_SRPM = ServiceReqResp<true>;
-
-template <class W, bool Response>
-void layout(W& w, ServiceReqResp<Response>& r, const Ctx& c) {
-  if (!w.need(7)) return;
-  w.u(r.SERV_REQ_SEQ, "SERV_REQ_SEQ", 3);
-  w.u(r.PURPOSE, Response ? "RESP_PURPOSE" : "REQ_PURPOSE", 4);
-  // Only a proposal ('0010') carries a service configuration.
-  if (r.PURPOSE == 2) scr_record(w, r.RECORD_TYPE, r.RECORD_LEN, r.SCR, c);
-}
+// ---- Service Request (18) and Service Response (19) Messages: service_config.h ---------
 
 // ---- Service Option Control Message (21) ------------------------------------------------
 
@@ -221,10 +194,8 @@ void layout(W& w, FD_SOCM& r, const Ctx&) {
 
 // ---- Service Redirection Message (23) ---------------------------------------------------
 
-// The redirection record under RECORD_TYPE / RECORD_LEN. `type` is a copy of the message's
-// RECORD_TYPE, kept for the printer; it is not a field of the record.
+// The redirection record under RECORD_TYPE / RECORD_LEN, laid out by that RECORD_TYPE.
 struct FD_SRDM_Record {
-  std::uint8_t type;
   std::uint16_t EXPECTED_SID;
   std::uint8_t IGNORE_CDMA;
   std::uint8_t SYS_ORDERING;
@@ -235,9 +206,13 @@ struct FD_SRDM_Record {
   std::uint16_t EXPECTED_AID;
 };
 
+struct SrdmRecordCtx : Ctx {
+  std::uint8_t record_type;
+};
+
 template <class W>
-void layout(W& w, FD_SRDM_Record& r, const Ctx&) {
-  switch (r.type) {
+void layout(W& w, FD_SRDM_Record& r, const SrdmRecordCtx& c) {
+  switch (c.record_type) {
     case 1:   // analog system; the reserved bits that follow are covered by RECORD_LEN
       w(F(EXPECTED_SID, 15), F(IGNORE_CDMA, 1), F(SYS_ORDERING, 3));
       break;
@@ -267,12 +242,13 @@ void layout(W& w, FD_SRDM& r, const Ctx& c) {
   w(F(RETURN_IF_FAIL, 1), F(DELETE_TMSI, 1));
   if (c.p_rev >= kIs95B) w(F(REDIRECT_TYPE, 1));
   w(F(RECORD_TYPE, 8), F(RECORD_LEN, 8));
-  // The record's layout depends on the type read just before it.
-  if constexpr (W::kReading) r.RECORD.type = r.RECORD_TYPE;
   if (r.RECORD_LEN == 0) return;
-  // A message cut inside its redirection record is short, not a record to guess at.
+  // A message cut inside its redirection record is short, not a record to guess at: the
+  // check covers all RECORD_LEN octets before any of them is read.
   if (!w.need(8u * r.RECORD_LEN)) return;
-  w.sized("TypeSpecificFields", r.RECORD, 8u * r.RECORD_LEN, c);
+  SrdmRecordCtx rc{c};
+  rc.record_type = r.RECORD_TYPE;
+  w.sized("TypeSpecificFields", r.RECORD, 8u * r.RECORD_LEN, rc);
 }
 
 // ---- User Zone Reject (37) and User Zone Update (38) Messages ---------------------------
@@ -448,7 +424,7 @@ void layout(W& w, FD_SMCM& r, const Ctx& c) {
   w(F(USE_TIME, 1));
   if (r.USE_TIME) w(F(ACTION_TIME, 6));
   w(F(D_SIG_ENCRYPT_MODE, 3), F(NUM_RECS, 3));
-  if (!w.records("RECs", r.RECs, r.NUM_RECS, c)) return;
+  w.records("RECs", r.RECs, r.NUM_RECS, c);
   // The key size matters only to the Enhanced CMEA ('001') and Rijndael ('010') modes.
   if (r.D_SIG_ENCRYPT_MODE == 1 || r.D_SIG_ENCRYPT_MODE == 2) w(F(KEY_SIZE, 3));
   w(F(C_SIG_ENCRYPT_MODE_INCL, 1));
@@ -461,7 +437,8 @@ void layout(W& w, FD_SMCM& r, const Ctx& c) {
 // ---- Base Station Status Response Message (49) ------------------------------------------
 
 // One pilot of a pilot information record. RECORD_LEN counts the octets of the pilot record,
-// itself included; the walk moves on by that many whatever the fields read.
+// itself included; the walk moves on by that many whatever the fields read. Pilots of a record
+// whose SID_NID_IND is set carry SID_NID_INCL.
 struct BssPilot {
   std::uint8_t RECORD_LEN;
   std::uint16_t PILOT_PN;
@@ -473,15 +450,15 @@ struct BssPilot {
   std::uint32_t BASE_LAT;
   std::uint32_t BASE_LONG;
 };
-// Pilots of a record whose SID_NID_IND is set carry SID_NID_INCL.
-struct BssPilotSidNid : BssPilot {};
+struct BssPilotCtx : Ctx {
+  bool sid_nid;   // SID_NID_IND of the record
+};
 
 template <class W>
-void bss_pilot(W& w, BssPilot& r, const Ctx& c, bool sid_nid) {
-  std::uint64_t start = 0;
-  if constexpr (W::kReading) start = w.pos();
+void layout(W& w, BssPilot& r, const BssPilotCtx& c) {
+  auto end = w.declared_end();
   w(F(RECORD_LEN, 4), F(PILOT_PN, 9), F(BASE_ID, 16));
-  if (sid_nid) {
+  if (c.sid_nid) {
     w(F(SID_NID_INCL, 1));
     if (r.SID_NID_INCL) w(F(SID, 15), F(NID, 16));
   }
@@ -489,20 +466,7 @@ void bss_pilot(W& w, BssPilot& r, const Ctx& c, bool sid_nid) {
     w(F(BASE_LAT_LONG_INCL, 1));
     if (r.BASE_LAT_LONG_INCL) w(F(BASE_LAT, 22), F(BASE_LONG, 23));
   }
-  // Reserved bits up to the record's declared length (unchecked: the next read checks).
-  if constexpr (W::kReading) {
-    const std::uint64_t end = start + 8u * r.RECORD_LEN;
-    if (w.pos() < end) w.skip(end - w.pos());
-  }
-}
-
-template <class W>
-void layout(W& w, BssPilot& r, const Ctx& c) {
-  bss_pilot(w, r, c, false);
-}
-template <class W>
-void layout(W& w, BssPilotSidNid& r, const Ctx& c) {
-  bss_pilot(w, r, c, true);
+  end.at(8u * r.RECORD_LEN);   // reserved bits up to the record's declared length
 }
 
 // Record type '00000000': pilot information.
@@ -510,16 +474,14 @@ struct BssPilotInfo {
   std::uint8_t NUM_PILOTS;
   std::uint8_t SID_NID_IND;
   PoolArray<BssPilot> PILOTs;
-  PoolArray<BssPilotSidNid> PILOTs_SID_NID;
 };
 
 template <class W>
 void layout(W& w, BssPilotInfo& r, const Ctx& c) {
   w(F(NUM_PILOTS, 4), F(SID_NID_IND, 1));
-  if (r.SID_NID_IND)
-    w.records("PILOTs", "FD_BSSRSPM_PILOTs", r.PILOTs_SID_NID, r.NUM_PILOTS, c);
-  else
-    w.records("PILOTs", "FD_BSSRSPM_PILOTs", r.PILOTs, r.NUM_PILOTS, c);
+  BssPilotCtx pc{c};
+  pc.sid_nid = r.SID_NID_IND;
+  w.records("PILOTs", "FD_BSSRSPM_PILOTs", r.PILOTs, r.NUM_PILOTS, pc);
 }
 
 // A record of the response: RECORD_TYPE and RECORD_LENGTH (in octets), then the fields of
@@ -534,6 +496,8 @@ struct BssRecord {
 template <class W>
 void layout(W& w, BssRecord& r, const Ctx& c) {
   w(F(RECORD_TYPE, 8), F(RECORD_LENGTH, 8));
+  // The check covers all RECORD_LENGTH octets before any of them is read: a record cut short
+  // is a short message, whatever its type.
   if (!w.need(8u * r.RECORD_LENGTH)) return;
   if (r.RECORD_TYPE == 0)
     w.sized("TypeSpecificFields", "FD_BSSRSPM_PILOT_INFO", r.PILOT_INFO, 8u * r.RECORD_LENGTH, c);
@@ -552,8 +516,7 @@ struct FD_BSSRSPM {
 
 template <class W>
 void layout(W& w, FD_BSSRSPM& r, const Ctx& c) {
-  w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
-  if (!qual_info(w, r.QUAL_INFO_TYPE, r.QUAL_INFO_LEN, r.BAND_CLASS, r.OP_MODE)) return;
+  qual_info(w, r);
   w(F(NUM_RECORDS, 4));
   w.records("RECORDs", r.RECORDs, r.NUM_RECORDS, c);
 }
@@ -591,8 +554,8 @@ Rows fd_message_rows() {
       {13, "SSDUM", body_ops<fwd::SsdUpdate>()},
       {15, "MSRM", body_ops<FD_MSRM>()},
       {16, "STRQM", body_ops<FD_STRQM>()},
-      {18, "SRQM", body_ops<FD_SRQM>()},
-      {19, "SRPM", body_ops<FD_SRPM>()},
+      {18, "SRQM", body_ops<ServiceReqResp<false>>()},
+      {19, "SRPM", body_ops<ServiceReqResp<true>>()},
       {21, "SOCM", body_ops<FD_SOCM>()},
       {22, "TASM", body_ops<fwd::TmsiAssignment>()},
       {23, "SRDM", body_ops<FD_SRDM>()},

@@ -4,6 +4,7 @@
 // Operation Parameters and Rate Change.
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 #include "layout/layout.h"
 #include "fwd_traffic/message_parts.h"
@@ -45,10 +46,9 @@ struct FD_SCAM_PILOT {
 
 template <class W>
 void layout(W& w, FD_SCAM_PILOT& r, const ScamCtx& c) {
-  const auto& s = c;
   w(F(PILOT_PN, 9), F(EXPL_CODE_CHAN, 1));
   if (r.EXPL_CODE_CHAN) {
-    w.scalars("SUP_CODE_CHAN", r.SUP_CODE_CHAN, s.num_sup, 8);
+    w.scalars("SUP_CODE_CHAN", r.SUP_CODE_CHAN, c.num_sup, 8);
   } else {
     w(F(BASE_CODE_CHAN, 8));
   }
@@ -124,8 +124,7 @@ void layout(W& w, FD_SCAM& r, const Ctx& c) {
   }
   if (!listed) return;
   w(F(NUM_SUP_PILOTS, 3), F(NUM_SUP, 3));
-  ScamCtx s;
-  static_cast<Ctx&>(s) = c;
+  ScamCtx s{c};
   s.num_sup = r.NUM_SUP;
   w.records("PILOTs", r.PILOTs, r.NUM_SUP_PILOTS, s);
 }
@@ -150,20 +149,17 @@ struct GainGroup {
   std::uint8_t GAIN[6];
 };
 
+// The inclusion flag `incl`, then one 8-bit gain for each of `names`, checked together.
 template <class W, std::size_t N>
-bool gain_group(W& w, GainGroup& g, const char* incl, const char* const (&names)[N]) {
+void gain_group(W& w, GainGroup& g, const char* incl, const char* const (&names)[N]) {
   static_assert(N <= 6, "a gain group holds at most six gains");
-  if (!w.need(1)) return false;
-  w.u(g.INCL, incl, 1);
-  if (!g.INCL) return true;
-  if (!w.need(8 * N)) return false;
-  for (std::size_t k = 0; k < N; ++k) w.u(g.GAIN[k], names[k], 8);
-  return true;
+  w(field(g.INCL, incl, 1));
+  if (!g.INCL) return;
+  [&]<std::size_t... K>(std::index_sequence<K...>) { w(field(g.GAIN[K], names[K], 8)...); }(std::make_index_sequence<N>{});
 }
 
-// A reverse power control adjustment record; `type` is a copy of RPC_ADJ_REC_TYPE.
+// A reverse power control adjustment record, laid out by its RPC_ADJ_REC_TYPE.
 struct FD_PCNM_RPC_ADJ {
-  std::uint8_t type;
   // '0000': channel adjustment gains
   GainGroup FCH, DCCH, SCH0, SCH1, REV_ACKCH, REV_CQICH;
   // '0001' basic rate and '0010' high rate attribute adjustment gains
@@ -177,38 +173,33 @@ struct FD_PCNM_RPC_ADJ {
 
 template <class W>
 void rpc_channel_gains(W& w, FD_PCNM_RPC_ADJ& r, const Ctx& c) {
-  if (!gain_group(w, r.FCH, "FCH_INCL", {"FCH_CHAN_ADJ_GAIN"})) return;
-  if (!gain_group(w, r.DCCH, "DCCH_INCL", {"DCCH_CHAN_ADJ_GAIN"})) return;
-  if (!gain_group(w, r.SCH0, "SCH0_INCL", {"SCH0_CHAN_ADJ_GAIN"})) return;
-  if (!gain_group(w, r.SCH1, "SCH1_INCL", {"SCH1_CHAN_ADJ_GAIN"})) return;
+  gain_group(w, r.FCH, "FCH_INCL", {"FCH_CHAN_ADJ_GAIN"});
+  gain_group(w, r.DCCH, "DCCH_INCL", {"DCCH_CHAN_ADJ_GAIN"});
+  gain_group(w, r.SCH0, "SCH0_INCL", {"SCH0_CHAN_ADJ_GAIN"});
+  gain_group(w, r.SCH1, "SCH1_INCL", {"SCH1_CHAN_ADJ_GAIN"});
   if (c.p_rev < kRelC) return;
-  if (!gain_group(w, r.REV_ACKCH, "REV_ACKCH_INCL", {"REV_ACKCH_CHAN_ADJ_GAIN"})) return;
+  gain_group(w, r.REV_ACKCH, "REV_ACKCH_INCL", {"REV_ACKCH_CHAN_ADJ_GAIN"});
   gain_group(w, r.REV_CQICH, "REV_CQICH_INCL", {"REV_CQICH_CHAN_ADJ_GAIN"});
 }
 
 template <class W>
 void rpc_basic_rate_gains(W& w, FD_PCNM_RPC_ADJ& r, const Ctx& c) {
   w(F(RL_ATT_ADJ_GAIN_TYPE, 1));
-  if (!gain_group(w, r.RC3_RC5_20MS, "RC3_RC5_20MS_INCL",
-                  {"RL_ATT_ADJ_GAIN_1500", "RL_ATT_ADJ_GAIN_2700", "RL_ATT_ADJ_GAIN_4800", "RL_ATT_ADJ_GAIN_9600"}))
-    return;
-  if (!gain_group(w, r.RC4_RC6_20MS, "RC4_RC6_20MS_INCL",
-                  {"RL_ATT_ADJ_GAIN_1800", "RL_ATT_ADJ_GAIN_3600", "RL_ATT_ADJ_GAIN_7200", "RL_ATT_ADJ_GAIN_14400"}))
-    return;
-  if (!gain_group(w, r.FIVE_MS, "FIVE_MS_INCL", {"NORM_ATT_GAIN_9600_5MS"})) return;
+  gain_group(w, r.RC3_RC5_20MS, "RC3_RC5_20MS_INCL",
+             {"RL_ATT_ADJ_GAIN_1500", "RL_ATT_ADJ_GAIN_2700", "RL_ATT_ADJ_GAIN_4800", "RL_ATT_ADJ_GAIN_9600"});
+  gain_group(w, r.RC4_RC6_20MS, "RC4_RC6_20MS_INCL",
+             {"RL_ATT_ADJ_GAIN_1800", "RL_ATT_ADJ_GAIN_3600", "RL_ATT_ADJ_GAIN_7200", "RL_ATT_ADJ_GAIN_14400"});
+  gain_group(w, r.FIVE_MS, "FIVE_MS_INCL", {"NORM_ATT_GAIN_9600_5MS"});
   if (c.p_rev < kRelA) return;
-  if (!gain_group(w, r.RC3_RC5_40MS, "RC3_RC5_40MS_INCL",
-                  {"RL_ATT_ADJ_GAIN_1350_40MS", "RL_ATT_ADJ_GAIN_2400_40MS", "RL_ATT_ADJ_GAIN_4800_40MS",
-                   "RL_ATT_ADJ_GAIN_9600_40MS"}))
-    return;
-  if (!gain_group(w, r.RC4_RC6_40MS, "RC4_RC6_40MS_INCL",
-                  {"RL_ATT_ADJ_GAIN_1800_40MS", "RL_ATT_ADJ_GAIN_3600_40MS", "RL_ATT_ADJ_GAIN_7200_40MS",
-                   "RL_ATT_ADJ_GAIN_14400_40MS"}))
-    return;
-  if (!gain_group(w, r.RC3_RC5_80MS, "RC3_RC5_80MS_INCL",
-                  {"RL_ATT_ADJ_GAIN_1200_80MS", "RL_ATT_ADJ_GAIN_2400_80MS", "RL_ATT_ADJ_GAIN_4800_80MS",
-                   "RL_ATT_ADJ_GAIN_9600_80MS"}))
-    return;
+  gain_group(w, r.RC3_RC5_40MS, "RC3_RC5_40MS_INCL",
+             {"RL_ATT_ADJ_GAIN_1350_40MS", "RL_ATT_ADJ_GAIN_2400_40MS", "RL_ATT_ADJ_GAIN_4800_40MS",
+              "RL_ATT_ADJ_GAIN_9600_40MS"});
+  gain_group(w, r.RC4_RC6_40MS, "RC4_RC6_40MS_INCL",
+             {"RL_ATT_ADJ_GAIN_1800_40MS", "RL_ATT_ADJ_GAIN_3600_40MS", "RL_ATT_ADJ_GAIN_7200_40MS",
+              "RL_ATT_ADJ_GAIN_14400_40MS"});
+  gain_group(w, r.RC3_RC5_80MS, "RC3_RC5_80MS_INCL",
+             {"RL_ATT_ADJ_GAIN_1200_80MS", "RL_ATT_ADJ_GAIN_2400_80MS", "RL_ATT_ADJ_GAIN_4800_80MS",
+              "RL_ATT_ADJ_GAIN_9600_80MS"});
   gain_group(w, r.RC4_RC6_80MS, "RC4_RC6_80MS_INCL",
              {"RL_ATT_ADJ_GAIN_1800_80MS", "RL_ATT_ADJ_GAIN_3600_80MS", "RL_ATT_ADJ_GAIN_7200_80MS",
               "RL_ATT_ADJ_GAIN_14400_80MS"});
@@ -217,42 +208,41 @@ void rpc_basic_rate_gains(W& w, FD_PCNM_RPC_ADJ& r, const Ctx& c) {
 template <class W>
 void rpc_high_rate_gains(W& w, FD_PCNM_RPC_ADJ& r, const Ctx& c) {
   w(F(CODE_TYPE, 1), F(RL_ATT_ADJ_GAIN_TYPE, 1));
-  if (!gain_group(w, r.RC3_RC5_20MS, "RC3_RC5_20MS_INCL",
-                  {"RL_ATT_ADJ_GAIN_19200", "RL_ATT_ADJ_GAIN_38400", "RL_ATT_ADJ_GAIN_76800",
-                   "RL_ATT_ADJ_GAIN_153600", "RL_ATT_ADJ_GAIN_307200", "RL_ATT_ADJ_GAIN_614400"}))
-    return;
-  if (!gain_group(w, r.RC4_RC6_20MS, "RC4_RC6_20MS_INCL",
-                  {"RL_ATT_ADJ_GAIN_28800", "RL_ATT_ADJ_GAIN_57600", "RL_ATT_ADJ_GAIN_115200",
-                   "RL_ATT_ADJ_GAIN_230400", "RL_ATT_ADJ_GAIN_460800", "RL_ATT_ADJ_GAIN_1036800"}))
-    return;
+  gain_group(w, r.RC3_RC5_20MS, "RC3_RC5_20MS_INCL",
+             {"RL_ATT_ADJ_GAIN_19200", "RL_ATT_ADJ_GAIN_38400", "RL_ATT_ADJ_GAIN_76800",
+              "RL_ATT_ADJ_GAIN_153600", "RL_ATT_ADJ_GAIN_307200", "RL_ATT_ADJ_GAIN_614400"});
+  gain_group(w, r.RC4_RC6_20MS, "RC4_RC6_20MS_INCL",
+             {"RL_ATT_ADJ_GAIN_28800", "RL_ATT_ADJ_GAIN_57600", "RL_ATT_ADJ_GAIN_115200",
+              "RL_ATT_ADJ_GAIN_230400", "RL_ATT_ADJ_GAIN_460800", "RL_ATT_ADJ_GAIN_1036800"});
   if (c.p_rev < kRelA) return;
-  if (!gain_group(w, r.RC3_RC5_40MS, "RC3_RC5_40MS_INCL",
-                  {"RL_ATT_ADJ_GAIN_19200_40MS", "RL_ATT_ADJ_GAIN_38400_40MS", "RL_ATT_ADJ_GAIN_76800_40MS",
-                   "RL_ATT_ADJ_GAIN_153600_40MS", "RL_ATT_ADJ_GAIN_307200_40MS"}))
-    return;
-  if (!gain_group(w, r.RC4_RC6_40MS, "RC4_RC6_40MS_INCL",
-                  {"RL_ATT_ADJ_GAIN_28800_40MS", "RL_ATT_ADJ_GAIN_57600_40MS", "RL_ATT_ADJ_GAIN_115200_40MS",
-                   "RL_ATT_ADJ_GAIN_230400_40MS", "RL_ATT_ADJ_GAIN_518400_40MS"}))
-    return;
-  if (!gain_group(w, r.RC3_RC5_80MS, "RC3_RC5_80MS_INCL",
-                  {"RL_ATT_ADJ_GAIN_19200_80MS", "RL_ATT_ADJ_GAIN_38400_80MS", "RL_ATT_ADJ_GAIN_76800_80MS",
-                   "RL_ATT_ADJ_GAIN_153600_80MS"}))
-    return;
+  gain_group(w, r.RC3_RC5_40MS, "RC3_RC5_40MS_INCL",
+             {"RL_ATT_ADJ_GAIN_19200_40MS", "RL_ATT_ADJ_GAIN_38400_40MS", "RL_ATT_ADJ_GAIN_76800_40MS",
+              "RL_ATT_ADJ_GAIN_153600_40MS", "RL_ATT_ADJ_GAIN_307200_40MS"});
+  gain_group(w, r.RC4_RC6_40MS, "RC4_RC6_40MS_INCL",
+             {"RL_ATT_ADJ_GAIN_28800_40MS", "RL_ATT_ADJ_GAIN_57600_40MS", "RL_ATT_ADJ_GAIN_115200_40MS",
+              "RL_ATT_ADJ_GAIN_230400_40MS", "RL_ATT_ADJ_GAIN_518400_40MS"});
+  gain_group(w, r.RC3_RC5_80MS, "RC3_RC5_80MS_INCL",
+             {"RL_ATT_ADJ_GAIN_19200_80MS", "RL_ATT_ADJ_GAIN_38400_80MS", "RL_ATT_ADJ_GAIN_76800_80MS",
+              "RL_ATT_ADJ_GAIN_153600_80MS"});
   gain_group(w, r.RC4_RC6_80MS, "RC4_RC6_80MS_INCL",
              {"RL_ATT_ADJ_GAIN_28800_80MS", "RL_ATT_ADJ_GAIN_57600_80MS", "RL_ATT_ADJ_GAIN_115200_80MS",
               "RL_ATT_ADJ_GAIN_259200_80MS"});
 }
 
+struct RpcAdjCtx : Ctx {
+  std::uint8_t rec_type;   // RPC_ADJ_REC_TYPE
+};
+
 template <class W>
-void layout(W& w, FD_PCNM_RPC_ADJ& r, const Ctx& c) {
-  switch (r.type) {
+void layout(W& w, FD_PCNM_RPC_ADJ& r, const RpcAdjCtx& c) {
+  switch (c.rec_type) {
     case 0: rpc_channel_gains(w, r, c); break;
     case 1: rpc_basic_rate_gains(w, r, c); break;
     case 2: rpc_high_rate_gains(w, r, c); break;
     case 3:
       if (c.p_rev < kRelC) break;
       w(F(RL_CQICH_ATT_ADJ_GAIN_TYPE, 1));
-      if (!gain_group(w, r.CQICH_HIGH, "RL_CQICH_ATT_ADJ_GAIN_HIGH_INCL", {"RL_CQICH_ATT_ADJ_GAIN_HIGH"})) return;
+      gain_group(w, r.CQICH_HIGH, "RL_CQICH_ATT_ADJ_GAIN_HIGH_INCL", {"RL_CQICH_ATT_ADJ_GAIN_HIGH"});
       gain_group(w, r.CQICH_LOW, "RL_CQICH_ATT_ADJ_GAIN_LOW_INCL", {"RL_CQICH_ATT_ADJ_GAIN_LOW"});
       break;
     default:
@@ -269,11 +259,13 @@ struct FD_PCNM_RPC_REC {
 template <class W>
 void layout(W& w, FD_PCNM_RPC_REC& r, const Ctx& c) {
   w(F(RPC_ADJ_REC_TYPE, 4), F(RPC_ADJ_REC_LEN, 5));
-  // The record's layout depends on the type read just before it.
-  if constexpr (W::kReading) r.ADJ.type = r.RPC_ADJ_REC_TYPE;
   if (r.RPC_ADJ_REC_LEN == 0) return;
+  // The check covers all RPC_ADJ_REC_LEN octets before any of them is read: a record cut short
+  // is a short message.
   if (!w.need(8u * r.RPC_ADJ_REC_LEN)) return;
-  w.sized("TypeSpecificFields", r.ADJ, 8u * r.RPC_ADJ_REC_LEN, c);
+  RpcAdjCtx ac{c};
+  ac.rec_type = r.RPC_ADJ_REC_TYPE;   // the record is laid out by the type read just before it
+  w.sized("TypeSpecificFields", r.ADJ, 8u * r.RPC_ADJ_REC_LEN, ac);
 }
 
 struct FD_PCNM {
@@ -314,7 +306,7 @@ void pcnm_forward(W& w, FD_PCNM& r, const Ctx& c) {
   // Only the modes with a secondary power control subchannel ('001', '010') name it.
   if (r.FPC_MODE == 1 || r.FPC_MODE == 2) w(F(FPC_SEC_CHAN, 1));
   w(F(NUM_SUP, 2));
-  if (!w.records("SUPs", r.SUPs, r.NUM_SUP, c)) return;
+  w.records("SUPs", r.SUPs, r.NUM_SUP, c);
   w(F(FPC_THRESH_INCL, 1));
   if (r.FPC_THRESH_INCL) w(F(FPC_SETPT_THRESH, 8));
   w(F(FPC_THRESH_SCH_INCL, 1));
@@ -334,7 +326,7 @@ void layout(W& w, FD_PCNM& r, const Ctx& c) {
   w(F(RPC_INCL, 1));
   if (r.RPC_INCL) {
     w(F(RPC_NUM_REC, 2));
-    if (!w.records("RPC_RECs", r.RPC_RECs, r.RPC_NUM_REC, c)) return;
+    w.records("RPC_RECs", r.RPC_RECs, r.RPC_NUM_REC, c);
   }
   if (c.p_rev < kRelD) return;
   // Release D: the reverse packet data channel's ARQ rounds. The decode stops after
@@ -489,7 +481,7 @@ void layout(W& w, FD_RATCHGM& r, const Ctx& c) {
     if (r.RL_CQICH_ATT_ADJ_GAIN_INCL) {
       w(F(NUM_RECS, 1));
       // NUM_RECS is one less than the number of gain records.
-      if (!w.records("RECs", r.RECs, r.NUM_RECS + 1u, c)) return;
+      w.records("RECs", r.RECs, r.NUM_RECS + 1u, c);
     }
   }
   w(F(REV_ACKCH_RATE_CHANGE_INCL, 1));

@@ -72,17 +72,7 @@ struct FD_ITSPM {
 // here, and the message carries no transmit power limit.
 template <class W>
 void itspm_rel_d(W& w, FD_ITSPM& r) {
-  // Hysteresis only means something inside a packet zone.
-  if (r.PACKET_ZONE_ID != 0) {
-    w(F(PZ_HYST_ENABLED, 1));
-    if (r.PZ_HYST_ENABLED) {
-      w(F(PZ_HYST_INFO_INCL, 1));
-      if (r.PZ_HYST_INFO_INCL) {
-        // The same hysteresis group as in ESPM and UHDM: a 4-bit list length.
-        w(F(PZ_HYST_LIST_LEN, 4), F(PZ_HYST_ACT_TIMER, 8), F(PZ_HYST_TIMER_MUL, 3), F(PZ_HYST_TIMER_EXP, 5));
-      }
-    }
-  }
+  fwd::pz_hysteresis(w, r);
   w(F(BCMC_ON_TRAFFIC_SUP, 1));
   if (r.BCMC_ON_TRAFFIC_SUP) w(F(AUTO_REQ_TRAF_ALLOWED_IND, 1));
   if (r.FOR_PDCH_SUPPORTED) w(F(REV_PDCH_SUPPORTED, 1));
@@ -136,27 +126,25 @@ template <class W>
 void layout(W& w, FD_NLUM& r, const Ctx&) {
   w(F(PILOT_INC, 4));
   // The neighbours run to the end of the message; octet padding is shorter than one.
-  std::uint32_t n = r.NGHBR_PN.count;
-  if constexpr (W::kReading) n = fit(w, 9);
-  w.scalars("NGHBR_PN", r.NGHBR_PN, n, 9);
+  w.scalars("NGHBR_PN", r.NGHBR_PN, fit(w, 9), 9);
 }
 
 // ---- Additional pilot records (C.S0005 3.7.2.3.2.x pilot record types) ---------------
 
 // ADD_PILOT_REC_INCL and, when set, NGHBR_PILOT_REC_TYPE, RECORD_LEN and the record under
-// `header`. Shared by ENLUM and CFSRQM.
-template <class W>
-bool add_pilot_rec(W& w, std::uint8_t& incl, std::uint8_t& type, std::uint8_t& len, fwd::AddPilotRec& rec,
-                   const char* header, const Ctx& c) {
-  if (!w(field(incl, "ADD_PILOT_REC_INCL", 1))) return false;
-  if (!incl) return true;
-  if (!w(field(type, "NGHBR_PILOT_REC_TYPE", 3), field(len, "RECORD_LEN", 3))) return false;
-  if (len == 0) return true;
-  if (!w.need(8u * len)) return false;
-  fwd::AddPilotCtx pc{};
-  static_cast<Ctx&>(pc) = c;
-  pc.pilot_rec_type = type;   // the record's layout depends on the type read just before it
-  return w.sized("TypeSpecificFields", header, rec, 8u * len, pc);
+// them, nested as "TypeSpecificFields". Shared by ENLUM and CFSRQM.
+template <class W, class R>
+void add_pilot_rec(W& w, R& r, const Ctx& c) {
+  w(F(ADD_PILOT_REC_INCL, 1));
+  if (!r.ADD_PILOT_REC_INCL) return;
+  w(F(NGHBR_PILOT_REC_TYPE, 3), F(RECORD_LEN, 3));
+  if (r.RECORD_LEN == 0) return;
+  // The check covers all RECORD_LEN octets before any of them is read: a record cut short is
+  // a short message, not a record to guess at.
+  if (!w.need(8u * r.RECORD_LEN)) return;
+  fwd::AddPilotCtx pc{c};
+  pc.pilot_rec_type = r.NGHBR_PILOT_REC_TYPE;   // the record is laid out by the type read before it
+  w.sized("TypeSpecificFields", r.TYPE_SPECIFIC_FIELDS, 8u * r.RECORD_LEN, pc);
 }
 
 // NGHBR_SRCH_MODE / CF_NGHBR_SRCH_MODE: '01' priorities, '10' windows, '11' both.
@@ -172,7 +160,6 @@ struct NghbrCtx : Ctx {
   std::uint8_t use_timing;
   std::uint8_t global_timing;
   std::uint8_t srch_offset;
-  const char* pilot_rec_header;   // header of the additional pilot records' fields
 };
 
 struct FD_ENLUM_NGHBR {
@@ -187,15 +174,14 @@ struct FD_ENLUM_NGHBR {
 
 template <class W>
 void layout(W& w, FD_ENLUM_NGHBR& r, const NghbrCtx& c) {
-  const auto& n = c;
   w(F(NGHBR_PN, 9));
-  if (has_priority(n.srch_mode)) w(F(SEARCH_PRIORITY, 2));
-  if (has_window(n.srch_mode)) w(F(SRCH_WIN_NGHBR, 4));
-  if (!n.use_timing) return;
+  if (has_priority(c.srch_mode)) w(F(SEARCH_PRIORITY, 2));
+  if (has_window(c.srch_mode)) w(F(SRCH_WIN_NGHBR, 4));
+  if (!c.use_timing) return;
   w(F(TIMING_INCL, 1));
   if (!r.TIMING_INCL) return;
   w(F(NGHBR_TX_OFFSET, 7));
-  if (!n.global_timing) w(F(NGHBR_TX_DURATION, 4), F(NGHBR_TX_PERIOD, 7));
+  if (!c.global_timing) w(F(NGHBR_TX_DURATION, 4), F(NGHBR_TX_PERIOD, 7));
 }
 
 struct FD_ENLUM_ADD_NGHBR {
@@ -208,11 +194,8 @@ struct FD_ENLUM_ADD_NGHBR {
 
 template <class W>
 void layout(W& w, FD_ENLUM_ADD_NGHBR& r, const NghbrCtx& c) {
-  const auto& n = c;
-  if (!add_pilot_rec(w, r.ADD_PILOT_REC_INCL, r.NGHBR_PILOT_REC_TYPE, r.RECORD_LEN, r.TYPE_SPECIFIC_FIELDS,
-                     n.pilot_rec_header, c))
-    return;
-  if (n.srch_offset && has_window(n.srch_mode)) w(F(SRCH_OFFSET_NGHBR, 3));
+  add_pilot_rec(w, r, c);
+  if (c.srch_offset && has_window(c.srch_mode)) w(F(SRCH_OFFSET_NGHBR, 3));
 }
 
 struct FD_ENLUM {
@@ -251,19 +234,16 @@ void layout(W& w, FD_ENLUM& r, const Ctx& c) {
     if (r.GLOBAL_TIMING_INCL) w(F(GLOBAL_TX_DURATION, 4), F(GLOBAL_TX_PERIOD, 7));
   }
   w(F(NUM_NGHBR, 6));
-  NghbrCtx n;
-  static_cast<Ctx&>(n) = c;
+  NghbrCtx n{c};
   n.srch_mode = r.NGHBR_SRCH_MODE;
   n.use_timing = r.USE_TIMING;
   n.global_timing = r.USE_TIMING ? r.GLOBAL_TIMING_INCL : 0;
-  n.srch_offset = 0;
-  n.pilot_rec_header = "FD_ENLUM_ADD_NGHBRs_TypeSpecificFields";
-  if (!w.records("NGHBRs", r.NGHBRs, r.NUM_NGHBR, n)) return;
+  w.records("NGHBRs", r.NGHBRs, r.NUM_NGHBR, n);
   if (c.p_rev < kRel0) return;
 
   w(F(SRCH_OFFSET_INCL, 1));
   n.srch_offset = r.SRCH_OFFSET_INCL;
-  if (!w.records("ADD_NGHBRs", r.ADD_NGHBRs, r.NUM_NGHBR, n)) return;
+  w.records("ADD_NGHBRs", r.ADD_NGHBRs, r.NUM_NGHBR, n);
   if (c.p_rev < kRelB) return;
 
   w(F(RESQ_ENABLED, 1));
@@ -281,16 +261,13 @@ struct FD_CFSRQM_PILOT {
 
 template <class W>
 void layout(W& w, FD_CFSRQM_PILOT& r, const NghbrCtx& c) {
-  const auto& n = c;
   w(F(NGHBR_PN, 9), F(SEARCH_SET, 1));
-  if (has_priority(n.srch_mode)) w(F(SEARCH_PRIORITY, 2));
-  if (has_window(n.srch_mode)) w(F(SRCH_WIN_NGHBR, 4));
+  if (has_priority(c.srch_mode)) w(F(SEARCH_PRIORITY, 2));
+  if (has_window(c.srch_mode)) w(F(SRCH_WIN_NGHBR, 4));
 }
 
-// Mode-specific fields, under SEARCH_MODE / MODE_SPECIFIC_LEN. `mode` is a copy of the
-// message's SEARCH_MODE kept for the printer; it is not a field of the record.
+// Mode-specific fields, under SEARCH_MODE / MODE_SPECIFIC_LEN and laid out by that mode.
 struct FD_CFSRQM_MODE {
-  std::uint8_t mode;
   std::uint8_t BAND_CLASS;
   std::uint16_t CDMA_FREQ;
   std::uint8_t SF_TOTAL_EC_THRESH;
@@ -312,28 +289,26 @@ struct FD_CFSRQM_MODE {
   PoolArray<std::uint16_t> ANALOG_FREQ;
 };
 
+struct SearchModeCtx : Ctx {
+  std::uint8_t search_mode;
+};
+
 template <class W>
-void layout(W& w, FD_CFSRQM_MODE& r, const Ctx& c) {
-  if (r.mode == 1) {   // analog channels
+void layout(W& w, FD_CFSRQM_MODE& r, const SearchModeCtx& c) {
+  if (c.search_mode == 1) {   // analog channels
     w(F(BAND_CLASS, 5), F(SF_TOTAL_EC_THRESH, 5), F(SF_TOTAL_EC_IO_THRESH, 5), reserved(6), F(NUM_ANALOG_FREQS, 3));
     w.scalars("ANALOG_FREQ", r.ANALOG_FREQ, r.NUM_ANALOG_FREQS, 11);
     return;
   }
-  if (r.mode != 0) return;   // CDMA pilots; other modes are reserved
+  if (c.search_mode != 0) return;   // CDMA pilots; other modes are reserved
   w(F(BAND_CLASS, 5), F(CDMA_FREQ, 11), F(SF_TOTAL_EC_THRESH, 5), F(SF_TOTAL_EC_IO_THRESH, 5),
     F(DIFF_RX_PWR_THRESH, 5), F(MIN_TOTAL_PILOT_EC_IO, 5), F(CF_T_ADD, 6), F(TF_WAIT_TIME, 4), F(CF_PILOT_INC, 4),
     F(CF_SRCH_WIN_N, 4), F(CF_SRCH_WIN_R, 4), reserved(5), F(PILOT_UPDATE, 1));
-  NghbrCtx n;
-  static_cast<Ctx&>(n) = c;
-  n.use_timing = 0;
-  n.global_timing = 0;
-  n.srch_offset = 0;
-  n.srch_mode = 0;
-  n.pilot_rec_header = "FD_CFSRQM_ADD_PILOTs_TypeSpecificFields";
+  NghbrCtx n{c};
   if (r.PILOT_UPDATE) {
     w(F(NUM_PILOTS, 6), F(CF_NGHBR_SRCH_MODE, 2));
     n.srch_mode = r.CF_NGHBR_SRCH_MODE;
-    if (!w.records("PILOTs", "FD_CFSRQM_PILOTs", r.PILOTs, r.NUM_PILOTS, n)) return;
+    w.records("PILOTs", "FD_CFSRQM_PILOTs", r.PILOTs, r.NUM_PILOTS, n);
   }
   if (c.p_rev < kRel0) return;
   w(F(CF_SRCH_OFFSET_INCL, 1));
@@ -358,12 +333,12 @@ template <class W>
 void layout(W& w, FD_CFSRQM& r, const Ctx& c) {
   w(F(USE_TIME, 1), F(ACTION_TIME, 6), reserved(4), F(CFSRM_SEQ, 2), F(SEARCH_TYPE, 2), F(SEARCH_PERIOD, 4),
     F(SEARCH_MODE, 4), F(MODE_SPECIFIC_LEN, 8));
-  // The mode-specific fields are laid out by the mode read just before them.
-  if constexpr (W::kReading) r.MODE.mode = r.SEARCH_MODE;
+  // The check covers all MODE_SPECIFIC_LEN octets before any of them is read: a message cut
+  // inside them is short, not a record to guess at.
   if (!w.need(8u * r.MODE_SPECIFIC_LEN)) return;
-  if (r.MODE_SPECIFIC_LEN &&
-      !w.sized("MODE_SPECIFIC_FIELDS", r.MODE, 8u * r.MODE_SPECIFIC_LEN, c))
-    return;
+  SearchModeCtx mc{c};
+  mc.search_mode = r.SEARCH_MODE;   // the fields are laid out by the mode read just before them
+  if (r.MODE_SPECIFIC_LEN) w.sized("MODE_SPECIFIC_FIELDS", r.MODE, 8u * r.MODE_SPECIFIC_LEN, mc);
   if (c.p_rev < kRel0) return;
   w(F(ALIGN_TIMING, 1));
   if (r.ALIGN_TIMING) w(F(SEARCH_OFFSET, 6));

@@ -4,8 +4,9 @@
 // Service Request / Response messages of both traffic channel directions.
 //
 // Messages carry each one behind an 8-bit record type and an 8-bit length in octets:
-// scr_record() and nnscr_record() walk that framing and the record under it, so that a
-// message layout writes one call where the air interface has the three fields. The record
+// scr_record() and nnscr_record() walk that framing (the message's RECORD_TYPE / RECORD_LEN /
+// SCR, or RECORD_TYPE2 / RECORD_LEN2 / NNSCR) and the record under it, so that a message
+// layout writes one call where the air interface has the three fields. The record
 // is bounded to its declared length and the walk then moves past all of it, so octets that
 // a later revision appends are skipped.
 //
@@ -250,8 +251,9 @@ struct Nnscr {
 
 template <class W>
 void layout(W& w, ScrConRec& r, const Ctx& c) {
-  std::uint64_t start = 0;
-  if constexpr (W::kReading) start = w.pos();
+  // RECORD_LEN covers the whole connection record, itself included: the walk moves past the
+  // reserved padding and any fields of later revisions.
+  auto end = w.declared_end();
   w(F(RECORD_LEN, 8), F(CON_REF, 8), F(SERVICE_OPTION, 16), F(FOR_TRAFFIC, 4), F(REV_TRAFFIC, 4));
   if (c.p_rev >= 6) {
     w(F(UI_ENCRYPT_MODE, 3), F(SR_ID, 3), F(RLP_INFO_INCL, 1));
@@ -267,24 +269,16 @@ void layout(W& w, ScrConRec& r, const Ctx& c) {
       if (r.QOS_PARMS_LEN) w(F(QOS_PARMS, 8u * r.QOS_PARMS_LEN));
     }
   }
-  // RECORD_LEN covers the whole connection record, itself included: skip the reserved
-  // padding and any fields of later revisions (unchecked, as the next field's check follows).
-  if constexpr (W::kReading) {
-    const std::uint64_t end = start + 8u * r.RECORD_LEN;
-    if (w.pos() < end) w.skip(end - w.pos());
-  }
+  end.at(8u * r.RECORD_LEN);
 }
 
+// The channel configuration; SCH_REC_LEN counts its octets, itself included, so reserved bits
+// and fields of later revisions up to that length are passed over.
 template <class W>
 void sch_cc(W& w, ScrSch& r) {
-  std::uint64_t start = 0;
-  if constexpr (W::kReading) start = w.pos();
+  auto end = w.declared_end();
   w(F(SCH_REC_LEN, 4), F(SCH_RC, 5), F(CODING_TYPE, 1), F(FRAME_40_USED, 1), F(FRAME_80_USED, 1), F(MAX_RATE, 4));
-  // Reserved bits, and fields of later revisions, up to the declared length.
-  if constexpr (W::kReading) {
-    const std::uint64_t end = start + 8u * r.SCH_REC_LEN;
-    if (w.pos() < end) w.skip(end - w.pos());
-  }
+  end.at(8u * r.SCH_REC_LEN);
 }
 
 template <class W>
@@ -302,7 +296,7 @@ void layout(W& w, ScrRevSch& r, const Ctx&) {
 template <class W>
 void layout(W& w, ServiceConfig& r, const Ctx& c) {
   w(F(FOR_MUX_OPTION, 16), F(REV_MUX_OPTION, 16), F(FOR_NUM_BITS, 8), F(REV_NUM_BITS, 8), F(NUM_CON_REC, 8));
-  if (!w.records("CON_RECs", r.CON_RECs, r.NUM_CON_REC, c)) return;
+  w.records("CON_RECs", r.CON_RECs, r.NUM_CON_REC, c);
   if (c.p_rev < 6) return;
 
   w(F(FCH_CC_INCL, 1));
@@ -312,12 +306,12 @@ void layout(W& w, ServiceConfig& r, const Ctx& c) {
   w(F(FOR_SCH_CC_INCL, 1));
   if (r.FOR_SCH_CC_INCL) {
     w(F(NUM_FOR_SCH, 2));
-    if (!w.records("SCR_FOR_SCHs", "SCR_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+    w.records("SCR_FOR_SCHs", "SCR_FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c);
   }
   w(F(REV_SCH_CC_INCL, 1));
   if (r.REV_SCH_CC_INCL) {
     w(F(NUM_REV_SCH, 2));
-    if (!w.records("SCR_REV_SCHs", "SCR_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+    w.records("SCR_REV_SCHs", "SCR_REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c);
   }
   if (c.p_rev < 8) return;
 
@@ -354,17 +348,10 @@ void layout(W& w, NnscrLpmEntry& r, const Ctx&) {
 
 template <class W>
 void layout(W& w, NnscrSrRec& r, const Ctx&) {
-  if (!w.need(12)) return;
-  w.u(r.RECORD_LEN, "RECORD_LEN", 8);
-  std::uint64_t start = 0;
-  if constexpr (W::kReading) start = w.pos();
-  w.u(r.SR_ID, "SR_ID", 3);
-  w.u(r.SDB_SO_OMIT, "SDB_SO_OMIT", 1);
-  // Reserved bits up to the declared length.
-  if constexpr (W::kReading) {
-    const std::uint64_t end = start + 8u * r.RECORD_LEN;
-    if (w.pos() < end) w.skip(end - w.pos());
-  }
+  // RECORD_LEN counts the octets after itself; the reserved bits up to there are passed over.
+  auto end = w.declared_end();
+  w(F(RECORD_LEN, 8), F(SR_ID, 3), F(SDB_SO_OMIT, 1));
+  end.at(8u + 8u * r.RECORD_LEN);
 }
 
 template <class W>
@@ -410,9 +397,7 @@ void layout(W& w, NnscrPartition& r, const Ctx&) {
 template <class W>
 void layout(W& w, NnscrPartitionRow& r, const Ctx& c) {
   w(F(CATEGORY, 5), F(MUX_HEADER_LEN, 3));
-  if (!w.need(r.MUX_HEADER_LEN + 3u)) return;
-  w.u(r.MUX_HEADER, "MUX_HEADER", r.MUX_HEADER_LEN);
-  w.u(r.NUM_PARTITIONS, "NUM_PARTITIONS", 3);
+  w(F(MUX_HEADER, r.MUX_HEADER_LEN), F(NUM_PARTITIONS, 3));
   w.records("PARTITIONs", r.PARTITIONs, r.NUM_PARTITIONS + 1u, c);
 }
 
@@ -442,12 +427,12 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
     w(F(FOR_SCH_INCL, 1));
     if (r.FOR_SCH_INCL) {
       w(F(NUM_FOR_SCH, 2));
-      if (!w.records("FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c)) return;
+      w.records("FOR_SCHs", r.FOR_SCHs, r.NUM_FOR_SCH, c);
     }
     w(F(REV_SCH_INCL, 1));
     if (r.REV_SCH_INCL) {
       w(F(NUM_REV_SCH, 2));
-      if (!w.records("REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c)) return;
+      w.records("REV_SCHs", r.REV_SCHs, r.NUM_REV_SCH, c);
     }
   }
 
@@ -455,21 +440,19 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
   // '01': a new mapping table follows; '00' default mapping, '10' keep the current one.
   if (r.LPM_IND == 1) {
     w(F(NUM_LPM_ENTRIES, 4));
-    if (!w.records("LPM_ENTRIES", r.LPM_ENTRIES, r.NUM_LPM_ENTRIES, c)) return;
+    w.records("LPM_ENTRIES", r.LPM_ENTRIES, r.NUM_LPM_ENTRIES, c);
   }
 
   if (c.p_rev >= 7) {
     w(F(NUM_REC, 3));
-    if (!w.records("RECs", r.RECs, r.NUM_REC, c)) return;
+    w.records("RECs", r.RECs, r.NUM_REC, c);
 
     w(F(USE_FLEX_NUM_BITS, 1));
     if (r.USE_FLEX_NUM_BITS) {
       w(F(NUM_BITS_TABLES_INCL, 1));
       if (r.NUM_BITS_TABLES_INCL) {
         w(F(NUM_BITS_TABLES_COUNT, 3));
-        if (!w.records("NUM_BITS_TABLEs", r.NUM_BITS_TABLEs, r.NUM_BITS_TABLES_COUNT + 1u,
-                       c))
-          return;
+        w.records("NUM_BITS_TABLEs", r.NUM_BITS_TABLEs, r.NUM_BITS_TABLES_COUNT + 1u, c);
       }
     }
     w(F(USE_VAR_RATE, 1));
@@ -477,9 +460,7 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
       w(F(VAR_TABLES_INCL, 1));
       if (r.VAR_TABLES_INCL) {
         w(F(VAR_RATE_TABLES_COUNT, 3));
-        if (!w.records("VAR_RATE_TABLEs", r.VAR_RATE_TABLEs,
-                       r.VAR_RATE_TABLES_COUNT + 1u, c))
-          return;
+        w.records("VAR_RATE_TABLEs", r.VAR_RATE_TABLEs, r.VAR_RATE_TABLES_COUNT + 1u, c);
       }
     }
 
@@ -507,7 +488,7 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
       w(F(LTU_TABLES_INCL, 1));
       if (r.LTU_TABLES_INCL) {
         w(F(NUM_LTU_TABLES, 2));
-        if (!w.records("LTU_TABLEs", r.LTU_TABLEs, r.NUM_LTU_TABLES + 1u, c)) return;
+        w.records("LTU_TABLEs", r.LTU_TABLEs, r.NUM_LTU_TABLES + 1u, c);
       }
       w(F(USE_OLD_LTU_MAPPING, 1));
       if (!r.USE_OLD_LTU_MAPPING) {
@@ -521,9 +502,7 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
         w(F(PARTITION_TABLES_INCL, 1));
         if (r.PARTITION_TABLES_INCL) {
           w(F(NUM_PARTITION_TABLES, 2));
-          if (!w.records("PARTITION_TABLEs", r.PARTITION_TABLEs,
-                         r.NUM_PARTITION_TABLES + 1u, c))
-            return;
+          w.records("PARTITION_TABLEs", r.PARTITION_TABLEs, r.NUM_PARTITION_TABLES + 1u, c);
         }
         w(F(USE_OLD_PART_MAPPING, 1));
         if (!r.USE_OLD_PART_MAPPING) {
@@ -544,26 +523,37 @@ void layout(W& w, Nnscr& r, const Ctx& c) {
 
 // RECORD_TYPE (8), RECORD_LEN (8) and RECORD_LEN octets of service configuration, printed
 // as "TypeSpecificFields = SCR". A zero length carries no record.
-template <class W>
-bool scr_record(W& w, std::uint8_t& type, std::uint8_t& len, ServiceConfig& scr, const Ctx& c,
-                const char* type_name = "RECORD_TYPE", const char* len_name = "RECORD_LEN") {
-  if (!w.need(16)) return false;
-  w.u(type, type_name, 8);
-  w.u(len, len_name, 8);
-  if (len == 0) return true;
-  return w.sized("TypeSpecificFields", "SCR", scr, 8u * len, c);
+template <class W, class R>
+void scr_record(W& w, R& r, const Ctx& c) {
+  w(F(RECORD_TYPE, 8), F(RECORD_LEN, 8));
+  if (r.RECORD_LEN != 0) w.sized("TypeSpecificFields", "SCR", r.SCR, 8u * r.RECORD_LEN, c);
 }
 
 // RECORD_TYPE2 (8), RECORD_LEN2 (8) and the non-negotiable record, printed as
 // "TypeSpecificFields2 = NNSCR".
-template <class W>
-bool nnscr_record(W& w, std::uint8_t& type, std::uint8_t& len, Nnscr& nn, const Ctx& c,
-                  const char* type_name = "RECORD_TYPE2", const char* len_name = "RECORD_LEN2") {
-  if (!w.need(16)) return false;
-  w.u(type, type_name, 8);
-  w.u(len, len_name, 8);
-  if (len == 0) return true;
-  return w.sized("TypeSpecificFields2", "NNSCR", nn, 8u * len, c);
+template <class W, class R>
+void nnscr_record(W& w, R& r, const Ctx& c) {
+  w(F(RECORD_TYPE2, 8), F(RECORD_LEN2, 8));
+  if (r.RECORD_LEN2 != 0) w.sized("TypeSpecificFields2", "NNSCR", r.NNSCR, 8u * r.RECORD_LEN2, c);
+}
+
+// Service Request and Service Response Messages (C.S0005 3.7.3.3.2.18/19 forward,
+// 2.7.2.3.2.12/13 reverse): the same layout in both directions and both messages; the
+// response names its purpose RESP_PURPOSE. Only a proposal ('0010') carries a service
+// configuration.
+template <bool kResponse>
+struct ServiceReqResp {
+  std::uint8_t SERV_REQ_SEQ;
+  std::uint8_t PURPOSE;
+  std::uint8_t RECORD_TYPE;
+  std::uint8_t RECORD_LEN;
+  ServiceConfig SCR;
+};
+
+template <class W, bool kResponse>
+void layout(W& w, ServiceReqResp<kResponse>& r, const Ctx& c) {
+  w(F(SERV_REQ_SEQ, 3), field(r.PURPOSE, kResponse ? "RESP_PURPOSE" : "REQ_PURPOSE", 4));
+  if (r.PURPOSE == 2) scr_record(w, r, c);
 }
 
 }  // namespace cs

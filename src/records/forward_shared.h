@@ -201,4 +201,33 @@ void layout(W& w, AddPilotRec& r, const AddPilotCtx& c) {
   }
 }
 
+// Packet-zone hysteresis (Release D), as the extended system parameters, the MC-RR
+// parameters, the in-traffic system parameters and the universal handoff direction messages
+// carry it: only inside a packet zone.
+template <class W, class R>
+void pz_hysteresis(W& w, R& r) {
+  if (r.PACKET_ZONE_ID == 0) return;
+  w(F(PZ_HYST_ENABLED, 1));
+  if (!r.PZ_HYST_ENABLED) return;
+  w(F(PZ_HYST_INFO_INCL, 1));
+  if (r.PZ_HYST_INFO_INCL) w(F(PZ_HYST_LIST_LEN, 4), F(PZ_HYST_ACT_TIMER, 8), F(PZ_HYST_TIMER_MUL, 3), F(PZ_HYST_TIMER_EXP, 5));
+}
+
+// The forward packet data channel's reverse link gains and switching parameters, as the packet
+// data channel assignment (extended channel assignment mode '101') and the extended active set
+// record of the universal handoff direction message carry them. `tail` are the fields that the
+// caller's message sends right after the switching delays, checked with them.
+template <class W, class R, class... Tail>
+void pdch_switching(W& w, R& r, const Tail&... tail) {
+  w(F(FOR_PDCH_RLGAIN_INCL, 1));
+  if (r.FOR_PDCH_RLGAIN_INCL) w(F(RLGAIN_ACKCH_PILOT, 6), F(RLGAIN_CQICH_PILOT, 6));
+  w(F(NUM_SOFT_SWITCHING_FRAMES, 4), F(NUM_SOFTER_SWITCHING_FRAMES, 4), F(NUM_SOFT_SWITCHING_SLOTS, 2),
+    F(NUM_SOFTER_SWITCHING_SLOTS, 2), F(CHM_SWITCHING_PARMS_INCL, 1));
+  if (r.CHM_SWITCHING_PARMS_INCL) {   // the same counts while in control hold
+    w(F(NUM_SOFT_SWITCHING_FRAMES_CHM, 4), F(NUM_SOFTER_SWITCHING_FRAMES_CHM, 4), F(NUM_SOFT_SWITCHING_SLOTS_CHM, 2),
+      F(NUM_SOFTER_SWITCHING_SLOTS_CHM, 2));
+  }
+  w(F(PDCH_SOFT_SWITCHING_DELAY, 8), F(PDCH_SOFTER_SWITCHING_DELAY, 8), tail...);
+}
+
 }  // namespace cs::fwd

@@ -169,7 +169,7 @@ struct PA {
 template <class W>
 void layout(W& w, PA& r, const Ctx& c) {
   w(F(CADENCE_COUNT, 8), F(NUM_GROUPS, 4));
-  if (!w.records("ALERT_RECs", r.ALERT_RECs, r.NUM_GROUPS, c)) return;
+  w.records("ALERT_RECs", r.ALERT_RECs, r.NUM_GROUPS, c);
   // CADENCE_TYPE follows the groups from P_REV 7 (IS-2000 Release A) on.
   if (c.p_rev >= 7) w(F(CADENCE_TYPE, 2));
 }
@@ -271,7 +271,7 @@ template <class W>
 void layout(W& w, EMCED_DISPLAY& r, const Ctx&) {
   w(F(RECORD_LENGTH, 8), F(DISPLAY_ENCODING, 8), F(NUM_FIELDS, 8));
   const unsigned width = display_char_bits(r.DISPLAY_ENCODING);
-  if (!w.scalars("CHARi", r.CHARi, r.NUM_FIELDS, width)) return;
+  w.scalars("CHARi", r.CHARi, r.NUM_FIELDS, width);
   const std::uint64_t used = 24 + std::uint64_t{r.NUM_FIELDS} * width;
   const std::uint64_t declared = 8 * std::uint64_t{r.RECORD_LENGTH};
   if (declared > used) {

@@ -68,10 +68,12 @@ void info_rec_framing(W& w, Rec& r, TypeOf type_of, const Ctx& c) {
 
   if constexpr (W::kReading) {
     // Decoding only: deciphering happens on the bits, before the type-specific part is read;
-    // the printer just shows the record that came out of it.
-    const std::uint64_t body_pos = w.pos();
+    // the printer just shows the record that came out of it. The walk ends at least at the
+    // end of the deciphered span; one shorter than what was read leaves the position where
+    // the decoder put it.
+    auto deciphered_end = w.declared_end();
     const std::uint32_t deciphered =
-        c.encryption != 0 ? decrypt_info_rec(c.band_class, r.RECORD_TYPE, r.RECORD_LEN, body_pos, c.encryption) : 0;
+        c.encryption != 0 ? decrypt_info_rec(c.band_class, r.RECORD_TYPE, r.RECORD_LEN, w.pos(), c.encryption) : 0;
 
     // The type-specific decoder is handed RECORD_LEN octets; the walk then moves on by the
     // larger of those and what it read, so octets it does not know are skipped. A type
@@ -79,11 +81,9 @@ void info_rec_framing(W& w, Rec& r, TypeOf type_of, const Ctx& c) {
     // octet (kept that way on purpose).
     if (t.ops != nullptr) {
       info_rec_detail::Part part{t.label, t.ops, &r.TypeSpecificFields};
-      if (!w.sized(t.label, t.ops->header, part, 8u * r.RECORD_LEN, c)) return;
+      w.sized(t.label, t.ops->header, part, 8u * r.RECORD_LEN, c);
     }
-    // The walk only moves forward: a deciphered span shorter than what was read already
-    // leaves the position where the decoder put it.
-    if (deciphered != 0 && body_pos + deciphered > w.pos()) w.skip(body_pos + deciphered - w.pos());
+    deciphered_end.at(deciphered);
   } else {
     // Printing shows the part directly under its label; the length bound above is a
     // decoding matter and would otherwise print as an extra nesting level.

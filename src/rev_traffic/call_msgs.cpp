@@ -75,23 +75,7 @@ void layout(W& w, RD_PRSM& r, const Ctx& c) {
   w.list_to_end("PARAMETERs", r.PARAMETERs, to_end_capacity<26>, c);
 }
 
-// ---- Service Request (12) and Service Response (13) Messages ------------------------------
-
-// The two messages share one layout; the response names its purpose RESP_PURPOSE.
-template <bool kResponse>
-struct ServiceReqResp {
-  u8 SERV_REQ_SEQ, PURPOSE, RECORD_TYPE, RECORD_LEN;
-  ServiceConfig SCR;
-};
-using RD_SRQM = ServiceReqResp<false>;
-using RD_SRPM = ServiceReqResp<true>;
-
-template <class W, bool kResponse>
-void layout(W& w, ServiceReqResp<kResponse>& r, const Ctx& c) {
-  w(F(SERV_REQ_SEQ, 3), field(r.PURPOSE, kResponse ? "RESP_PURPOSE" : "REQ_PURPOSE", 4));
-  // Only a proposal ('0010') carries a service configuration.
-  if (r.PURPOSE == 2) scr_record(w, r.RECORD_TYPE, r.RECORD_LEN, r.SCR, c);
-}
+// ---- Service Request (12) and Service Response (13) Messages: service_config.h ----------
 
 // ---- Service Connect Completion Message (14) ----------------------------------------------
 
@@ -224,7 +208,7 @@ Rows rd_call_rows() {
   static constexpr MessageRow rows[] = {
       {4, "DBM", body_ops<fwd::DataBurst>()},  {7, "BDTMFM", body_ops<RD_BDTMFM>()},
       {9, "ORCM", body_ops<RD_ORCM>()},        {11, "PRSM", body_ops<RD_PRSM>()},
-      {12, "SRQM", body_ops<RD_SRQM>()},       {13, "SRPM", body_ops<RD_SRPM>()},
+      {12, "SRQM", body_ops<ServiceReqResp<false>>()},       {13, "SRPM", body_ops<ServiceReqResp<true>>()},
       {14, "SCCM", body_ops<RD_SCCM>()},       {15, "SOCM", body_ops<RD_SOCM>()},
       {17, "TACM", body_ops<RD_TACM>()},       {23, "RRM", body_ops<RD_RRM>()},
       {24, "ERRM", body_ops<RD_ERRM>()},       {26, "EOM", body_ops<RD_EOM>()},
