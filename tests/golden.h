@@ -14,8 +14,11 @@
 #include "fwd_common/sync.h"
 #include "fwd_common/tables.h"
 #include "fwd_traffic/tables.h"
+#include "otasp/otasp.h"
+#include "pd/pd.h"
 #include "rev_access/pdu.h"
 #include "rev_traffic/pdu.h"
+#include "sms/sms.h"
 #include "text/text.h"
 
 namespace cs::test {
@@ -64,6 +67,7 @@ struct Case {
   int line = 0;
   int channel = 0;
   std::optional<int> body;   // the message type whose body is decoded alone
+  std::optional<int> burst;  // the BURST_TYPE whose data-burst contents are decoded alone
   std::uint8_t p_rev = 0, band = 0;
   int result = 0;
   Ctx ctx;                   // encryption, ordq, pd for a body
@@ -127,6 +131,7 @@ inline std::vector<Case> read_cases(const std::filesystem::path& file) {
         const std::string key = w.substr(0, eq), v = w.substr(eq + 1);
         const auto num = [&] { return std::stoull(v, nullptr, 0); };
         if (key == "body") k->body = static_cast<int>(num());
+        else if (key == "burst") k->burst = static_cast<int>(num());
         else if (key == "p_rev") k->p_rev = static_cast<std::uint8_t>(num());
         else if (key == "band") k->band = static_cast<std::uint8_t>(num());
         else if (key == "result") k->result = static_cast<int>(num());
@@ -140,6 +145,7 @@ inline std::vector<Case> read_cases(const std::filesystem::path& file) {
       }
       k->ctx.p_rev = k->p_rev;
       k->ctx.band_class = k->band;
+      k->ctx.forward = k->channel != 3 && k->channel != 5;
       continue;
     }
     const auto bar = l.find('|');
@@ -173,13 +179,32 @@ inline std::vector<std::uint8_t> octets(const std::vector<bool>& bits, unsigned 
 // The CRC bits the built message ends with (a message given as octets carries its own).
 inline unsigned crc_bits(const Case& k) { return !k.hex.empty() ? 0 : k.channel == 4 || k.channel == 5 ? 16 : 30; }
 
+// The data-burst contents of a BURST_TYPE, as the Data Burst Message printers hand them on.
+inline BurstContents contents_of(int burst_type) {
+  switch (burst_type) {
+    case 3: return &sms_contents;
+    case 4: return &otasp_contents;
+    case 5: return &pd_contents;
+    case 6: return &sdb_contents;
+    default: throw std::runtime_error("no contents for burst type " + std::to_string(burst_type));
+  }
+}
+
 // A body case over `bits`, or a channel case over the octets `bits` make (`keep` octets of
 // them when given: a message cut short).
 inline Outcome run(const Case& k, const std::vector<bool>& bits, std::optional<std::size_t> keep = std::nullopt) {
   Outcome o{};
   std::vector<TraceItem> trace;
   g_read_trace = &trace;
-  if (k.body) {
+  if (k.burst) {
+    // The burst's octets (NUM_FIELDS of them), direction from the carrying channel, indent 0.
+    std::vector<std::uint8_t> data = octets(bits, 0);
+    if (keep) data.resize(std::min(*keep, data.size()));
+    Arena arena;
+    Text t;
+    o.rc = static_cast<int>(contents_of(*k.burst)(t, 0, data.data(), data.size(), k.ctx, arena));
+    o.text = t.str();
+  } else if (k.body) {
     const BodyOps* ops = table_of(k.channel).body(static_cast<std::uint8_t>(*k.body));
     if (ops == nullptr) throw std::runtime_error("no body for type " + std::to_string(*k.body));
     const std::vector<std::uint8_t> buf = octets(bits, 0);
