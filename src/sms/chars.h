@@ -9,6 +9,7 @@
 // character, binary octets) get none.
 #pragma once
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "codec/walk.h"
@@ -51,6 +52,34 @@ bool chars(W& w, const char* name, PoolArray<T>& a, std::uint32_t n, unsigned wi
       t.put('\n');
     }
     return true;
+  }
+}
+
+// Text in the GSM 7-bit default alphabet, packed as 3GPP TS 23.038 6.1.2.1 packs it: the n
+// septets fill the octets that follow, each from its least significant bit on, so a character
+// is no run of bits on the air. The octets are read and shown as sent ("packed_octet[k]");
+// the characters they hold follow them as values with no bits of their own ("chari[k]"), with
+// their readings.
+template <class W, class T>
+bool gsm7_packed(W& w, PoolArray<std::uint8_t>& octets, PoolArray<T>& septets, std::uint32_t n) {
+  if (!w.scalars("packed_octet", octets, (7 * n + 7) / 8, 8)) return false;
+  if constexpr (W::kReading) {
+    // The septets are worked out of the octets: the reader stores them for the printer.
+    septets.data = w.arena().template alloc<T>(n);
+    septets.count = septets.data ? n : 0;
+    for (std::uint32_t k = 0; k < septets.count; ++k) {
+      std::uint32_t v = 0;
+      for (std::uint32_t b = 0; b < 7; ++b) {
+        const std::uint32_t p = 7 * k + b;
+        v |= ((octets.data[p / 8] >> (p % 8)) & 1u) << b;
+      }
+      septets.data[k] = static_cast<T>(v);
+      const std::string name = "chari[" + std::to_string(k) + "]";
+      w.show(septets.data[k], name.c_str());
+    }
+    return true;
+  } else {
+    return chars(w, "chari", septets, n, 7, Charset::gsm7);
   }
 }
 

@@ -98,10 +98,21 @@ void layout(W& w, MessageIdentifier& r, const Ctx&) {
   w(F(message_type, 4), F(message_id, 16), F(header_ind, 1), reserved(3));
 }
 
+// The characters of a text field: fields of the encoding's size, or packed GSM 7-bit text.
+template <class W, class R>
+void text(W& w, R& r, const Alphabet& a, std::uint32_t n) {
+  if (a.cs == Charset::gsm7) {
+    gsm7_packed(w, r.packed_octet, r.chari, n);
+  } else {
+    chars(w, "chari", r.chari, n, a.width, a.cs);
+  }
+}
+
 // User Data (4.5.2). MESSAGE_TYPE is sent for the two encodings whose character set it
 // selects; the characters follow in the size of the encoding.
 struct UserData {
   std::uint8_t msg_encoding, message_type, num_fields;
+  PoolArray<std::uint8_t> packed_octet;
   PoolArray<std::uint16_t> chari;
 };
 template <class W>
@@ -116,7 +127,7 @@ void layout(W& w, UserData& r, const Ctx&) {
     w.reject(Rc::count);
     return;
   }
-  chars(w, "chari", r.chari, r.num_fields, a.width, a.cs);
+  text(w, r, a, r.num_fields);
 }
 
 // User Response Code (4.5.3).
@@ -236,6 +247,7 @@ void layout(W& w, MessageDisplayMode& r, const Ctx&) {
 // the two encodings that need one have no character size.
 struct EncodedText {
   std::uint8_t msg_encoding, num_fields;
+  PoolArray<std::uint8_t> packed_octet;
   PoolArray<std::uint16_t> chari;
 };
 template <class W>
@@ -247,7 +259,7 @@ void layout(W& w, EncodedText& r, const Ctx&) {
     w.reject(Rc::count);
     return;
   }
-  chars(w, "chari", r.chari, r.num_fields, a.width, a.cs);
+  text(w, r, a, r.num_fields);
 }
 
 // Multiple Encoding User Data (4.5.17): encodings until fewer than 8 bits (the padding) are left.
@@ -274,6 +286,7 @@ struct CategoryProgram {
   std::uint8_t operation_code;
   std::uint16_t service_category;
   std::uint8_t language, max_messages, alert_option, num_fields;
+  PoolArray<std::uint8_t> packed_octet;
   PoolArray<std::uint16_t> chari;
 };
 struct CategoryCtx : Ctx {
@@ -283,7 +296,7 @@ template <class W>
 void layout(W& w, CategoryProgram& r, const CategoryCtx& c) {
   w(F(operation_code, 4), F(service_category, 16), F(language, 8), F(max_messages, 8), F(alert_option, 4),
     F(num_fields, 8));
-  chars(w, "chari", r.chari, r.num_fields, c.alphabet.width, c.alphabet.cs);
+  text(w, r, c.alphabet, r.num_fields);
 }
 
 struct ServiceCategoryProgramData {
