@@ -56,8 +56,7 @@ void layout(W& w, BlockResult& r, const Ctx&) {
   w(F(block_id, 8), F(result_code, 8));
 }
 
-// Download Response (3.5.1.2), Validation Response (3.5.1.10) and 3GPD Download Response
-// (3.5.1.15).
+// Download Response (3.5.1.2) and 3GPD Download Response (3.5.1.15).
 struct BlockResults {
   std::uint8_t num_blocks;
   PoolArray<BlockResult> block;
@@ -66,6 +65,17 @@ template <class W>
 void layout(W& w, BlockResults& r, const Ctx& c) {
   w(F(num_blocks, 8));
   w.records("block", r.block, r.num_blocks, c);
+}
+
+// Validation Response (3.5.1.10): the same pairs, under the validation block's name.
+struct ValidResp {
+  std::uint8_t num_blocks;
+  PoolArray<BlockResult> block;
+};
+template <class W>
+void layout(W& w, ValidResp& r, const Ctx& c) {
+  w(F(num_blocks, 8));
+  w.records("block", "REV_VALID_PARAM_DATA", r.block, r.num_blocks, c);
 }
 
 // MS Key Response (3.5.1.3) and Commit Response (3.5.1.6).
@@ -250,7 +260,7 @@ OtaRows reverse_rows() {
       {6, "msg.proto_cap_resp_str", body_ops<ProtoCapResp>("OTA_PROTO_CAP_RESP")},
       {7, "msg.sspr_config_resp_str", body_ops<SsprConfigResp>("OTA_SSPR_CONFIG_RESP")},
       {8, "msg.sspr_download_resp_str", body_ops<SsprDownloadResp>("OTA_SSPR_DWNLD_RESP")},
-      {9, "msg.valid_resp_msg_str", body_ops<BlockResults>("OTA_VALID_RESP")},
+      {9, "msg.valid_resp_msg_str", body_ops<ValidResp>("OTA_VALID_RESP")},
       {10, "msg.otapa_resp_msg_str", body_ops<OtapaResp>("OTA_OTAPA_RESP")},
       {13, "msg.f3gpd_config_resp_str", body_ops<Config3gpdResp>("OTA_3GPD_CONFIG_RESP")},
       {14, "msg.f3gpd_download_resp_str", body_ops<BlockResults>("OTA_3GPD_DWNLD_RESP")},
