@@ -86,7 +86,11 @@ char32_t reading(Charset cs, const std::uint32_t* codes, std::uint32_t k) {
       return c;
     case Charset::gsm7:
       if (c >= 128) return 0;
-      if (k > 0 && codes[k - 1] == 0x1B && !(k > 1 && codes[k - 2] == 0x1B)) return gsm7_extension(c);
+      // After the escape a code reads from the extension table; one the table lacks reads as in
+      // the default alphabet (TS 23.038 6.2.1.1).
+      if (k > 0 && codes[k - 1] == 0x1B && !(k > 1 && codes[k - 2] == 0x1B)) {
+        if (const char32_t x = gsm7_extension(c)) return x;
+      }
       return kGsm7[c];
     case Charset::shift_jis: {
       const auto lead = [](std::uint32_t x) { return (x >= 0x81 && x <= 0x9F) || (x >= 0xE0 && x <= 0xFC); };
