@@ -101,14 +101,15 @@ struct Case {
     for (std::size_t i = 0; i + 1 < hex.size(); i += 2) put_value(bits, "0x" + hex.substr(i, 2), 8);
     return bits;
   }
-  // The message type the case exercises: its body, or its first octet.
+  // The message type the case exercises: its body, or its first octet (for the contents of a
+  // burst, their own message type).
   int message_type() const {
     if (body) return *body;
-    if (!record.empty() || burst) return -1;
+    if (!record.empty()) return -1;
     const std::vector<bool> bits = input_bits();
     int t = 0;
     for (std::size_t i = 0; i < 8 && i < bits.size(); ++i) t = t << 1 | bits[i];
-    return channel == 2 && p_rev >= 7 ? t & 63 : t;
+    return channel == 2 && p_rev >= 7 && !burst ? t & 63 : t;
   }
 };
 
@@ -154,6 +155,7 @@ inline std::vector<Case> read_cases(const std::filesystem::path& file) {
       }
       k->ctx.p_rev = k->p_rev;
       k->ctx.band_class = k->band;
+      k->ctx.forward = k->channel != 3 && k->channel != 5;   // the link of the channel
       continue;
     }
     const auto bar = l.find('|');
@@ -198,15 +200,11 @@ inline Outcome run(const Case& k, const std::vector<bool>& bits, std::optional<s
   if (k.burst) {
     if (bits.size() % 8 != 0) throw std::runtime_error(k.name + ": a burst is whole octets");
     const std::vector<std::uint8_t> data = octets(bits, 0);
-    Ctx c = k.ctx;
-    c.forward = k.channel == 2 || k.channel == 4;
     Text t;
-    o.rc = static_cast<int>(print_burst_contents(t, 0, static_cast<std::uint8_t>(*k.burst), data.data(), data.size(), c));
+    o.rc = static_cast<int>(print_burst_contents(t, 0, static_cast<std::uint8_t>(*k.burst), data.data(), data.size(), k.ctx));
     o.text = t.str();
   } else if (k.body || !k.record.empty()) {
-    // A body sees the link of its channel, as the channel's PDU hands it on.
-    Ctx body_ctx = k.ctx;
-    body_ctx.forward = k.channel != 3 && k.channel != 5;
+    const Ctx& body_ctx = k.ctx;
     const BodyOps* ops =
         k.body ? table_of(k.channel).body(static_cast<std::uint8_t>(*k.body)) : named_record(k.record);
     if (ops == nullptr) throw std::runtime_error("no body for type " + std::to_string(*k.body));

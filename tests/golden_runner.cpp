@@ -124,7 +124,8 @@ INSTANTIATE_TEST_SUITE_P(Goldens, GoldenFile, ::testing::ValuesIn(golden_files()
 TEST(Goldens, EveryMessageOfEveryTableHasACase) {
   std::set<std::pair<int, int>> seen;
   for (const fs::path& f : golden_files())
-    for (const Case& k : read_cases(f)) seen.insert({k.channel, k.message_type()});
+    for (const Case& k : read_cases(f))
+      if (!k.burst) seen.insert({k.channel, k.message_type()});
   for (int ch = 1; ch <= 5; ++ch) {
     for (const MessageTable::Entry& e : table_of(ch).entries()) {
       if (e.ops.decode) {
