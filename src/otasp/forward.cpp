@@ -101,24 +101,9 @@ struct Empty {};
 template <class W>
 void layout(W&, Empty&, const Ctx&) {}
 
-// Protocol Capability Request (4.5.1.7). Empty up to Release B; Release C added the OTASP
-// protocol revision and the capability records asked for, read when the message goes on.
-struct ProtoCapReq {
-  bool fields_present;
-  std::uint8_t otasp_p_rev, num_cap_records;
-  PoolArray<std::uint8_t> cap_record_type;
-};
-template <class W>
-void layout(W& w, ProtoCapReq& r, const Ctx&) {
-  // Only the reader knows whether octets follow the type; the printer re-tests the flag.
-  if constexpr (W::kReading) r.fields_present = w.left() >= 8;
-  if (!r.fields_present) return;
-  w(F(otasp_p_rev, 8), F(num_cap_records, 8));
-  w.scalars("cap_record_type", r.cap_record_type, r.num_cap_records, 8);
-}
-
-// SSPR Configuration Request (4.5.1.8): the segment of the roaming list asked for when the
-// block is the list itself (BLOCK_ID 1).
+// SSPR Configuration Request (4.5.1.8): the block asked for, the offset into it and the
+// largest segment the mobile station is to send. (Both are read whatever the block: a
+// request for another block leaves them at zero.)
 struct SsprConfigReq {
   std::uint8_t block_id;
   std::uint16_t request_offset;
@@ -126,8 +111,7 @@ struct SsprConfigReq {
 };
 template <class W>
 void layout(W& w, SsprConfigReq& r, const Ctx&) {
-  w(F(block_id, 8));
-  if (r.block_id == 1) w(F(request_offset, 16), F(request_max_size, 8));
+  w(F(block_id, 8), F(request_offset, 16), F(request_max_size, 8));
 }
 
 // SSPR Download Request (4.5.1.9): one segment of the preferred roaming list (BLOCK_ID 0) or
@@ -258,7 +242,9 @@ OtaRows forward_rows() {
       {3, "msg.key_gen_req_str", body_ops<KeyGenReq>("OTA_KEY_GEN_REQ")},
       {4, "msg.re_auth_req_str", body_ops<ReAuthReq>("OTA_RE_AUTH_REQ")},
       {5, "msg.commit_req_str", body_ops<Empty>("OTA_COMMIT_REQ")},
-      {6, "msg.proto_cap_req_str", body_ops<ProtoCapReq>("OTA_PROTO_CAP_REQ")},
+      // The Protocol Capability Request is shown without a body, like the Commit Request: the
+      // fields Release C appended are not decoded.
+      {6, "msg.proto_cap_req_str", body_ops<Empty>("OTA_PROTO_CAP_REQ")},
       {7, "msg.sspr_config_req_str", body_ops<SsprConfigReq>("OTA_SSPR_CONFIG_REQ")},
       {8, "msg.sspr_download_req_str", body_ops<SsprDownloadReq>("OTA_SSPR_DWNLD_REQ")},
       {9, "msg.valid_req_msg_str", body_ops<ValidateReq>("OTA_VALIDATE_REQ")},
