@@ -18,15 +18,28 @@ namespace cs {
 // Channel codes.
 enum Channel : int { kSync = 1, kPaging = 2, kAccess = 3, kFwdTraffic = 4, kRevTraffic = 5 };
 
+// How a Decoder renders. The defaults give the texts of the C interface.
+struct DecodeOptions {
+  // Detail lines end in CR LF, and the conversion covers what `out` held before (as the C
+  // interface does); false: lines end in LF and nothing is converted.
+  bool crlf = true;
+  // The paging channel's dispatch leaves the broadcast messages 28 to 33 undecoded (the C
+  // interface keeps it so); true decodes every broadcast message the library has a layout
+  // for, the User Zone Reject, ANSI-41 System Parameters, MC-RR Parameters, ANSI-41 RAND,
+  // Enhanced Access Parameters and Universal Neighbor List Messages among them.
+  bool all_broadcast = false;
+};
+
 class Decoder {
  public:
+  explicit Decoder(DecodeOptions options);
   Decoder();
   ~Decoder();
   Decoder(const Decoder&) = delete;
   Decoder& operator=(const Decoder&) = delete;
 
-  // Appends the detail text of one message to `out`, then turns every LF of `out` into CR LF
-  // (unless the channel path stopped early without it). Returns the decode result: 0, 1 or 3;
+  // Appends the detail text of one message to `out`, then (with the crlf option) turns every
+  // LF of `out` into CR LF, unless the channel path stopped early without it. Returns the decode result: 0, 1 or 3;
   // an unknown channel replaces `out` by "<unknown channel type>" and returns 0. The
   // decoder keeps, per channel, what the standard's layer 2 carries over from one message to
   // the next (the traffic channels' header fields): feed it one stream of messages.
@@ -36,9 +49,13 @@ class Decoder {
   // The message name (or "unknown message: msg id = N") of the first octet of `msg` on `channel`.
   static std::string summary(int channel, const std::uint8_t* msg, std::size_t len);
 
-  struct State;   // per-channel records, scratch storage and text buffer
+  const DecodeOptions& options() const { return options_; }
+  void set_options(const DecodeOptions& o) { options_ = o; }
+
+  struct State;   // per-channel records and scratch storage
 
  private:
+  DecodeOptions options_;
   std::unique_ptr<State> s_;
 };
 

@@ -80,6 +80,7 @@ struct Case {
   Ctx ctx;                   // encryption, ordq, pd for a body
   std::optional<std::uint64_t> avail, consumed;
   std::string hex;           // the message as octets, instead of margins
+  bool all_broadcast = false;  // the decoder's option of that name
   std::string text;          // the expected text, LF line ends
   std::vector<std::pair<std::string, std::string>> margins;   // (margin, text) per line
 
@@ -151,6 +152,7 @@ inline std::vector<Case> read_cases(const std::filesystem::path& file) {
         else if (key == "avail") k->avail = num();
         else if (key == "consumed") k->consumed = num();
         else if (key == "hex") k->hex = v;
+        else if (key == "all_broadcast") k->all_broadcast = num() != 0;
         else throw std::runtime_error(file.string() + ":" + std::to_string(n) + ": unknown parameter " + key);
       }
       k->ctx.p_rev = k->p_rev;
@@ -219,7 +221,9 @@ inline Outcome run(const Case& k, const std::vector<bool>& bits, std::optional<s
   } else {
     std::vector<std::uint8_t> msg = octets(bits, crc_bits(k));
     if (keep) msg.resize(std::min(*keep, msg.size()));
-    Decoder d;
+    DecodeOptions options;
+    options.all_broadcast = k.all_broadcast;
+    Decoder d(options);
     o.rc = d.details(o.text, k.band, k.p_rev, k.channel, msg.data(), msg.size());
     o.text.erase(std::remove(o.text.begin(), o.text.end(), '\r'), o.text.end());
   }

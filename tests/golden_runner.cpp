@@ -18,7 +18,7 @@
 // then zero padding and the channel's CRC; p_rev, band, result (default
 // 0); encryption, ordq and pd for a body's context; avail=N gives a body only N bits;
 // consumed=N expects that many bits taken (default: all, for result 0); hex=... gives the
-// message octets instead of margins. A blank line ends a case; "#" lines are comments.
+// message octets instead of margins; all_broadcast=1 sets the decoder's option of that name. A blank line ends a case; "#" lines are comments.
 //
 // Besides the text and the result, every case that decodes with result 0 is cut short of its
 // last field at every bit (a body) or octet (a message) and must then give result 3 with a

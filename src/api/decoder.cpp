@@ -4,7 +4,8 @@
 
 namespace cs {
 
-Decoder::Decoder() : s_(std::make_unique<State>()) {}
+Decoder::Decoder(DecodeOptions options) : options_(options), s_(std::make_unique<State>()) {}
+Decoder::Decoder() : Decoder(DecodeOptions{}) {}
 Decoder::~Decoder() = default;
 
 namespace {
@@ -25,12 +26,14 @@ int Decoder::details(std::string& out, std::uint8_t band_class, std::uint8_t p_r
   }
   State& s = *s_;
   s.arena.reset();
-  s.text.clear();
+  // The text is appended straight to the caller's string.
+  Text text(out);
   // The bit count leaves out the type octet and the CRC; a message too short for those gets
   // no bits at all (the decoders then report it as too short) rather than a wrapped count.
   const std::uint64_t total = static_cast<std::uint64_t>(len) * 8;
   const std::uint64_t overhead = 8 + crc_bits(channel);
-  Call call{s.arena, s.text, p_rev, band_class, msg, len, total > overhead ? total - overhead : 0, total < overhead, true};
+  Call call{s.arena, text, p_rev, band_class, msg, len, total > overhead ? total - overhead : 0, total < overhead,
+            true, options_.all_broadcast};
 
   Rc rc = Rc::ok;
   switch (channel) {
@@ -40,8 +43,7 @@ int Decoder::details(std::string& out, std::uint8_t band_class, std::uint8_t p_r
     case kFwdTraffic: rc = run_fwd_traffic(s.fwd_traffic, call); break;
     case kRevTraffic: rc = run_rev_traffic(s.rev_traffic, call); break;
   }
-  out += s.text.str();
-  if (call.convert_line_ends) out = to_crlf(out);
+  if (options_.crlf && call.convert_line_ends) to_crlf_in_place(out);
   s.arena.reset();
   return static_cast<int>(rc);
 }

@@ -9,13 +9,11 @@
 #include "fwd_traffic/pdu.h"
 #include "rev_access/pdu.h"
 #include "rev_traffic/pdu.h"
-#include "text/text.h"
 
 namespace cs {
 
 struct Decoder::State {
   Arena arena;
-  Text text;
   SyncState sync;
   PagingState paging;
   AccessState access;

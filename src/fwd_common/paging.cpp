@@ -35,6 +35,20 @@ Sdu sdu_of(std::uint8_t msg_id, PagingCarrier carrier) {
   return {e->label.c_str(), e->ops.decode ? &e->ops : nullptr};
 }
 
+// The broadcast PDU's context: whether it shows every broadcast message it has a layout for
+// (the User Zone Reject's body among them), or only those of the C interface's dispatch.
+struct BroadcastCtx : Ctx {
+  bool all;
+};
+
+Sdu broadcast_sdu(std::uint8_t msg_id, bool all) {
+  const Sdu sdu = sdu_of(msg_id, kBroadcastSdu);
+  if (sdu.label || !all) return sdu;
+  const MessageTable::Entry* e = paging_messages().find(msg_id);
+  if (e == nullptr || e->row->route != kBroadcastPdu || !e->ops.decode) return {};
+  return {e->label.c_str(), &e->ops};
+}
+
 // The assignment PDUs size their record array from the bits left (45 bits per CAM record,
 // 49 per ECAM record, plus one) and then clamp it to a single record: only the first
 // assignment record of a PDU is ever decoded.
@@ -177,9 +191,9 @@ void maci(W& w, std::uint32_t& f, std::uint8_t pd, const L2_SECURITY_FIELDS& sec
 // PDU kinds
 
 template <class W>
-void layout(W& w, FC_PCH_BC__PBCCH_PDU& r, const Ctx& c) {
+void layout(W& w, FC_PCH_BC__PBCCH_PDU& r, const BroadcastCtx& c) {
   w(F(PD, 2), F(MSG_ID, 6));
-  if (const Sdu sdu = sdu_of(r.MSG_ID, kBroadcastSdu); sdu.label) w.body(sdu.label, sdu.ops, r.sdu, c);
+  if (const Sdu sdu = broadcast_sdu(r.MSG_ID, c.all); sdu.label) w.body(sdu.label, sdu.ops, r.sdu, c);
   // The PDU is reported 2 bits past an octet boundary, so that with the 30-bit CRC it
   // fills whole octets. Unchecked, and nothing on the air follows it.
   w.align(8, 2);
@@ -335,8 +349,8 @@ Rc run_general_page(PagingState& st, Call& call, const Ctx& c) {
 }
 
 // One-shot PDU kinds: clear, decode over the whole message, print whatever was decoded.
-template <class R>
-Rc run_pdu(R& rec, const char* header, Call& call, const Ctx& c) {
+template <class R, class C>
+Rc run_pdu(R& rec, const char* header, Call& call, const C& c) {
   std::memset(&rec, 0, sizeof rec);
   const Rc rc = decode(rec, c, call.arena, call.msg, call.len, 0, call.avail);
   print(rec, c, header, 2, call.text);
@@ -353,14 +367,17 @@ Rc run_paging(PagingState& st, Call& call) {
   // From P_REV 7 the first octet also carries PD in its top two bits.
   const unsigned type = call.p_rev < 7 ? call.msg[0] : call.msg[0] & 63u;
   const MessageTable::Entry* e = type < 256 ? paging_messages().find(static_cast<std::uint8_t>(type)) : nullptr;
-  const auto route = e ? static_cast<PagingRoute>(e->row->route) : kSilent;
+  auto route = e ? static_cast<PagingRoute>(e->row->route) : kSilent;
+  // Broadcast messages the C dispatch leaves silent, when every one is asked for.
+  if (call.all_broadcast && route == kSilent && e && e->row->carrier == kBroadcastSdu && e->ops.decode)
+    route = kBroadcastPdu;
 
   Ctx c;
   c.p_rev = call.p_rev;
   c.band_class = call.band_class;
   switch (route) {
     case kSilent: return Rc::ok;
-    case kBroadcastPdu: return run_pdu(st.bc, "FC_PCH_BC__PBCCH_PDU", call, c);
+    case kBroadcastPdu: return run_pdu(st.bc, "FC_PCH_BC__PBCCH_PDU", call, BroadcastCtx{c, call.all_broadcast});
     case kCamPdu: return run_pdu(st.cam, "FC_PCH_CAM_PDU", call, c);
     case kEcamPdu: return run_pdu(st.ecam, "FC_PCH_ECAM_PDU", call, c);
     case kAddressedPdu: return run_pdu(st.pdu, "FC_PCH_PDU", call, c);

@@ -20,6 +20,8 @@ struct Call {
   bool short_header;          // len did not even cover the message-type octet and the CRC
   bool convert_line_ends;     // the path ends with the LF -> CR LF conversion (cleared by paths
                               // that stop early without it)
+  bool all_broadcast;         // the paging channel decodes every broadcast message it has a
+                              // layout for, not only those of its C dispatch
 };
 
 }  // namespace cs

@@ -28,4 +28,17 @@ std::string to_crlf(std::string_view s) {
   return r;
 }
 
+void to_crlf_in_place(std::string& s) {
+  const std::size_t lines = static_cast<std::size_t>(std::count(s.begin(), s.end(), '\n'));
+  if (lines == 0) return;
+  std::size_t from = s.size();
+  s.resize(s.size() + lines);
+  std::size_t to = s.size();
+  while (from > 0) {
+    const char c = s[--from];
+    s[--to] = c;
+    if (c == '\n') s[--to] = '\r';
+  }
+}
+
 }  // namespace cs

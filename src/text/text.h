@@ -7,25 +7,32 @@
 
 namespace cs {
 
+// Text is written once, where it ends: into a string of its own, or appended straight to a
+// caller's string.
 class Text {
  public:
+  Text() : s_(&own_) {}
+  explicit Text(std::string& target) : s_(&target) {}
+  Text(const Text&) = delete;
+  Text& operator=(const Text&) = delete;
+
   Text& put(std::string_view s) {
-    s_.append(s.data(), s.size());
+    s_->append(s.data(), s.size());
     return *this;
   }
   Text& put(char c) {
-    s_.push_back(c);
+    s_->push_back(c);
     return *this;
   }
   Text& spaces(unsigned n) {
-    s_.append(n, ' ');
+    s_->append(n, ' ');
     return *this;
   }
   // Signed decimal, as "%d" of the value taken as a 32-bit int.
   Text& dec(std::int64_t v) {
     char b[24];
     auto r = std::to_chars(b, b + sizeof b, v);
-    s_.append(b, r.ptr);
+    s_->append(b, r.ptr);
     return *this;
   }
   Text& field_value(std::uint32_t v) { return dec(static_cast<std::int32_t>(v)); }
@@ -35,13 +42,14 @@ class Text {
     return *this;
   }
 
-  const std::string& str() const { return s_; }
-  std::string& str() { return s_; }
-  std::size_t size() const { return s_.size(); }
-  void clear() { s_.clear(); }
+  const std::string& str() const { return *s_; }
+  std::string& str() { return *s_; }
+  std::size_t size() const { return s_->size(); }
+  void clear() { s_->clear(); }
 
  private:
-  std::string s_;
+  std::string own_;
+  std::string* s_;
 };
 
 // "0x" and one lower-case hex digit per 4 bits of `bits` bits starting at data[0]; a last
@@ -50,5 +58,8 @@ void put_hex_bits(Text& t, const std::uint8_t* data, std::uint32_t bits);
 
 // Turns every LF into CR LF.
 std::string to_crlf(std::string_view s);
+
+// The same in place, in one pass from the end (the string grows by one octet per line).
+void to_crlf_in_place(std::string& s);
 
 }  // namespace cs
