@@ -46,6 +46,15 @@ class Decoder {
   int details(std::string& out, std::uint8_t band_class, std::uint8_t p_rev, int channel, const std::uint8_t* msg,
               std::size_t len);
 
+  // Appends one JSON object for the message to `out` (no line end): {"channel": "ftc",
+  // "p_rev": 6, "band_class": 0, "result": 0, "name": "OVN_...", "records": [...]}, where each
+  // record of the detail text is an object: "@record" its header line, then its fields in
+  // print order (scalars as numbers, bit strings as "0x..." strings, a value annotation as the
+  // member "NAME.annotation", arrays as arrays, nested records as objects). Returns the decode
+  // result, as details() does; the decoder's records carry over between the two calls alike.
+  int details_json(std::string& out, std::uint8_t band_class, std::uint8_t p_rev, int channel,
+                   const std::uint8_t* msg, std::size_t len);
+
   // The message name (or "unknown message: msg id = N") of the first octet of `msg` on `channel`.
   static std::string summary(int channel, const std::uint8_t* msg, std::size_t len);
 

@@ -18,6 +18,7 @@
 #include "pd/burst.h"
 #include "rev_access/pdu.h"
 #include "rev_traffic/pdu.h"
+#include "text/json.h"
 #include "text/text.h"
 
 namespace cs::test {
@@ -177,6 +178,7 @@ struct Outcome {
   int rc;
   std::string text;                 // LF line ends
   std::uint64_t consumed;           // body cases
+  std::string json;                 // the same decode as JSON (not for burst contents)
   std::vector<std::string> trace;   // names read
   std::uint64_t read_end;           // where the last field read ends, in bits from the first
                                     // octet of the message (or of the body)
@@ -218,6 +220,8 @@ inline Outcome run(const Case& k, const std::vector<bool>& bits, std::optional<s
     Text t;
     ops->print(rec, body_ctx, ops->header, 0, t);
     o.text = t.str();
+    Json j(o.json);
+    ops->json(rec, body_ctx, ops->header, 0, j);
   } else {
     std::vector<std::uint8_t> msg = octets(bits, crc_bits(k));
     if (keep) msg.resize(std::min(*keep, msg.size()));
@@ -225,6 +229,10 @@ inline Outcome run(const Case& k, const std::vector<bool>& bits, std::optional<s
     options.all_broadcast = k.all_broadcast;
     Decoder d(options);
     o.rc = d.details(o.text, k.band, k.p_rev, k.channel, msg.data(), msg.size());
+    g_read_trace = nullptr;   // the JSON rendering is a second decode of the same message
+    Decoder dj(options);
+    dj.details_json(o.json, k.band, k.p_rev, k.channel, msg.data(), msg.size());
+    g_read_trace = &trace;
     o.text.erase(std::remove(o.text.begin(), o.text.end(), '\r'), o.text.end());
   }
   g_read_trace = nullptr;

@@ -35,6 +35,7 @@
 #include <set>
 
 #include "golden.h"
+#include "helpers.h"
 
 namespace cs::test {
 namespace {
@@ -77,6 +78,21 @@ TEST_P(GoldenFile, EveryCasePrintsItsTextAndResult) {
     }
     EXPECT_EQ(o.rc, k.result);
     EXPECT_EQ(o.text, k.text) << first_difference(k.text, o.text);
+    // The JSON rendering holds the same fields, in the same order.
+    if (!o.json.empty()) {
+      std::vector<std::string> want = printed_names(o.text);
+      if (!k.body && k.record.empty()) {
+        want.insert(want.begin(), {"channel", "p_rev", "band_class", "name"});
+        want.push_back("result");
+      }
+      std::vector<std::string> got;
+      try {
+        got = json_names(o.json);
+      } catch (const std::exception& e) {
+        ADD_FAILURE() << e.what() << "\n" << o.json;
+      }
+      EXPECT_EQ(got, want) << o.json;
+    }
     if ((k.body || !k.record.empty()) && o.rc == 0) {
       EXPECT_EQ(o.consumed, k.consumed ? *k.consumed : k.input_bits().size());
     }

@@ -4,7 +4,10 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <cctype>
+#include <functional>
 #include <sstream>
+#include <stdexcept>
 #include <vector>
 
 #include "api/decoder.h"
@@ -102,6 +105,77 @@ inline std::vector<std::string> printed_names(const std::string& text) {
     const auto start = lines[i].find_first_not_of(' ');
     names.push_back(lines[i].substr(start, eq - start));
   }
+  return names;
+}
+
+// The field names a JSON rendering holds, in the order and form printed_names() gives for the
+// text: a scalar member NAME, an array of scalars NAME[0], NAME[1], ...; the members of nested
+// records in place; "@record", annotations and burst contents ("L4Message.") left out. Throws
+// when the JSON does not parse.
+inline std::vector<std::string> json_names(const std::string& json) {
+  std::vector<std::string> names;
+  std::size_t i = 0;
+  const auto ws = [&] { while (i < json.size() && std::isspace(static_cast<unsigned char>(json[i]))) ++i; };
+  const auto expect = [&](char c) {
+    ws();
+    if (i >= json.size() || json[i] != c) throw std::runtime_error("JSON: expected " + std::string(1, c) + " at " + std::to_string(i));
+    ++i;
+  };
+  std::function<std::string()> str = [&]() {
+    expect('"');
+    std::string s;
+    while (i < json.size() && json[i] != '"') {
+      if (json[i] == '\\') ++i;
+      s += json[i++];
+    }
+    expect('"');
+    return s;
+  };
+  // Parses one value; `name` is the key it stands under; `keep` whether its names count.
+  std::function<void(const std::string&, bool)> value = [&](const std::string& name, bool keep) {
+    ws();
+    if (i >= json.size()) throw std::runtime_error("JSON: unexpected end");
+    if (json[i] == '{') {
+      ++i;
+      ws();
+      if (json[i] == '}') { ++i; return; }
+      for (;;) {
+        const std::string k = str();
+        expect(':');
+        const bool skip = k == "@record" || (k.size() > 11 && k.compare(k.size() - 11, 11, ".annotation") == 0);
+        value(k, keep && !skip && k.rfind("L4Message.", 0) != 0);
+        ws();
+        if (json[i] == ',') { ++i; continue; }
+        expect('}');
+        return;
+      }
+    }
+    if (json[i] == '[') {
+      ++i;
+      ws();
+      if (json[i] == ']') { ++i; return; }
+      for (std::size_t k = 0;; ++k) {
+        ws();
+        const bool scalar = json[i] != '{';
+        value(scalar ? name + "[" + std::to_string(k) + "]" : name, keep);
+        ws();
+        if (json[i] == ',') { ++i; continue; }
+        expect(']');
+        return;
+      }
+    }
+    if (json[i] == '"') {
+      str();
+    } else {
+      const std::size_t start = i;
+      while (i < json.size() && (std::isalnum(static_cast<unsigned char>(json[i])) || json[i] == '-')) ++i;
+      if (i == start) throw std::runtime_error("JSON: bad value at " + std::to_string(i));
+    }
+    if (keep && !name.empty()) names.push_back(name);
+  };
+  value("", true);
+  ws();
+  if (i != json.size()) throw std::runtime_error("JSON: trailing characters");
   return names;
 }
 

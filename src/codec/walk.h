@@ -62,6 +62,7 @@
 namespace cs {
 
 class Arena;
+class Json;
 class Text;
 
 // Result codes of every decode.
@@ -133,6 +134,7 @@ struct BodyOps {
   Rc (*decode)(void* rec, const Ctx& c, Arena& arena, const std::uint8_t* buf, std::size_t buf_bytes,
                std::uint64_t start, std::uint64_t avail, std::uint64_t* consumed);
   void (*print)(void* rec, const Ctx& c, const char* header, unsigned indent, Text& out);
+  void (*json)(void* rec, const Ctx& c, const char* header, unsigned indent, Json& out);
 };
 
 // Storage for a record chosen at run time.

@@ -305,17 +305,17 @@ Rc run_order(PagingState& st, Call& call, const Ctx& c) {
 
   Rc rc = decode_at(st.arq, c, call, at);
   if (rc != Rc::ok) return rc;
-  print(st.arq, c, "L2_ARQ_FIELDS", 2, call.text);
+  emit(call, st.arq, c, "L2_ARQ_FIELDS", 2);
 
   rc = decode_at(st.addressing, c, call, at);
   if (rc != Rc::ok) return rc;
-  print(st.addressing, c, "L2_ADDRESSING_FIELDS", 2, call.text);
+  emit(call, st.addressing, c, "L2_ADDRESSING_FIELDS", 2);
 
   if (const BodyOps* ops = paging_messages().body(7)) {
     void* rec = call.arena.raw(ops->size, alignof(std::max_align_t));
     rc = decode_body_at(*ops, rec, c, call, at);
     if (rc != Rc::ok) return rc;
-    ops->print(rec, c, ops->header, 2, call.text);
+    emit_body(call, *ops, rec, c, 2);
   }
   call.convert_line_ends = true;
   return Rc::ok;
@@ -332,7 +332,7 @@ Rc run_general_page(PagingState& st, Call& call, const Ctx& c) {
     call.convert_line_ends = false;
     return rc;
   }
-  print(st.gpm, c, "L2_GPM_COMMON_FIELDS", 0, call.text);
+  emit(call, st.gpm, c, "L2_GPM_COMMON_FIELDS", 0);
 
   if (const BodyOps* ops = gpm_page_record_body()) {
     void* rec = call.arena.raw(ops->size, alignof(std::max_align_t));
@@ -340,7 +340,7 @@ Rc run_general_page(PagingState& st, Call& call, const Ctx& c) {
       std::memset(rec, 0, ops->size);
       const std::uint64_t before = at.left;
       if (decode_body_at(*ops, rec, c, call, at) != Rc::ok) break;
-      ops->print(rec, c, ops->header, 3, call.text);
+      emit_body(call, *ops, rec, c, 3);
       if (at.left == before) break;   // a record that took no bits would never end the list
     }
   }
@@ -353,7 +353,7 @@ template <class R, class C>
 Rc run_pdu(R& rec, const char* header, Call& call, const C& c) {
   std::memset(&rec, 0, sizeof rec);
   const Rc rc = decode(rec, c, call.arena, call.msg, call.len, 0, call.avail);
-  print(rec, c, header, 2, call.text);
+  emit(call, rec, c, header, 2);
   call.convert_line_ends = true;
   return rc;
 }

@@ -49,7 +49,6 @@ Rc decode_sync(FC_SCHM& r, const Ctx& c, Arena& a, const std::uint8_t* buf, std:
   return decode(r, c, a, buf, n, start, avail, consumed);
 }
 
-void print_sync(FC_SCHM& r, const Ctx& c, unsigned indent, Text& t) { print(r, c, "FC_SCHM", indent, t); }
 
 Rc run_sync(SyncState& st, Call& call) {
   // The record holds arena pointers, which do not outlive a call: start every message clean.
@@ -61,7 +60,7 @@ Rc run_sync(SyncState& st, Call& call) {
   const std::uint8_t* body = call.len > 0 ? call.msg + 1 : call.msg;
   const std::size_t n = call.len > 0 ? call.len - 1 : 0;
   const Rc rc = decode_sync(st.rec, c, call.arena, body, n, 0, call.avail, nullptr);
-  print_sync(st.rec, c, 0, call.text);
+  emit(call, st.rec, c, "FC_SCHM", 0);
   return rc;
 }
 

@@ -40,6 +40,5 @@ const MessageTable& sync_messages();
 // The record alone, for tests and tools: decode over `avail` bits from `start`.
 Rc decode_sync(FC_SCHM& r, const Ctx& c, Arena& a, const std::uint8_t* buf, std::size_t n, std::uint64_t start,
                std::uint64_t avail, std::uint64_t* consumed);
-void print_sync(FC_SCHM& r, const Ctx& c, unsigned indent, Text& t);
 
 }  // namespace cs

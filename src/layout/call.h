@@ -9,6 +9,8 @@
 
 namespace cs {
 
+class Json;
+
 struct Call {
   Arena& arena;
   Text& text;                 // the detail text of this call (LF line ends)
@@ -22,6 +24,7 @@ struct Call {
                               // that stop early without it)
   bool all_broadcast;         // the paging channel decodes every broadcast message it has a
                               // layout for, not only those of its C dispatch
+  Json* json;                 // set: the records go there as JSON objects instead of text
 };
 
 }  // namespace cs

@@ -5,6 +5,8 @@
 #include <cstdint>
 
 #include "codec/read_walk.h"
+#include "layout/call.h"
+#include "text/json_walk.h"
 #include "text/print_walk.h"
 
 namespace cs {
@@ -32,12 +34,34 @@ template <class R>
 void body_print(void* rec, const Ctx& c, const char* header, unsigned indent, Text& t) {
   print(*static_cast<R*>(rec), c, header, indent, t);
 }
+template <class R>
+void body_json(void* rec, const Ctx& c, const char* header, unsigned indent, Json& j) {
+  JsonWalk::record(j, header, indent, *static_cast<R*>(rec), c);
+}
+
+// A channel path's output of one top-level record: its detail text, or (when the call asks for
+// JSON) one object of the call's record list.
+template <class R, class C>
+void emit(Call& call, R& rec, const C& c, const char* header, unsigned indent) {
+  if (call.json) {
+    JsonWalk::record(*call.json, header, indent, rec, c);
+  } else {
+    print(rec, c, header, indent, call.text);
+  }
+}
+inline void emit_body(Call& call, const BodyOps& ops, void* rec, const Ctx& c, unsigned indent) {
+  if (call.json) {
+    ops.json(rec, c, ops.header, indent, *call.json);
+  } else {
+    ops.print(rec, c, ops.header, indent, call.text);
+  }
+}
 
 // BodyOps for a record type whose layout is visible here. A message table fills in the
 // header from the row; records outside a table name theirs.
 template <class R>
 constexpr BodyOps body_ops(const char* header = nullptr) {
-  return BodyOps{header, sizeof(R), &body_decode<R>, &body_print<R>};
+  return BodyOps{header, sizeof(R), &body_decode<R>, &body_print<R>, &body_json<R>};
 }
 
 }  // namespace cs

@@ -63,7 +63,7 @@ Rc run_traffic_pdu(TrafficPdu& r, const TrafficLink& link, Call& call) {
     if (const BodyOps* ops = link.messages().body(r.MSG_TYPE))
       r.body = AnyRec{ops, call.arena.raw(ops->size, alignof(std::max_align_t))};
   }
-  print(r, c, link.header, link.indent, call.text);
+  emit(call, r, c, link.header, link.indent);
   return rc;
 }
 

@@ -243,7 +243,7 @@ Rc run_access(AccessState& st, Call& call) {
     if (const BodyOps* ops = access_messages().body(r.MSG_ID))
       r.sdu = AnyRec{ops, call.arena.raw(ops->size, alignof(std::max_align_t))};
   }
-  print(r, c, "RC_PDU", 2, call.text);
+  emit(call, r, c, "RC_PDU", 2);
   return rc;
 }
 
