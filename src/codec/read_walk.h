@@ -199,11 +199,11 @@ class ReadWalk {
   template <class T>
   void u(T& f, const char* name, unsigned width) {
     if (rc_ != Rc::ok) return;
-    take(Field<T>{f, name, width});
+    take(Field<T>{f, name, width, kLookUp});
   }
   void bits(Bytes& f, const char* name, std::uint32_t width) {
     if (rc_ != Rc::ok) return;
-    take(Field<Bytes>{f, name, width});
+    take(Field<Bytes>{f, name, width, kLookUp});
   }
   template <class R, class C>
   bool padded(const char* label, const char* header, R& rec, std::uint64_t declared, const C& c) {

@@ -58,6 +58,9 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
+
+#include "codec/annotation_keys.h"
 
 namespace cs {
 
@@ -99,17 +102,21 @@ struct PoolArray {
   const T& operator[](std::uint32_t i) const { return data[i]; }
 };
 
-// One field of a group: where it is stored, its printed name, its width on the air.
+// One field of a group: where it is stored, its printed name, its width on the air, and its
+// value annotation: a key's place in the table, -1 for none, kLookUp to find it by name when
+// printed.
+inline constexpr int kLookUp = -2;
 template <class T>
 struct Field {
   T& ref;
   const char* name;
   std::uint32_t width;
+  int annotation;
 };
 
 template <class T>
-constexpr Field<T> field(T& ref, const char* name, std::uint32_t width) {
-  return Field<T>{ref, name, width};
+constexpr Field<T> field(T& ref, const char* name, std::uint32_t width, int annotation = kLookUp) {
+  return Field<T>{ref, name, width, annotation};
 }
 
 // Reserved bits inside a group: counted and consumed, never kept or printed.
@@ -124,8 +131,10 @@ constexpr std::uint64_t width_of(const Field<T>& f) {
 }
 constexpr std::uint64_t width_of(const Reserved& r) { return r.width; }
 
-// The member NAME of the record `r` in scope, printed as "NAME".
-#define F(NAME, WIDTH) ::cs::field(r.NAME, #NAME, (WIDTH))
+// The member NAME of the record `r` in scope, printed as "NAME"; its annotation key is found
+// when the layout is compiled.
+#define F(NAME, WIDTH) \
+  ::cs::field(r.NAME, #NAME, (WIDTH), std::integral_constant<int, ::cs::annotation_index(#NAME)>::value)
 
 // A record whose type is chosen at run time (a message body in a dispatch table).
 struct BodyOps {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "codec/annotation_keys.h"
 #include "codec/walk.h"
 #include "text/text.h"
 
@@ -16,11 +17,11 @@ struct AnnValue {
   const Bytes* bytes;    // the bit string, for bit-string fields; otherwise null
 };
 
+// Appends the reading of key `index` (from annotation_index; nothing for -1).
+void annotate_at(Text& t, int index, const AnnValue& v);
+
 // Appends the reading for `name` (any case) if it is a key; a name with an index suffix
 // ("PILOT_PN[2]") is never a key.
 void annotate(Text& t, std::string_view name, const AnnValue& v);
-
-// The 99 keys, in table order.
-extern const std::string_view kAnnotationKeys[99];
 
 }  // namespace cs

@@ -79,9 +79,9 @@ void Json::quoted(std::string_view s) {
   out_.push_back('"');
 }
 
-std::string annotation_reading(std::string_view name, const AnnValue& v) {
+std::string annotation_reading(int index, const AnnValue& v) {
   Text t;
-  annotate(t, name, v);
+  annotate_at(t, index, v);
   std::string s = t.str();
   // " ( reading )": the reading alone.
   if (s.size() >= 5 && s.compare(0, 3, " ( ") == 0 && s.compare(s.size() - 2, 2, " )") == 0)

@@ -53,6 +53,6 @@ void text_to_json(std::string_view text, unsigned indent, Json& j);
 
 // The value annotation of a field as its reading: what the text printer appends after the
 // value, without the " ( " and " )" around it; empty when the name is no key.
-std::string annotation_reading(std::string_view name, const AnnValue& v);
+std::string annotation_reading(int index, const AnnValue& v);
 
 }  // namespace cs

@@ -155,7 +155,7 @@ class JsonWalk {
   }
   void bits(const Bytes& f, const char* name, std::uint32_t width) {
     flush();
-    put(Field<Bytes>{const_cast<Bytes&>(f), name, width});
+    put(Field<Bytes>{const_cast<Bytes&>(f), name, width, kLookUp});
   }
   template <class R, class C>
   bool padded(const char* label, const char* header, R& rec, std::uint64_t, const C& c) {
@@ -184,7 +184,9 @@ class JsonWalk {
   }
   template <class T>
   void put(const Field<T>& f) {
-    scalar(f.name, static_cast<std::uint32_t>(f.ref), f.width);
+    j_.key(f.name);
+    j_.number(static_cast<std::uint64_t>(static_cast<std::uint32_t>(f.ref)));
+    annotation(f.name, f.annotation, AnnValue{static_cast<std::uint32_t>(f.ref), f.width, nullptr});
   }
   void put(const Field<Bytes>& f) {
     j_.key(f.name);
@@ -195,16 +197,17 @@ class JsonWalk {
     Text hex;
     put_hex_bits(hex, f.ref.data, f.ref.bits);
     j_.string(hex.str());
-    annotation(f.name, AnnValue{0, f.width, &f.ref});
+    annotation(f.name, f.annotation, AnnValue{0, f.width, &f.ref});
   }
   void put(const Reserved&) {}
   void scalar(const char* name, std::uint32_t v, unsigned width) {
     j_.key(name);
     j_.number(static_cast<std::uint64_t>(v));
-    annotation(name, AnnValue{v, width, nullptr});
+    annotation(name, kLookUp, AnnValue{v, width, nullptr});
   }
-  void annotation(const char* name, const AnnValue& v) {
-    const std::string reading = annotation_reading(name, v);
+  void annotation(const char* name, int index, const AnnValue& v) {
+    if (index == -1) return;
+    const std::string reading = annotation_reading(index == kLookUp ? annotation_index(name) : index, v);
     if (reading.empty()) return;
     j_.key(std::string(name) + ".annotation");
     j_.string(reading);

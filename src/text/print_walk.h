@@ -136,7 +136,7 @@ class PrintWalk {
   void u(const T& f, const char* name, unsigned width) {
     line(name, static_cast<std::uint32_t>(f), width);
   }
-  void bits(const Bytes& f, const char* name, std::uint32_t width) { put(Field<const Bytes>{f, name, width}); }
+  void bits(const Bytes& f, const char* name, std::uint32_t width) { put(Field<const Bytes>{f, name, width, kLookUp}); }
   template <class R, class C>
   bool padded(const char* label, const char* header, R& rec, std::uint64_t, const C& c) {
     return sub(label, header, rec, c);
@@ -164,9 +164,12 @@ class PrintWalk {
 
   template <class T>
   void put(const Field<T>& f) {
-    line(f.name, static_cast<std::uint32_t>(f.ref), f.width);
+    const auto v = static_cast<std::uint32_t>(f.ref);
+    t_.spaces(ind_).put(f.name).put(" = ").field_value(v);
+    annotation(f, AnnValue{v, f.width, nullptr});
+    t_.put('\n');
   }
-  void put(const Field<Bytes>& f) { put(Field<const Bytes>{f.ref, f.name, f.width}); }
+  void put(const Field<Bytes>& f) { put(Field<const Bytes>{f.ref, f.name, f.width, f.annotation}); }
   void put(const Field<const Bytes>& f) {
     t_.spaces(ind_).put(f.name).put(" = ");
     if (f.ref.data == nullptr) {
@@ -174,8 +177,16 @@ class PrintWalk {
       return;
     }
     put_hex_bits(t_, f.ref.data, f.ref.bits);
-    annotate(t_, f.name, AnnValue{0, f.width, &f.ref});
+    annotation(f, AnnValue{0, f.width, &f.ref});
     t_.put('\n');
+  }
+  template <class T>
+  void annotation(const Field<T>& f, const AnnValue& v) {
+    if (f.annotation == kLookUp) {
+      annotate(t_, f.name, v);
+    } else if (f.annotation >= 0) {
+      annotate_at(t_, f.annotation, v);
+    }
   }
   void put(const Reserved&) {}
 
