@@ -126,7 +126,9 @@ def message(rng, link):
 def build_driver(build):
     exe = os.path.join(build, 'pd_contents_text')
     src = os.path.join(HERE, 'pd_peer', 'contents_text.cpp')
-    lib = os.path.join(build, 'libsorrelin_static.a')
+    # The static archive: its name has changed once; take whichever the build tree has.
+    libs = [os.path.join(build, n) for n in ('libcdmaSorrelin.a', 'libsorrelin_static.a')]
+    lib = next((l for l in libs if os.path.exists(l)), libs[0])
     if not os.path.exists(exe) or os.path.getmtime(exe) < max(os.path.getmtime(src), os.path.getmtime(lib)):
         subprocess.run(['g++', '-std=c++20', '-O1', '-I', os.path.join(ROOT, 'src'), src, lib, '-o', exe], check=True)
     return exe
@@ -204,12 +206,31 @@ LABELS = [
     ('Alpha and Beta parameters', 'ab_par_req', 'bool'), ('Subframes 4 and 5', 'subf_4_5_req', 'bool'),
     ('Time of almanac', 'toa', 'int'), ('GPS week number', 'week_num', 'int'),
     ('MS_LS_REV', 'ms_ls_rev', 'int'), ('MS_MODE', 'ms_mode', 'int'), ('PILOT_PH_CAP', 'pilot_ph_cap', 'paren'),
-    ('GPS_ACQ_CAP', 'gps_acq_cap', 'hex'), ('LOC_CALC_CAP', 'loc_calc_cap', 'hex'),
+    ('GPS_ACQ_CAP', 'gps_acq_cap', 'subbits'), ('LOC_CALC_CAP', 'loc_calc_cap', 'hex'),
     ('REF_PN', 'ref_pn', 'int'), ('MOB_SYS_T_OFFSET', 'mob_sys_t_offset', 'int'),
     ('No outstanding request element', 'no_out_req', 'bool'),
 ]
 REASONS = {'Capability not supported': 0, 'Capability normally supported': 1}
 TREE = re.compile(r'^(\s*)(?:[01. ]+ = )?(.+?): (.*)$')
+DIAGRAM = re.compile(r'^(\s*)([01. ]+) = ')
+
+
+# tshark shows GPS_ACQ_CAP with the mask of the 12 bits after it (LOC_CALC_CAP's), so its own
+# value line repeats LOC_CALC_CAP; the bit lines under it (reserved bits and the seven
+# capabilities) show the field's true 12 bits. Their value is read from those bit diagrams.
+def subbits_value(lines, k):
+    indent = len(TREE.match(lines[k]).group(1))
+    bits = {}
+    for line in lines[k + 1:]:
+        m = DIAGRAM.match(line)
+        if not m or len(m.group(1)) <= indent:
+            break
+        for i, ch in enumerate(m.group(2).replace(' ', '')):
+            if ch in '01':
+                bits[i] = int(ch)
+    if sorted(bits) != list(range(12)):
+        return None
+    return sum(bits[i] << (11 - i) for i in range(12))
 
 
 def shown(kind, v):
@@ -249,7 +270,8 @@ def theirs(corpus, peer):
     result = []
     for chunk in re.split(r'^=== line \d+.*$', out, flags=re.M)[1:]:
         fields, where, nreq, nresp = [], 'hdr', -1, -1
-        for l in chunk.splitlines():
+        lines = chunk.splitlines()
+        for k, l in enumerate(lines):
             m = TREE.match(l)
             if not m:
                 continue
@@ -265,7 +287,8 @@ def theirs(corpus, peer):
                         where = 'resp%d' % nresp
                     if name == 'par_len':
                         name = 'req_par_len' if where.startswith('req') else 'resp_par_len'
-                    fields.append((where, name, shown(kind, value), value.strip()))
+                    v = subbits_value(lines, k) if kind == 'subbits' else shown(kind, value)
+                    fields.append((where, name, v, value.strip()))
                     break
         result.append(fields)
     return result
@@ -279,6 +302,13 @@ def kind_of(name):
 def reading_agrees(name, our_reading, their_text):
     if our_reading is None:
         return None
+    # The uncertainty code's values beyond its table: "> 12288 m" and "not computable".
+    if our_reading == 'not computable':
+        return their_text.startswith('Not computable')
+    if our_reading.startswith('> '):
+        if not their_text.startswith('> '):
+            return False
+        our_reading, their_text = our_reading[2:], their_text[2:]
     ours_v = float(our_reading.split()[0])
     m = re.match(r'(-?[\d.]+)', their_text)
     if not m:

@@ -7,8 +7,13 @@
 // as not decoded is passed over by its length; a type beyond the tables takes its header only
 // (its body is not passed over, so the next element header is read right after it).
 //
-// Elements whose fields the standard defines but whose field widths no public source gives
-// are refused (result 1) rather than guessed: see Undisclosed below.
+// Elements whose fields the standard defines but whose field widths and order could not be
+// confirmed from a public source are refused (result 1) rather than guessed: see Undisclosed
+// below. Refused, forward: the base station almanac, GPS acquisition assistance, location
+// assistance (spherical and Cartesian), ephemeris and almanac correction; sensitivity
+// assistance, almanac and navigation message bits after their part headers. Reverse: the
+// autonomous measurement weighting factors, pseudorange and pilot phase measurements. Under
+// PD_MSG_TYPE 1 every element of the extended revision except the IS-801-1 ones it keeps.
 #include "pd/pd.h"
 
 #include "layout/layout.h"
@@ -62,10 +67,11 @@ struct NoFields {};
 template <class W>
 void layout(W&, NoFields&, const Ctx&) {}
 
-// An element the standard goes on to define with fields whose widths no public source gives
-// (the GPS assistance data of the base station, the mobile station's measurement reports and
-// the elements of the extended revision). What was read before is kept; the element, and so
-// the message, is then refused with result 1 instead of being shown with guessed fields.
+// An element the standard goes on to define with fields whose widths and order no public
+// source at hand confirms (the GPS assistance data of the base station, the mobile station's
+// measurement reports and the elements of the extended revision). What was read before is
+// kept; the element, and so the message, is then refused with result 1 instead of being shown
+// with guessed fields.
 struct Undisclosed {};
 template <class W>
 void layout(W& w, Undisclosed&, const Ctx&) {

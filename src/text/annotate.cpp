@@ -39,12 +39,16 @@ constexpr Quantity lin(bool s, double scale, double offset, Fmt f, const char* u
 //
 // Position quantities of the IS-801-1 location response (latitude, longitude, the uncertainty
 // ellipse and its angle, velocity_hor, heading, clock_bias, clock_drift, height) have the
-// widths and scales of the published element layout, as open decoders read them too;
-// latitude and longitude are two's complement, so the southern and western halves read
-// negative. velocity_ver is taken as two's complement in 0.5 m/s (some decoders read it as an
-// offset of -64 m/s). The assistance and measurement quantities (Doppler, code phase, angles,
-// pilot phases, satellite coordinates, corrections) belong to elements that are not decoded:
-// their entries serve fields of those names wherever they appear.
+// widths and scales of the published element layout, as Wireshark's IS-801 dissector reads
+// them too, the uncertainty code with its two values beyond the table (30: more than 12288 m,
+// 31: not computable). latitude and longitude are two's complement, so the southern and
+// western halves read negative (that dissector reads them as offsets from -90 and -180
+// degrees). velocity_ver is taken as two's complement in 0.5 m/s (the dissector reads it as
+// an offset of -64 m/s; both span -64 to +63.5 m/s). The counts sent as one less than the
+// count (num_fixes, num_sv_p, part_num, ...) read as the count. The assistance and measurement
+// quantities (Doppler, code phase, angles, pilot phases, satellite coordinates, corrections)
+// belong to elements that are not decoded: their entries serve fields of those names wherever
+// they appear, and no decoded element prints them yet.
 constexpr double kLatScale = 180.0 / 33554432.0;   // 2^25
 constexpr double kLongScale = 360.0 / 67108864.0;  // 2^26
 const Entry kEntries[99] = {
@@ -203,11 +207,23 @@ void quantity(Text& t, const Quantity& q, const AnnValue& v) {
     raw = static_cast<std::int64_t>(v.value) - (std::int64_t{1} << v.width);
   else if (q.is_signed && v.width == 32)
     raw = static_cast<std::int32_t>(v.value);
+  // The uncertainty code's last two values are no distances: 30 stands for anything beyond
+  // the largest step (12288 m), 31 for an uncertainty that could not be computed.
+  if (q.map == Map::Uncertainty && raw >= 30) {
+    if (raw == 30) {
+      t.put(" ( > ");
+      put_double(t, 12288.0 * q.scale + q.offset, q.fmt);
+      t.put(q.unit);
+    } else {
+      t.put(" ( not computable )");
+    }
+    return;
+  }
   double x = static_cast<double>(raw);
   switch (q.map) {
     case Map::Linear: break;
     case Map::Halving: x = 1.0 / std::ldexp(1.0, static_cast<int>(raw & 31)); break;
-    // 0.5 m, 0.75 m, 1 m, 1.5 m, 2 m, 3 m, ... doubling every two steps.
+    // 0.5 m, 0.75 m, 1 m, 1.5 m, 2 m, 3 m, ... doubling every two steps, up to 12288 m at 29.
     case Map::Uncertainty: x = (raw % 2 ? 0.75 : 0.5) * std::ldexp(1.0, static_cast<int>((raw & 31) / 2)); break;
     // Floating form: 3-bit exponent y above a 3-bit mantissa x: 0.5 * (1 + x/8) * 2^y.
     case Map::RmsError: x = 0.5 * (1 + (raw & 7) / 8.0) * std::ldexp(1.0, static_cast<int>((raw >> 3) & 7)); break;
