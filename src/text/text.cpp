@@ -1,6 +1,8 @@
 #include "text/text.h"
 
 #include <algorithm>
+#include <cstring>
+#include <vector>
 
 namespace cs {
 
@@ -29,15 +31,25 @@ std::string to_crlf(std::string_view s) {
 }
 
 void to_crlf_in_place(std::string& s) {
-  const std::size_t lines = static_cast<std::size_t>(std::count(s.begin(), s.end(), '\n'));
-  if (lines == 0) return;
+  // Where the LFs are (memchr, forward), then each line's octets move up in one block by the
+  // number of LFs before them, from the last line back.
+  thread_local std::vector<std::size_t> at;
+  at.clear();
+  const char* p0 = s.data();
+  for (const char* q = p0; (q = static_cast<const char*>(std::memchr(q, '\n', s.size() - (q - p0)))) != nullptr; ++q)
+    at.push_back(static_cast<std::size_t>(q - p0));
+  if (at.empty()) return;
   std::size_t from = s.size();
-  s.resize(s.size() + lines);
+  s.resize(s.size() + at.size());
+  char* p = s.data();
   std::size_t to = s.size();
-  while (from > 0) {
-    const char c = s[--from];
-    s[--to] = c;
-    if (c == '\n') s[--to] = '\r';
+  for (std::size_t k = at.size(); k-- > 0;) {
+    const std::size_t n = from - (at[k] + 1);   // the octets after this LF
+    to -= n;
+    std::memmove(p + to, p + at[k] + 1, n);
+    p[--to] = '\n';
+    p[--to] = '\r';
+    from = at[k];
   }
 }
 
