@@ -7,7 +7,7 @@
 #include "layout/layout.h"
 #include "records/forward_shared.h"
 #include "records/reverse_info_records.h"
-#include "fwd_traffic/service_config.h"
+#include "records/service_config.h"
 #include "rev_traffic/message_parts.h"
 #include "rev_traffic/tables.h"
 
