@@ -36,37 +36,26 @@ void layout(W& w, RC_AUCRM& r, const Ctx&) {
 }
 
 // --- Status Response and Extended Status Response ------------------------------------------
-// The qualification that the Status Request asked with, QUAL_INFO_LEN octets: a band class,
-// or a band class and an operating mode; then the records asked for.
-struct QualInfo {
-  u8 QUAL_INFO_TYPE, QUAL_INFO_LEN, BAND_CLASS, OP_MODE;
-};
-template <class W>
-void qual_info(W& w, QualInfo& r) {
-  w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
-  // The qualification fields and their reserved bits fill QUAL_INFO_LEN octets.
-  auto end = w.declared_end();
-  end.at(8u * r.QUAL_INFO_LEN);
-  if (r.QUAL_INFO_TYPE == 1) w(F(BAND_CLASS, 5));
-  if (r.QUAL_INFO_TYPE == 2) w(F(BAND_CLASS, 5), F(OP_MODE, 8));
-}
-
-struct RC_STRPM : QualInfo {
+// The qualification that the Status Request asked with, then the records asked for: to the
+// end of the message, or counted.
+struct RC_STRPM {
+  QualInfo QUAL_INFO;
   PoolArray<REV_USER_INFO_REC> INFO_RECs;
 };
 template <class W>
 void layout(W& w, RC_STRPM& r, const Ctx& c) {
-  qual_info(w, r);
+  layout(w, r.QUAL_INFO, c);
   rev_info_records_to_end(w, r.INFO_RECs, c);
 }
 
-struct RC_ESTRPM : QualInfo {
+struct RC_ESTRPM {
+  QualInfo QUAL_INFO;
   u8 NUM_INFO_RECORDS;
   PoolArray<REV_USER_INFO_REC> INFO_RECs;
 };
 template <class W>
 void layout(W& w, RC_ESTRPM& r, const Ctx& c) {
-  qual_info(w, r);
+  layout(w, r.QUAL_INFO, c);
   w(F(NUM_INFO_RECORDS, 4));
   rev_info_records(w, r.INFO_RECs, r.NUM_INFO_RECORDS, c);
 }
