@@ -6,8 +6,9 @@
 // than guessed: Call Mode, Roaming Information, Power Class, Operating Mode, Geo-location,
 // Band Subclass, Global Emergency Call, QoS Parameters, Encryption and Signalling Message
 // Integrity Capability, Extended Keypad Facility, SYNC_ID and the extended record type.
-// Capability Information, Channel Configuration Capability and Extended Multiplex Option
-// Information are read as far as their widths are known and refused where they go on.
+// Capability Information (from Release A), Channel Configuration Capability and Extended
+// Multiplex Option Information are read as far as their widths are known and refused where
+// they go on.
 #include "records/reverse_info_records.h"
 
 #include "layout/layout.h"
@@ -126,20 +127,30 @@ void layout(W& w, SO_INFO& r, const Ctx& c) {
 }
 
 // --- Capability Information ----------------------------------------------------------------
-// The handoff, search and paging capabilities, control hold with its gating rates, and the
-// extended capability flag. What follows the flag (the extended capabilities and the Release
-// A flags) is not given by any public source at hand: refused there.
+// The handoff and search capabilities of TIA/EIA-95-B; from IS-2000 (P_REV 6) the quick paging
+// channel, the slotted timer, control hold with its gating rates and, behind EXT_CAP_INCL,
+// burst operation, short data bursts and the RLP capability block. Release A (P_REV 7) goes on
+// with flexible and variable rate capabilities whose widths no public source at hand gives:
+// refused after the Release 0 fields.
 struct CAPABILITY_INFO {
   u8 ACCESS_ENTRY_HO, ACCESS_PROBE_HO, ANALOG_SEARCH, HOPPING_BEACON, MAHHO, PUF, ANALOG_553A, QPCH,
-      SLOTTED_TIMER, CHS_SUPPORTED, GATING_RATE_SET, EXT_CAP_INCL;
+      SLOTTED_TIMER, CHS_SUPPORTED, GATING_RATE_SET, EXT_CAP_INCL, MABO, SDB, RLP_CAP_BLOB_LEN;
+  Bytes RLP_CAP_BLOB;
 };
 template <class W>
-void layout(W& w, CAPABILITY_INFO& r, const Ctx&) {
+void layout(W& w, CAPABILITY_INFO& r, const Ctx& c) {
   w(F(ACCESS_ENTRY_HO, 1), F(ACCESS_PROBE_HO, 1), F(ANALOG_SEARCH, 1), F(HOPPING_BEACON, 1), F(MAHHO, 1),
-    F(PUF, 1), F(ANALOG_553A, 1), F(QPCH, 1), F(SLOTTED_TIMER, 1), F(CHS_SUPPORTED, 1));
+    F(PUF, 1), F(ANALOG_553A, 1));
+  // Before IS-2000 a reserved bit closes the record.
+  if (c.p_rev < 6) return;
+  w(F(QPCH, 1), F(SLOTTED_TIMER, 1), F(CHS_SUPPORTED, 1));
   if (r.CHS_SUPPORTED) w(F(GATING_RATE_SET, 2));
   w(F(EXT_CAP_INCL, 1));
-  w.reject(Rc::count);
+  if (r.EXT_CAP_INCL) {
+    w(F(MABO, 1), F(SDB, 1), F(RLP_CAP_BLOB_LEN, 3));
+    if (r.RLP_CAP_BLOB_LEN) w(F(RLP_CAP_BLOB, 8u * r.RLP_CAP_BLOB_LEN));
+  }
+  if (c.p_rev >= 7) w.reject(Rc::count);
 }
 
 // --- Channel Configuration Capability Information ------------------------------------------
