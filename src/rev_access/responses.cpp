@@ -12,8 +12,6 @@ namespace cs {
 namespace {
 
 using u8 = std::uint8_t;
-using u16 = std::uint16_t;
-using u32 = std::uint32_t;
 
 // --- 2.7.1.3.2.2 Order Message -------------------------------------------------------------
 // The order record with the order-specific fields of the orders a mobile station sends, as on

@@ -84,9 +84,12 @@ void layout(W& w, RD_BSSREQM& r, const Ctx& c) {
 
 Rows rd_inforec_rows() {
   static constexpr MessageRow rows[] = {
-      {3, "FWIM", body_ops<RD_FWIM>()},          {8, "STM", body_ops<RD_STM>()},
-      {16, "STRPM", body_ops<rev::StatusResponse>()},       {27, "EFWIM", body_ops<RD_EFWIM>()},
-      {36, "DIM", body_ops<rev::DeviceInformation>()},           {40, "BSSREQM", body_ops<RD_BSSREQM>()},
+      {3, "FWIM", body_ops<RD_FWIM>()},
+      {8, "STM", body_ops<RD_STM>()},
+      {16, "STRPM", body_ops<rev::StatusResponse>()},
+      {27, "EFWIM", body_ops<RD_EFWIM>()},
+      {36, "DIM", body_ops<rev::DeviceInformation>()},
+      {40, "BSSREQM", body_ops<RD_BSSREQM>()},
   };
   return rows;
 }
