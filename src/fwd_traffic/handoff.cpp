@@ -11,7 +11,7 @@
 #include "layout/layout.h"
 #include "records/forward_shared.h"
 #include "fwd_traffic/tables.h"
-#include "fwd_traffic/service_config.h"
+#include "records/service_config.h"
 
 namespace cs {
 namespace {

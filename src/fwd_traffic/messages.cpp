@@ -12,7 +12,7 @@
 #include "records/forward_shared.h"
 #include "fwd_traffic/tables.h"
 #include "fwd_traffic/message_parts.h"
-#include "fwd_traffic/service_config.h"
+#include "records/service_config.h"
 
 namespace cs {
 namespace {

@@ -3,16 +3,16 @@
 // of the record" is what the walker has left.
 //
 // Record types whose field widths no public source at hand gives are refused (result 1) rather
-// than guessed: Call Mode, Roaming Information, Security Status, the IMSI forms, Power Class,
-// Operating Mode, Multiplex Option Information, Service Configuration, Power Control
-// Information, Geo-location, Band Subclass, Global Emergency Call, QoS Parameters, Encryption
-// and Signalling Message Integrity Capability, Extended Keypad Facility, SYNC_ID and the
-// extended record type. Capability Information, Channel Configuration Capability and Extended
+// than guessed: Call Mode, Roaming Information, Power Class, Operating Mode, Geo-location,
+// Band Subclass, Global Emergency Call, QoS Parameters, Encryption and Signalling Message
+// Integrity Capability, Extended Keypad Facility, SYNC_ID and the extended record type.
+// Capability Information (from Release A), Channel Configuration Capability and Extended
 // Multiplex Option Information are read as far as their widths are known and refused where
 // they go on.
 #include "records/reverse_info_records.h"
 
 #include "layout/layout.h"
+#include "records/service_config.h"
 
 namespace cs {
 namespace {
@@ -127,20 +127,30 @@ void layout(W& w, SO_INFO& r, const Ctx& c) {
 }
 
 // --- Capability Information ----------------------------------------------------------------
-// The handoff, search and paging capabilities, control hold with its gating rates, and the
-// extended capability flag. What follows the flag (the extended capabilities and the Release
-// A flags) is not given by any public source at hand: refused there.
+// The handoff and search capabilities of TIA/EIA-95-B; from IS-2000 (P_REV 6) the quick paging
+// channel, the slotted timer, control hold with its gating rates and, behind EXT_CAP_INCL,
+// burst operation, short data bursts and the RLP capability block. Release A (P_REV 7) goes on
+// with flexible and variable rate capabilities whose widths no public source at hand gives:
+// refused after the Release 0 fields.
 struct CAPABILITY_INFO {
   u8 ACCESS_ENTRY_HO, ACCESS_PROBE_HO, ANALOG_SEARCH, HOPPING_BEACON, MAHHO, PUF, ANALOG_553A, QPCH,
-      SLOTTED_TIMER, CHS_SUPPORTED, GATING_RATE_SET, EXT_CAP_INCL;
+      SLOTTED_TIMER, CHS_SUPPORTED, GATING_RATE_SET, EXT_CAP_INCL, MABO, SDB, RLP_CAP_BLOB_LEN;
+  Bytes RLP_CAP_BLOB;
 };
 template <class W>
-void layout(W& w, CAPABILITY_INFO& r, const Ctx&) {
+void layout(W& w, CAPABILITY_INFO& r, const Ctx& c) {
   w(F(ACCESS_ENTRY_HO, 1), F(ACCESS_PROBE_HO, 1), F(ANALOG_SEARCH, 1), F(HOPPING_BEACON, 1), F(MAHHO, 1),
-    F(PUF, 1), F(ANALOG_553A, 1), F(QPCH, 1), F(SLOTTED_TIMER, 1), F(CHS_SUPPORTED, 1));
+    F(PUF, 1), F(ANALOG_553A, 1));
+  // Before IS-2000 a reserved bit closes the record.
+  if (c.p_rev < 6) return;
+  w(F(QPCH, 1), F(SLOTTED_TIMER, 1), F(CHS_SUPPORTED, 1));
   if (r.CHS_SUPPORTED) w(F(GATING_RATE_SET, 2));
   w(F(EXT_CAP_INCL, 1));
-  w.reject(Rc::count);
+  if (r.EXT_CAP_INCL) {
+    w(F(MABO, 1), F(SDB, 1), F(RLP_CAP_BLOB_LEN, 3));
+    if (r.RLP_CAP_BLOB_LEN) w(F(RLP_CAP_BLOB, 8u * r.RLP_CAP_BLOB_LEN));
+  }
+  if (c.p_rev >= 7) w.reject(Rc::count);
 }
 
 // --- Channel Configuration Capability Information ------------------------------------------
@@ -245,6 +255,82 @@ void layout(W& w, MEID_REC& r, const Ctx&) {
   if (r.MEID_LEN) w(F(MEID, 8u * r.MEID_LEN));
 }
 
+// --- Security Status -----------------------------------------------------------------------
+// The authentication and encryption modes in use and whether the private long code mask is.
+struct SECURITY_STATUS {
+  u8 AUTH_MODE, ENCRYPT_MODE, PRIVATE_LCM;
+};
+template <class W>
+void layout(W& w, SECURITY_STATUS& r, const Ctx&) {
+  w(F(AUTH_MODE, 2), F(ENCRYPT_MODE, 2), F(PRIVATE_LCM, 1));
+}
+
+// --- IMSI, IMSI_M and IMSI_T ---------------------------------------------------------------
+// One IMSI in the form the mobile station stores it: class, number of address digits of a
+// class 1 IMSI, country code, the 11th and 12th digits and the last ten digits (IMSI_S, kept
+// as a 34-bit string). The three records differ only in which IMSI they report and so in
+// their field names: the operational IMSI (IMSI_O), the MIN-based one (IMSI_M) and the true
+// one (IMSI_T).
+struct ImsiFields {
+  u8 CLASS, ADDR_NUM;
+  u16 MCC;
+  u8 IMSI_11_12;
+  Bytes IMSI_S;
+};
+struct ImsiNames {
+  const char *cls, *addr_num, *mcc, *imsi_11_12, *imsi_s;
+};
+template <class W>
+void imsi_fields(W& w, ImsiFields& r, const ImsiNames& n) {
+  w(field(r.CLASS, n.cls, 1), field(r.ADDR_NUM, n.addr_num, 3), field(r.MCC, n.mcc, 10),
+    field(r.IMSI_11_12, n.imsi_11_12, 7), field(r.IMSI_S, n.imsi_s, 34));
+}
+
+struct IMSI_O_REC : ImsiFields {};
+template <class W>
+void layout(W& w, IMSI_O_REC& r, const Ctx&) {
+  imsi_fields(w, r, {"IMSI_O_CLASS", "IMSI_O_ADDR_NUM", "MCC_O", "IMSI_O_11_12", "IMSI_O_S"});
+}
+struct IMSI_M_REC : ImsiFields {};
+template <class W>
+void layout(W& w, IMSI_M_REC& r, const Ctx&) {
+  imsi_fields(w, r, {"IMSI_M_CLASS", "IMSI_M_ADDR_NUM", "MCC_M", "IMSI_M_11_12", "IMSI_M_S"});
+}
+struct IMSI_T_REC : ImsiFields {};
+template <class W>
+void layout(W& w, IMSI_T_REC& r, const Ctx&) {
+  imsi_fields(w, r, {"IMSI_T_CLASS", "IMSI_T_ADDR_NUM", "MCC_T", "IMSI_T_11_12", "IMSI_T_S"});
+}
+
+// --- Multiplex Option Information ----------------------------------------------------------
+// One entry per multiplex option supported, to the end of the record: the option and the
+// bitmaps of the forward and reverse rates it supports.
+struct MO_INFO_REC {
+  u16 MULTIPLEX_OPTION;
+  u8 FWD_RATES, REV_RATES;
+};
+template <class W>
+void layout(W& w, MO_INFO_REC& r, const Ctx&) {
+  w(F(MULTIPLEX_OPTION, 16), F(FWD_RATES, 8), F(REV_RATES, 8));
+}
+struct MO_INFO {
+  PoolArray<MO_INFO_REC> MO_RECs;
+};
+template <class W>
+void layout(W& w, MO_INFO& r, const Ctx& c) {
+  w.records("MO_RECs", r.MO_RECs, static_cast<u32>(w.left() / 32), c);
+}
+
+// --- Power Control Information -------------------------------------------------------------
+// The smallest closed loop power control step the mobile station supports.
+struct POWER_CONTROL_INFO {
+  u8 MIN_PWR_CNTL_STEP;
+};
+template <class W>
+void layout(W& w, POWER_CONTROL_INFO& r, const Ctx&) {
+  w(F(MIN_PWR_CNTL_STEP, 3));
+}
+
 // --- Records refused for want of a public layout -------------------------------------------
 struct UNDECODED {};
 template <class W>
@@ -270,16 +356,17 @@ constexpr BodyOps kMeid = body_ops<MEID_REC>("MEID");
 
 constexpr BodyOps kCallMode = body_ops<UNDECODED>("CALL_MODE");
 constexpr BodyOps kRoam = body_ops<UNDECODED>("ROAMING_INFORMATION");
-constexpr BodyOps kSecurity = body_ops<UNDECODED>("SECURITY_STATUS");
-constexpr BodyOps kImsi = body_ops<UNDECODED>("IMSI");
+constexpr BodyOps kSecurity = body_ops<SECURITY_STATUS>("SECURITY_STATUS");
+constexpr BodyOps kImsi = body_ops<IMSI_O_REC>("IMSI");
 constexpr BodyOps kPower = body_ops<UNDECODED>("POWER_CLASS_INFORMATION");
 constexpr BodyOps kOpMode = body_ops<UNDECODED>("OPERATING_MODE_INFORMATION");
 constexpr BodyOps kSoInfo = body_ops<SO_INFO>("SERVICE_OPTION_INFORMATION");
-constexpr BodyOps kMoInfo = body_ops<UNDECODED>("MULTIPLEX_OPTION_INFORMATION");
-constexpr BodyOps kScr = body_ops<UNDECODED>("SERVICE_CONFIGURATION");
-constexpr BodyOps kPci = body_ops<UNDECODED>("POWER_CONTROL_INFORMATION");
-constexpr BodyOps kImsiM = body_ops<UNDECODED>("IMSI_M");
-constexpr BodyOps kImsiT = body_ops<UNDECODED>("IMSI_T");
+constexpr BodyOps kMoInfo = body_ops<MO_INFO>("MULTIPLEX_OPTION_INFORMATION");
+// The service configuration record as the forward messages carry it, at the P_REV in use.
+constexpr BodyOps kScr = body_ops<ServiceConfig>("SCR");
+constexpr BodyOps kPci = body_ops<POWER_CONTROL_INFO>("POWER_CONTROL_INFORMATION");
+constexpr BodyOps kImsiM = body_ops<IMSI_M_REC>("IMSI_M");
+constexpr BodyOps kImsiT = body_ops<IMSI_T_REC>("IMSI_T");
 constexpr BodyOps kCap = body_ops<CAPABILITY_INFO>("CAPABILITY_INFORMATION");
 constexpr BodyOps kCcc = body_ops<CHANNEL_CONFIG_CAPABILITY>("CHANNEL_CONFIGURATION_CAPABILITY_INFORMATION");
 constexpr BodyOps kEmo = body_ops<EXT_MULTIPLEX_OPTION_INFO>("EXTENDED_MULTIPLEX_OPTION_INFORMATION");

@@ -31,6 +31,32 @@ void layout(W& w, REV_USER_INFO_REC& r, const Ctx& c) {
   info_rec_framing(w, r, rev_info_rec_type, c);
 }
 
+// The qualification information of the Status Response and Extended Status Response
+// Messages of both reverse channels and of the Base Station Status Request Message:
+// QUAL_INFO_TYPE, then QUAL_INFO_LEN octets of type-specific fields (a band class, or a band
+// class and an operating mode, then reserved bits). The walk moves on by QUAL_INFO_LEN octets
+// whatever the type, so a type with no fields here is passed over. Its fields print among the
+// carrying message's own: the group has no record name of its own.
+struct QualInfo {
+  std::uint8_t QUAL_INFO_TYPE, QUAL_INFO_LEN, BAND_CLASS, OP_MODE;
+};
+
+template <class W>
+void layout(W& w, QualInfo& r, const Ctx&) {
+  w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
+  // The declared octets are part of the message: one cut inside them is short, whatever the
+  // type reads of them.
+  if (!w.need(8u * r.QUAL_INFO_LEN)) return;
+  auto end = w.declared_end();
+  end.at(8u * r.QUAL_INFO_LEN);
+  // The fields must fit the declared length: a type whose fields it cannot hold carries none.
+  if (r.QUAL_INFO_TYPE == 1 && r.QUAL_INFO_LEN >= 1) {
+    w(F(BAND_CLASS, 5));
+  } else if (r.QUAL_INFO_TYPE == 2 && r.QUAL_INFO_LEN >= 2) {
+    w(F(BAND_CLASS, 5), F(OP_MODE, 8));
+  }
+}
+
 // Channel capability groups the mobile station reports in the Origination and Page Response
 // messages and in the Channel Configuration Capability Information record: the frame sizes
 // and the radio configurations it supports on each channel (C.S0005 FCH, DCCH and F-PDCH

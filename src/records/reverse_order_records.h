@@ -46,7 +46,8 @@ void layout(W& w, R_SO_ORDER& r, const Ctx&) {
 //   - an Order Message (type 7 on the paging channel, 1 on the traffic channel): its ORDER and
 //     ORDQ;
 //   - a Set Parameters Message (traffic type 12): the parameter identifier;
-//   - a message carrying information records (traffic types 3, 14, 40, 42): the record type;
+//   - a message carrying information records (the Feature Notification Message, type 12 on
+//     the paging channel; traffic types 3, 14, 40, 42): the record type;
 //   - the call control reasons '00010000' to '00010011': the connection reference, and for
 //     '00010011' (TAG not matched) the TAG;
 //   - on the traffic channel from Release A: the PDU type of the rejected message.
@@ -57,7 +58,8 @@ struct R_MS_REJECT_ORDER {
 };
 
 constexpr bool rejects_record(Link link, u8 type) {
-  return link == Link::traffic && (type == 3 || type == 14 || type == 40 || type == 42);
+  if (link == Link::common) return type == 12;
+  return type == 3 || type == 14 || type == 40 || type == 42;
 }
 
 template <class W>

@@ -2,6 +2,7 @@
 // Request, Authentication Response (AKA), Authentication Resynchronization, and the Radio
 // Environment Message.
 #include "layout/layout.h"
+#include "records/reverse_shared.h"
 #include "rev_access/tables.h"
 
 namespace cs {
@@ -9,13 +10,6 @@ namespace {
 
 using u8 = std::uint8_t;
 using u32 = std::uint32_t;
-
-// Signalling message integrity the mobile station supports and the algorithm it asks for.
-template <class W, class R>
-void sig_integrity(W& w, R& r) {
-  w(F(SIG_INTEGRITY_SUP_INCL, 1));
-  if (r.SIG_INTEGRITY_SUP_INCL) w(F(SIG_INTEGRITY_SUP, 8), F(SIG_INTEGRITY_REQ, 3));
-}
 
 // --- Security Mode Request Message ---------------------------------------------------------
 // Each group behind its inclusion bit: user information encryption supported, signalling
@@ -35,31 +29,7 @@ void layout(W& w, RC_SMRM& r, const Ctx&) {
   w(F(NEW_SSEQ_H_INCL, 1));
   if (r.NEW_SSEQ_H_INCL) w(F(NEW_SSEQ_H, 24), F(NEW_SSEQ_H_SIG, 8));
   w(F(MSG_INT_INFO_INCL, 1));
-  if (r.MSG_INT_INFO_INCL) sig_integrity(w, r);
-}
-
-// --- Authentication Response Message -------------------------------------------------------
-// The AKA response RES (128 bits), the integrity algorithms, the key and the sequence seed.
-struct RC_AURSPM {
-  Bytes RES;
-  u8 SIG_INTEGRITY_SUP_INCL, SIG_INTEGRITY_SUP, SIG_INTEGRITY_REQ, NEW_KEY_ID;
-  u32 NEW_SSEQ_H;
-};
-template <class W>
-void layout(W& w, RC_AURSPM& r, const Ctx&) {
-  w(F(RES, 128));
-  sig_integrity(w, r);
-  w(F(NEW_KEY_ID, 2), F(NEW_SSEQ_H, 24));
-}
-
-// --- Authentication Resynchronization Message ----------------------------------------------
-// The AKA resynchronization token: the concealed sequence number and its MAC.
-struct RC_AURSYNM {
-  Bytes CON_MS_SQN, MAC_S;
-};
-template <class W>
-void layout(W& w, RC_AURSYNM& r, const Ctx&) {
-  w(F(CON_MS_SQN, 48), F(MAC_S, 64));
+  if (r.MSG_INT_INFO_INCL) rev::sig_integrity(w, r);
 }
 
 // --- Radio Environment Message -------------------------------------------------------------
@@ -78,8 +48,8 @@ void layout(W& w, RC_REM& r, const Ctx&) {
 Rows rc_security_rows() {
   static constexpr MessageRow rows[] = {
       {14, "SMRM", body_ops<RC_SMRM>()},
-      {21, "AURSPM", body_ops<RC_AURSPM>()},
-      {22, "AURSYNM", body_ops<RC_AURSYNM>()},
+      {21, "AURSPM", body_ops<rev::AuthResponse>()},
+      {22, "AURSYNM", body_ops<rev::AuthResync>()},
       {24, "REM", body_ops<RC_REM>()},
   };
   return rows;

@@ -7,7 +7,8 @@
 #include "layout/layout.h"
 #include "records/forward_shared.h"
 #include "records/reverse_info_records.h"
-#include "fwd_traffic/service_config.h"
+#include "records/reverse_shared.h"
+#include "records/service_config.h"
 #include "rev_traffic/message_parts.h"
 #include "rev_traffic/tables.h"
 
@@ -105,14 +106,6 @@ void layout(W& w, RD_SOCM& r, const Ctx&) {
   if (r.CTL_REC_LEN) w(F(TYPE_SPECIFIC_FIELDS, 8u * r.CTL_REC_LEN));
 }
 
-// ---- TMSI Assignment Completion Message (17) ----------------------------------------------
-
-// The message is its type alone: it has no fields.
-struct RD_TACM {};
-
-template <class W>
-void layout(W&, RD_TACM&, const Ctx&) {}
-
 // ---- Resource Request Message (23) --------------------------------------------------------
 
 // From Release C the mobile station may name the channels it asks for (EXT_CH_IND when CH_IND
@@ -206,14 +199,22 @@ void layout(W& w, RD_ITBSPMRM&, const Ctx&) {
 
 Rows rd_call_rows() {
   static constexpr MessageRow rows[] = {
-      {4, "DBM", body_ops<fwd::DataBurst>()},  {7, "BDTMFM", body_ops<RD_BDTMFM>()},
-      {9, "ORCM", body_ops<RD_ORCM>()},        {11, "PRSM", body_ops<RD_PRSM>()},
-      {12, "SRQM", body_ops<ServiceReqResp<false>>()},       {13, "SRPM", body_ops<ServiceReqResp<true>>()},
-      {14, "SCCM", body_ops<RD_SCCM>()},       {15, "SOCM", body_ops<RD_SOCM>()},
-      {17, "TACM", body_ops<RD_TACM>()},       {23, "RRM", body_ops<RD_RRM>()},
-      {24, "ERRM", body_ops<RD_ERRM>()},       {26, "EOM", body_ops<RD_EOM>()},
-      {30, "RRRM", body_ops<RD_RRRM>()},       {34, "UZURM", body_ops<RD_UZURM>()},
-      {35, "CLCM", body_ops<RD_CLCM>()},       {44, "ITBSPMRM", body_ops<RD_ITBSPMRM>()},
+      {4, "DBM", body_ops<fwd::DataBurst>()},
+      {7, "BDTMFM", body_ops<RD_BDTMFM>()},
+      {9, "ORCM", body_ops<RD_ORCM>()},
+      {11, "PRSM", body_ops<RD_PRSM>()},
+      {12, "SRQM", body_ops<ServiceReqResp<false>>()},
+      {13, "SRPM", body_ops<ServiceReqResp<true>>()},
+      {14, "SCCM", body_ops<RD_SCCM>()},
+      {15, "SOCM", body_ops<RD_SOCM>()},
+      {17, "TACM", body_ops<rev::NoFields>()},
+      {23, "RRM", body_ops<RD_RRM>()},
+      {24, "ERRM", body_ops<RD_ERRM>()},
+      {26, "EOM", body_ops<RD_EOM>()},
+      {30, "RRRM", body_ops<RD_RRRM>()},
+      {34, "UZURM", body_ops<RD_UZURM>()},
+      {35, "CLCM", body_ops<RD_CLCM>()},
+      {44, "ITBSPMRM", body_ops<RD_ITBSPMRM>()},
   };
   return rows;
 }

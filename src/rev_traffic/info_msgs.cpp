@@ -5,6 +5,7 @@
 // Status Request (40), which asks for records of the base station's own.
 #include "layout/layout.h"
 #include "records/reverse_info_records.h"
+#include "records/reverse_shared.h"
 #include "rev_traffic/message_parts.h"
 #include "rev_traffic/tables.h"
 
@@ -36,21 +37,6 @@ void layout(W& w, RD_STM& r, const Ctx& c) {
   w.sub("INFO_REC", "REV_USER_INFO_REC", r.INFO_REC, c);
 }
 
-// ---- Status Response Message (16) ---------------------------------------------------------
-
-struct RD_STRPM {
-  QualInfo QUAL_INFO;
-  PoolArray<REV_USER_INFO_REC> INFO_RECs;
-};
-
-// The qualification fields print among the message's own: their record has no name of its own
-// in the standard.
-template <class W>
-void layout(W& w, RD_STRPM& r, const Ctx& c) {
-  layout(w, r.QUAL_INFO, c);
-  rev_info_records_to_end(w, r.INFO_RECs, c);
-}
-
 // ---- Extended Flash With Information Message (27) -----------------------------------------
 
 struct RD_EFWIM {
@@ -64,19 +50,6 @@ void layout(W& w, RD_EFWIM& r, const Ctx& c) {
   if (r.CON_REF_INCL) w(F(CON_REF, 8));
   w(F(NUM_REC, 4));
   rev_info_records(w, r.INFO_RECs, r.NUM_REC, c);
-}
-
-// ---- Device Information Message (36) ------------------------------------------------------
-
-struct RD_DIM {
-  u8 WLL_DEVICE_TYPE, NUM_INFO_RECORDS;
-  PoolArray<REV_USER_INFO_REC> INFO_RECs;
-};
-
-template <class W>
-void layout(W& w, RD_DIM& r, const Ctx& c) {
-  w(F(WLL_DEVICE_TYPE, 3), F(NUM_INFO_RECORDS, 5));
-  rev_info_records(w, r.INFO_RECs, r.NUM_INFO_RECORDS, c);
 }
 
 // ---- Base Station Status Request Message (40) ---------------------------------------------
@@ -111,9 +84,12 @@ void layout(W& w, RD_BSSREQM& r, const Ctx& c) {
 
 Rows rd_inforec_rows() {
   static constexpr MessageRow rows[] = {
-      {3, "FWIM", body_ops<RD_FWIM>()},          {8, "STM", body_ops<RD_STM>()},
-      {16, "STRPM", body_ops<RD_STRPM>()},       {27, "EFWIM", body_ops<RD_EFWIM>()},
-      {36, "DIM", body_ops<RD_DIM>()},           {40, "BSSREQM", body_ops<RD_BSSREQM>()},
+      {3, "FWIM", body_ops<RD_FWIM>()},
+      {8, "STM", body_ops<RD_STM>()},
+      {16, "STRPM", body_ops<rev::StatusResponse>()},
+      {27, "EFWIM", body_ops<RD_EFWIM>()},
+      {36, "DIM", body_ops<rev::DeviceInformation>()},
+      {40, "BSSREQM", body_ops<RD_BSSREQM>()},
   };
   return rows;
 }

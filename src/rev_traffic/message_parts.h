@@ -1,5 +1,5 @@
-// Pieces the reverse traffic message families share: revision thresholds, the qualification
-// information of the status messages and the auxiliary pilot record of the pilot reports.
+// Pieces the reverse traffic message families share: revision thresholds and the auxiliary
+// pilot record of the pilot reports.
 // Not for other channels.
 #pragma once
 #include <cstdint>
@@ -30,30 +30,6 @@ u32 fit(W& w, unsigned width) {
 template <unsigned kMinBits>
 u32 to_end_capacity(std::uint64_t bits_left) {
   return static_cast<u32>(bits_left / kMinBits + 1);
-}
-
-// The qualification information of the Status Response and Base Station Status Request
-// Messages: QUAL_INFO_TYPE, QUAL_INFO_LEN octets of type-specific fields (a band class, or a
-// band class and an operating mode, then reserved bits). The walk moves on by QUAL_INFO_LEN
-// octets whatever the type, so a type with no fields here is passed over.
-struct QualInfo {
-  u8 QUAL_INFO_TYPE, QUAL_INFO_LEN, BAND_CLASS, OP_MODE;
-};
-
-template <class W>
-void layout(W& w, QualInfo& r, const Ctx&) {
-  w(F(QUAL_INFO_TYPE, 8), F(QUAL_INFO_LEN, 3));
-  // The declared octets are part of the message: one cut inside them is short, whatever the
-  // type reads of them.
-  if (!w.need(8u * r.QUAL_INFO_LEN)) return;
-  auto end = w.declared_end();
-  end.at(8u * r.QUAL_INFO_LEN);
-  // The fields must fit the declared length: a type whose fields it cannot hold carries none.
-  if (r.QUAL_INFO_TYPE == 1 && r.QUAL_INFO_LEN >= 1) {
-    w(F(BAND_CLASS, 5));
-  } else if (r.QUAL_INFO_TYPE == 2 && r.QUAL_INFO_LEN >= 2) {
-    w(F(BAND_CLASS, 5), F(OP_MODE, 8));
-  }
 }
 
 // The identity of an auxiliary pilot in a pilot report (Release A on): PILOT_REC_INCL, then the

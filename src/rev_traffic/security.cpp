@@ -2,6 +2,7 @@
 // answer to a unique challenge (2), the security mode request (31), and the AKA
 // resynchronization (42) and response (43).
 #include "layout/layout.h"
+#include "records/reverse_shared.h"
 #include "rev_traffic/message_parts.h"
 #include "rev_traffic/tables.h"
 
@@ -9,17 +10,6 @@ namespace cs {
 namespace {
 
 using namespace rd_parts;
-
-// ---- Authentication Challenge Response Message (2) ----------------------------------------
-
-struct RD_AUCRM {
-  u32 AUTHU;
-};
-
-template <class W>
-void layout(W& w, RD_AUCRM& r, const Ctx&) {
-  w(F(AUTHU, 18));
-}
 
 // ---- Security Mode Request Message (31) ---------------------------------------------------
 
@@ -57,48 +47,17 @@ void layout(W& w, RD_SMRM& r, const Ctx& c) {
   if (r.NEW_SSEQ_H_INCL) w(F(NEW_SSEQ_H, 24), F(NEW_SSEQ_H_SIG, 8));
   if (c.p_rev < kRelC) return;
   w(F(MSG_INT_INFO_INCL, 1));
-  if (!r.MSG_INT_INFO_INCL) return;
-  w(F(SIG_INTEGRITY_SUP_INCL, 1));
-  if (r.SIG_INTEGRITY_SUP_INCL) w(F(SIG_INTEGRITY_SUP, 8), F(SIG_INTEGRITY_REQ, 3));
-}
-
-// ---- Authentication Resynchronization Message (42) ----------------------------------------
-
-// The concealed sequence number of the mobile station and its message authentication code.
-struct RD_AURSYNM {
-  Bytes CON_MS_SQN, MAC_S;
-};
-
-template <class W>
-void layout(W& w, RD_AURSYNM& r, const Ctx&) {
-  w(F(CON_MS_SQN, 48), F(MAC_S, 64));
-}
-
-// ---- Authentication Response Message (43) -------------------------------------------------
-
-// The AKA response, the message integrity the mobile station supports and asks for, the key
-// it will use and the high part of its security sequence number.
-struct RD_AURSPM {
-  Bytes RES;
-  u8 SIG_INTEGRITY_SUP_INCL, SIG_INTEGRITY_SUP, SIG_INTEGRITY_REQ, NEW_KEY_ID;
-  u32 NEW_SSEQ_H;
-};
-
-template <class W>
-void layout(W& w, RD_AURSPM& r, const Ctx&) {
-  w(F(RES, 128), F(SIG_INTEGRITY_SUP_INCL, 1));
-  if (r.SIG_INTEGRITY_SUP_INCL) w(F(SIG_INTEGRITY_SUP, 8), F(SIG_INTEGRITY_REQ, 3));
-  w(F(NEW_KEY_ID, 2), F(NEW_SSEQ_H, 24));
+  if (r.MSG_INT_INFO_INCL) rev::sig_integrity(w, r);
 }
 
 }  // namespace
 
 Rows rd_security_rows() {
   static constexpr MessageRow rows[] = {
-      {2, "AUCRM", body_ops<RD_AUCRM>()},
+      {2, "AUCRM", body_ops<rev::AuthChallengeResponse>()},
       {31, "SMRM", body_ops<RD_SMRM>()},
-      {42, "AURSYNM", body_ops<RD_AURSYNM>()},
-      {43, "AURSPM", body_ops<RD_AURSPM>()},
+      {42, "AURSYNM", body_ops<rev::AuthResync>()},
+      {43, "AURSPM", body_ops<rev::AuthResponse>()},
   };
   return rows;
 }
