@@ -78,7 +78,7 @@ struct Case {
                              // gives the link: paging and ftc forward, access and rtc reverse)
   std::uint8_t p_rev = 0, band = 0;
   int result = 0;
-  Ctx ctx;                   // encryption, ordq, pd for a body
+  Ctx ctx;                   // encryption, pd and the link for a body
   std::optional<std::uint64_t> avail, consumed;
   std::string hex;           // the message as octets, instead of margins
   bool all_broadcast = false;  // the decoder's option of that name
@@ -148,7 +148,6 @@ inline std::vector<Case> read_cases(const std::filesystem::path& file) {
         else if (key == "band") k->band = static_cast<std::uint8_t>(num());
         else if (key == "result") k->result = static_cast<int>(num());
         else if (key == "encryption") k->ctx.encryption = static_cast<std::uint8_t>(num());
-        else if (key == "ordq") k->ctx.ordq = static_cast<std::uint8_t>(num());
         else if (key == "pd") k->ctx.pd = static_cast<std::uint8_t>(num());
         else if (key == "avail") k->avail = num();
         else if (key == "consumed") k->consumed = num();

@@ -16,7 +16,7 @@
 // burst of BURST_TYPE B, the margins building its characters, as the burst printer appends
 // them at indent 0, on the link of the channel word); otherwise the whole message is built,
 // then zero padding and the channel's CRC; p_rev, band, result (default
-// 0); encryption, ordq and pd for a body's context; avail=N gives a body only N bits;
+// 0); encryption and pd for a body's context; avail=N gives a body only N bits;
 // consumed=N expects that many bits taken (default: all, for result 0); hex=... gives the
 // message octets instead of margins; all_broadcast=1 sets the decoder's option of that name. A blank line ends a case; "#" lines are comments.
 //

@@ -54,7 +54,6 @@ TEST(Consistency, EveryBodyPrintsExactlyTheFieldsItRead) {
         c.p_rev = static_cast<std::uint8_t>(p_rev);
         c.band_class = static_cast<std::uint8_t>(rng() % 6);
         c.encryption = static_cast<std::uint8_t>(rng() % 4);
-        c.ordq = static_cast<std::uint8_t>(rng());
         arena.reset();
         void* rec = arena.raw(b.ops->size, alignof(std::max_align_t));
         std::vector<TraceItem> trace;

@@ -77,10 +77,8 @@ struct Ctx {
   std::uint8_t p_rev = 0;
   std::uint8_t band_class = 0;
   std::uint8_t encryption = 0;   // traffic PDU ENCRYPTION, for bodies that look at it
-  std::uint8_t ordq = 0;         // order qualifier, for order-specific records
-  std::uint8_t msg_type = 0;
   std::uint8_t pd = 0;           // paging PDU protocol discriminator, for its assignment records
-  std::uint8_t auth_incl = 0;
+  std::uint8_t auth_incl = 0;    // access PDU AUTH_INCL, for bodies that look at it
   bool forward = true;           // link direction, for data-burst contents
 };
 

@@ -480,9 +480,9 @@ void layout(W& w, Am5PilotRec& r, const Am5Ctx& c) {
     // The control channel Walsh codes come with the forward packet data channel parameters.
     if (c.for_pdch_params_incl) {
       w(F(WALSH_TABLE_ID, 3), F(NUM_PDCCH, 3));
-      if (!w.records("PDCCH_RECs", r.PDCCH_RECs,
-                     r.NUM_PDCCH + 1u, static_cast<const Ctx&>(c)))
-        return;
+      // The control channel records need only the revision arguments.
+      const Ctx& base = c;
+      if (!w.records("PDCCH_RECs", r.PDCCH_RECs, r.NUM_PDCCH + 1u, base)) return;
     }
     w(F(MAC_ID, 8), F(REV_CQICH_COVER, 3));
     if (ch.cpcch) {   // reverse power control through the common power control channel

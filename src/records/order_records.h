@@ -2,7 +2,7 @@
 // Message of the paging / forward common channel and that of the forward traffic channel.
 //
 // Each record is what follows ORDQ inside the additional record; the caller bounds it to
-// ADD_RECORD_LEN * 8 - 8 bits and passes ORDQ in Ctx::ordq. Trailing reserved bits are never
+// ADD_RECORD_LEN * 8 - 8 bits and passes ORDQ in OrderCtx::ordq. Trailing reserved bits are never
 // read: the caller moves on by the declared length anyway.
 //
 // Include only from the .cpp files of the two order bodies.
@@ -21,6 +21,11 @@ using u32 = std::uint32_t;
 struct F_BS_CHALLENGE_CONFIRM_ORDER {
   u32 AUTHBS;
 };
+// What an order-specific record depends on besides the revision: the order's qualifier.
+struct OrderCtx : Ctx {
+  u8 ordq;
+};
+
 template <class W>
 void layout(W& w, F_BS_CHALLENGE_CONFIRM_ORDER& r, const Ctx&) {
   w(F(AUTHBS, 18));
@@ -31,7 +36,7 @@ struct F_PERIODIC_PILOT_MEASURE_REQ_ORDER {
   u8 MIN_PILOT_PWR_THRESH, MIN_PILOT_EC_IO_THRESH, INCL_SETPT;
 };
 template <class W>
-void layout(W& w, F_PERIODIC_PILOT_MEASURE_REQ_ORDER& r, const Ctx& c) {
+void layout(W& w, F_PERIODIC_PILOT_MEASURE_REQ_ORDER& r, const OrderCtx& c) {
   w(F(MIN_PILOT_PWR_THRESH, 5), F(MIN_PILOT_EC_IO_THRESH, 5));
   if (c.p_rev >= 6) w(F(INCL_SETPT, 1));
 }
@@ -52,7 +57,7 @@ struct F_STATUS_REQ_ORDER {
   u16 SID, NID;
 };
 template <class W>
-void layout(W& w, F_STATUS_REQ_ORDER& r, const Ctx& c) {
+void layout(W& w, F_STATUS_REQ_ORDER& r, const OrderCtx& c) {
   if (c.ordq != kOrdqRoamingInfo) return;
   w(F(SID, 15), F(NID, 16));
 }
@@ -63,7 +68,7 @@ struct F_REGIST_ACCEPTED_ORDER {
   u8 ROAM_INDI, C_SIG_ENCRYPT_MODE, ENC_KEY_SIZE, MSG_INT_INFO_INCL, CHANGE_KEYS, USE_UAK;
 };
 template <class W>
-void layout(W& w, F_REGIST_ACCEPTED_ORDER& r, const Ctx& c) {
+void layout(W& w, F_REGIST_ACCEPTED_ORDER& r, const OrderCtx& c) {
   if (c.ordq != 5 && c.ordq != 7) return;
   w(F(ROAM_INDI, 8));
   if (c.ordq != 7) return;
@@ -79,7 +84,7 @@ struct F_RELEASE_ORDER {
   u8 RSC_MODE_IND, RSCI, RSC_END_TIME_UNIT, RSC_END_TIME_VALUE;
 };
 template <class W>
-void layout(W& w, F_RELEASE_ORDER& r, const Ctx& c) {
+void layout(W& w, F_RELEASE_ORDER& r, const OrderCtx& c) {
   if (c.ordq != 3) return;
   w(F(RSC_MODE_IND, 1));
   if (r.RSC_MODE_IND) w(F(RSCI, 4), F(RSC_END_TIME_UNIT, 2), F(RSC_END_TIME_VALUE, 4));
@@ -169,7 +174,7 @@ struct F_FAST_CALL_SETUP_ORDER {
   u8 TKZ_INCL, TKZ_MODE_ENABLED, TKZ_MAX_NUM_MSG_IDX, TKZ_UPDATE_PRD, TKZ_LIST_LEN, TKZ_TIMER;
 };
 template <class W>
-void layout(W& w, F_FAST_CALL_SETUP_ORDER& r, const Ctx& c) {
+void layout(W& w, F_FAST_CALL_SETUP_ORDER& r, const OrderCtx& c) {
   w(F(RSC_MODE_SUPPORTED, 1));
   if (r.RSC_MODE_SUPPORTED) {
     w(F(MAX_RSC_END_TIME_UNIT, 2), F(MAX_RSC_END_TIME_VALUE, 4));
@@ -268,7 +273,7 @@ void order_fields(W& w, Link link, u8& ORDER, u8& ADD_RECORD_LEN, u8& ORDQ, Orde
     w.skip(budget);
     return;
   }
-  Ctx oc = c;
+  OrderCtx oc{c};
   oc.ordq = ORDQ;
   switch (ORDER) {
     case 2: w.sized("OrderSpecificFields.BSCCO", "F_BS_CHALLENGE_CONFIRM_ORDER", s.BSCCO, budget, oc); break;

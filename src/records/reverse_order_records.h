@@ -20,6 +20,7 @@ using u32 = std::uint32_t;
 enum class Link { common, traffic };
 
 struct RejectCtx : Ctx {
+  u8 ordq;
   Link link;
 };
 
@@ -105,8 +106,7 @@ void order_fields(W& w, Link link, u8& ORDER, u8& ADD_RECORD_LEN, u8& ORDQ, Orde
   // The additional record is ADD_RECORD_LEN octets on the air, ORDQ included: a message that
   // stops inside it is short, whatever the order-specific fields read of it.
   if (!w.need(budget)) return;
-  RejectCtx oc;
-  static_cast<Ctx&>(oc) = c;
+  RejectCtx oc{c};
   oc.ordq = ORDQ;
   oc.link = link;
   switch (ORDER) {

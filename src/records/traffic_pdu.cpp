@@ -37,7 +37,6 @@ void layout(W& w, TrafficPdu& r, const TrafficCtx& c) {
 
   Ctx body_ctx = c;
   body_ctx.encryption = r.ENCRYPTION;
-  body_ctx.msg_type = r.MSG_TYPE;
   const MessageTable& table = c.link->messages();
   const MessageTable::Entry* e = table.find(r.MSG_TYPE);
   if (!w.body(e ? e->label.c_str() : "SDU", table.body(r.MSG_TYPE), r.body, body_ctx)) return;

@@ -132,8 +132,7 @@ void bcmc_fields(W& w, R& r, const Ctx& c, bool orig_only_ind, u8 pref_incl) {
     if (r.TIME_STAMP_SHORT_LENGTH) w(F(TIME_STAMP_SHORT, r.TIME_STAMP_SHORT_LENGTH));
   }
   w(F(NUM_BCMC_PROGRAMS, 3));
-  BcmcCtx bc;
-  static_cast<Ctx&>(bc) = c;
+  BcmcCtx bc{c};
   bc.pref_incl = pref_incl;
   bc.auth_sig_incl = r.AUTH_SIGNATURE_INCL;
   bc.flow_len = 0;
@@ -333,8 +332,7 @@ void layout(W& w, RC_ORM& r, const Ctx& c) {
       w(F(ADD_SERV_INSTANCE_INCL, 1));
       if (r.ADD_SERV_INSTANCE_INCL) {
         w(F(NUM_ADD_SERV_INSTANCE, 3));
-        AddServCtx ac;
-        static_cast<Ctx&>(ac) = c;
+        AddServCtx ac{c};
         ac.sync_id_incl = r.SYNC_ID_INCL;
         w.records("ADD_SERV_INSTANCES", r.ADD_SERV_INSTANCES, r.NUM_ADD_SERV_INSTANCE, ac);
       }

@@ -141,7 +141,6 @@ void sdu(W& w, RC_PDU& r, const Ctx& c) {
   const BodyOps* ops = access_messages().body(r.MSG_ID);
   const char* label = e ? e->label.c_str() : "SDU";
   Ctx bc = c;
-  bc.msg_type = r.MSG_ID;
   bc.auth_incl = r.AUTH_INCL;
   bc.forward = false;
   if constexpr (W::kReading) {
