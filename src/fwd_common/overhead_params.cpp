@@ -18,6 +18,13 @@ using u8 = std::uint8_t;
 using u16 = std::uint16_t;
 using u32 = std::uint32_t;
 
+// A flag in a group of its own, then the group it brings when it is 1.
+template <class W, class T, class... Fields>
+void flagged(W& w, const Field<T>& flag, const Fields&... fields) {
+  w(flag);
+  if (flag.ref) w(fields...);
+}
+
 // ---------------------------------------------------------------------------------------------
 // System Parameters Message (MSG_ID 1)
 
@@ -65,10 +72,7 @@ void layout(W& w, FC_SPM& r, const Ctx& c) {
   w(F(GLOBAL_REDIRECT, 1));
 
   if (c.p_rev >= 6) w(F(PRI_NGHBR_LIST, 1), F(USER_ZONE_ID, 1), F(EXT_GLOBAL_REDIRECT, 1), F(EXT_CHAN_LIST, 1));
-  if (c.p_rev >= 9) {
-    w(F(T_TDROP_RANGE_INCL, 1));
-    if (r.T_TDROP_RANGE_INCL) w(F(T_TDROP_RANGE, 4));
-  }
+  if (c.p_rev >= 9) flagged(w, F(T_TDROP_RANGE_INCL, 1), F(T_TDROP_RANGE, 4));
   if (c.p_rev >= 11) w(F(NEG_SLOT_CYCLE_INDEX_SUP, 1));
 }
 
@@ -156,8 +160,7 @@ void layout(W& w, FC_APM& r, const Ctx& c) {
   if (has_nom_pwr_ext(c)) w(F(NOM_PWR_EXT, 1));
   if (c.p_rev < 7) return;
 
-  w(F(PSIST_EMG_INCL, 1));
-  if (r.PSIST_EMG_INCL) w(F(PSIST_EMG, 3));
+  flagged(w, F(PSIST_EMG_INCL, 1), F(PSIST_EMG, 3));
   w(F(ACCT_INCL, 1));
   if (!r.ACCT_INCL) return;
 
@@ -183,13 +186,6 @@ void qpch(W& w, R& r) {
   if (r.QPCH_CCI_SUPPORTED) w(F(QPCH_POWER_LEVEL_CONFIG, 3));
 }
 
-// The broadcast indicators of the quick paging channel (release B), when QPCH_SUPPORTED is 1.
-template <class W, class R>
-void qpch_bi(W& w, R& r) {
-  w(F(QPCH_BI_SUPPORTED, 1));
-  if (r.QPCH_BI_SUPPORTED) w(F(QPCH_POWER_LEVEL_BCAST, 3));
-}
-
 // The encryption algorithms supported, when ENC_SUPPORTED is 1.
 template <class W, class R>
 void encryption(W& w, R& r) {
@@ -200,28 +196,14 @@ void encryption(W& w, R& r) {
 template <class W, class R>
 void access_handoff(W& w, R& r) {
   if (r.ACCESS_HO) w(F(ACCESS_HO_MSG_RSP, 1));
-  w(F(ACCESS_PROBE_HO, 1));
-  if (r.ACCESS_PROBE_HO) w(F(ACC_HO_LIST_UPD, 1), F(ACC_PROBE_HO_OTHER_MSG, 1), F(MAX_NUM_PROBE_HO, 3));
+  flagged(w, F(ACCESS_PROBE_HO, 1), F(ACC_HO_LIST_UPD, 1), F(ACC_PROBE_HO_OTHER_MSG, 1), F(MAX_NUM_PROBE_HO, 3));
 }
 
 // Signalling message integrity algorithms, after MSG_INTEGRITY_SUP.
 template <class W, class R>
 void sig_integrity(W& w, R& r) {
   if (!r.MSG_INTEGRITY_SUP) return;
-  w(F(SIG_INTEGRITY_SUP_INCL, 1));
-  if (r.SIG_INTEGRITY_SUP_INCL) w(F(SIG_INTEGRITY_SUP, 8));
-}
-
-template <class W, class R>
-void imsi_10(W& w, R& r) {
-  w(F(IMSI_10_INCL, 1));
-  if (r.IMSI_10_INCL) w(F(IMSI_10, 4));
-}
-
-// The tracking zone, after TKZ_MODE_SUPPORTED.
-template <class W, class R>
-void tkz_id(W& w, R& r) {
-  if (r.TKZ_MODE_SUPPORTED) w(F(TKZ_ID, 8));
+  flagged(w, F(SIG_INTEGRITY_SUP_INCL, 1), F(SIG_INTEGRITY_SUP, 8));
 }
 
 template <class W, class R>
@@ -246,8 +228,7 @@ void for_pdch(W& w, R& r, const Ctx& c) {
   if (!r.FOR_PDCH_SUPPORTED) return;
   w(F(PDCH_CHM_SUPPORTED, 1), F(PDCH_PARMS_INCL, 1));
   if (!r.PDCH_PARMS_INCL) return;
-  w(F(FOR_PDCH_RLGAIN_INCL, 1));
-  if (r.FOR_PDCH_RLGAIN_INCL) w(F(RLGAIN_ACKCH_PILOT, 6), F(RLGAIN_CQICH_PILOT, 6));
+  flagged(w, F(FOR_PDCH_RLGAIN_INCL, 1), F(RLGAIN_ACKCH_PILOT, 6), F(RLGAIN_CQICH_PILOT, 6));
   w(F(NUM_SOFT_SWITCHING_FRAMES, 4), F(NUM_SOFTER_SWITCHING_FRAMES, 4), F(NUM_SOFT_SWITCHING_SLOTS, 2),
     F(NUM_SOFTER_SWITCHING_SLOTS, 2), F(PDCH_SOFT_SWITCHING_DELAY, 8), F(PDCH_SOFTER_SWITCHING_DELAY, 8),
     F(WALSH_TABLE_ID, 3), F(NUM_PDCCH, 3));
@@ -261,18 +242,6 @@ void ext_pref_msid(W& w, R& r) {
   if (has_meid_reqd(r.PREF_MSID_TYPE, r.EXT_PREF_MSID_TYPE)) w(F(MEID_REQD, 1));
 }
 
-template <class W, class R>
-void alt_band_class(W& w, R& r) {
-  w(F(BAND_CLASS_INFO_REQ, 1));
-  if (r.BAND_CLASS_INFO_REQ) w(F(ALT_BAND_CLASS, 5));
-}
-
-template <class W, class R>
-void cdma_off_time_rep(W& w, R& r) {
-  w(F(CDMA_OFF_TIME_REP_SUP_IND, 1));
-  if (r.CDMA_OFF_TIME_REP_SUP_IND) w(F(CDMA_OFF_TIME_REP_THRESHOLD_UNIT, 1), F(CDMA_OFF_TIME_REP_THRESHOLD, 3));
-}
-
 // The reverse packet data channel parameters of release D, sent when the forward packet data
 // channel is supported.
 template <class W, class R>
@@ -281,24 +250,12 @@ void rev_pdch(W& w, R& r) {
   if (!r.REV_PDCH_SUPPORTED) return;
   w(F(REV_PDCH_PARMS_INCL, 1));
   if (!r.REV_PDCH_PARMS_INCL) return;
-  w(F(REV_PDCH_RLGAIN_INCL, 1));
-  if (r.REV_PDCH_RLGAIN_INCL) w(F(RLGAIN_SPICH_PILOT, 6), F(RLGAIN_REQCH_PILOT, 6), F(RLGAIN_PDCCH_PILOT, 6));
-  w(F(REV_PDCH_PARMS_1_INCL, 1));
-  if (r.REV_PDCH_PARMS_1_INCL) {
-    w(F(REV_PDCH_TABLE_SEL, 1), F(REV_PDCH_MAX_AUTO_TPR, 8), F(REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, 2));
-  }
-  w(F(REV_PDCH_OPER_PARMS_INCL, 1));
-  if (r.REV_PDCH_OPER_PARMS_INCL) {
-    w(F(REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET, 4), F(REV_PDCH_DEFAULT_PERSISTENCE, 1),
-      F(REV_PDCH_RESET_PERSISTENCE, 1), F(REV_PDCH_GRANT_PRECEDENCE, 1), F(REV_PDCH_MSIB_SUPPORTED, 1),
-      F(REV_PDCH_SOFT_SWITCHING_RESET_IND, 1));
-  }
-}
-
-template <class W, class R>
-void sending_bspm(W& w, R& r) {
-  w(F(SENDING_BSPM, 1));
-  if (r.SENDING_BSPM) w(F(BSPM_PERIOD_INDEX, 4));
+  flagged(w, F(REV_PDCH_RLGAIN_INCL, 1), F(RLGAIN_SPICH_PILOT, 6), F(RLGAIN_REQCH_PILOT, 6), F(RLGAIN_PDCCH_PILOT, 6));
+  flagged(w, F(REV_PDCH_PARMS_1_INCL, 1), F(REV_PDCH_TABLE_SEL, 1), F(REV_PDCH_MAX_AUTO_TPR, 8),
+          F(REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, 2));
+  flagged(w, F(REV_PDCH_OPER_PARMS_INCL, 1), F(REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET, 4),
+          F(REV_PDCH_DEFAULT_PERSISTENCE, 1), F(REV_PDCH_RESET_PERSISTENCE, 1), F(REV_PDCH_GRANT_PRECEDENCE, 1),
+          F(REV_PDCH_MSIB_SUPPORTED, 1), F(REV_PDCH_SOFT_SWITCHING_RESET_IND, 1));
 }
 
 template <class W, class R>
@@ -424,8 +381,7 @@ void layout(W& w, FC_ESPM& r, const Ctx& c) {
   if (r.REV_PWR_CNTL_DELAY_INCL) w(F(REV_PWR_CNTL_DELAY, 2));
 
   if (r.P_REV < 7) return;
-  w(F(AUTO_MSG_SUPPORTED, 1));
-  if (r.AUTO_MSG_SUPPORTED) w(F(AUTO_MSG_INTERVAL, 3));
+  flagged(w, F(AUTO_MSG_SUPPORTED, 1), F(AUTO_MSG_INTERVAL, 3));
   w(F(MOB_QOS, 1), F(ENC_SUPPORTED, 1));
   encryption(w, r);
   w(F(USE_SYNC_ID, 1), F(CS_SUPPORTED, 1), F(BCCH_SUPPORTED, 1), F(MS_INIT_POS_LOC_SUP_IND, 1),
@@ -434,26 +390,27 @@ void layout(W& w, FC_ESPM& r, const Ctx& c) {
   if (r.P_REV < 8) return;
   // The broadcast-indicator fields of the quick paging channel come here, after the release
   // A fields, not next to the other QPCH fields.
-  if (r.QPCH_SUPPORTED) qpch_bi(w, r);
-  alt_band_class(w, r);
-  cdma_off_time_rep(w, r);
+  if (r.QPCH_SUPPORTED) flagged(w, F(QPCH_BI_SUPPORTED, 1), F(QPCH_POWER_LEVEL_BCAST, 3));
+  flagged(w, F(BAND_CLASS_INFO_REQ, 1), F(ALT_BAND_CLASS, 5));
+  flagged(w, F(CDMA_OFF_TIME_REP_SUP_IND, 1), F(CDMA_OFF_TIME_REP_THRESHOLD_UNIT, 1),
+          F(CDMA_OFF_TIME_REP_THRESHOLD, 3));
 
   if (r.P_REV < 9) return;
   w(F(CHM_SUPPORTED, 1), F(RELEASE_TO_IDLE_IND, 1), F(RECONNECT_MSG_IND, 1), F(MSG_INTEGRITY_SUP, 1));
   sig_integrity(w, r);
   for_pdch(w, r, c);
-  imsi_10(w, r);
+  flagged(w, F(IMSI_10_INCL, 1), F(IMSI_10, 4));
 
   if (r.P_REV < 10) return;
   if (r.CS_SUPPORTED) w(F(MAX_ADD_SERV_INSTANCE, 3));
   w(F(RER_MODE_SUPPORTED, 1), F(TKZ_MODE_SUPPORTED, 1));
-  tkz_id(w, r);
+  if (r.TKZ_MODE_SUPPORTED) w(F(TKZ_ID, 8));
   if (!pz_hysteresis(w, r)) return;
   ext_pref_msid(w, r);
   w(F(AUTO_FCSO_ALLOWED, 1));
   if (r.FOR_PDCH_SUPPORTED) rev_pdch(w, r);
   if (r.RECONNECT_MSG_IND && r.SDB_SUPPORTED) w(F(SDB_IN_RCNM_IND, 1));
-  sending_bspm(w, r);
+  flagged(w, F(SENDING_BSPM, 1), F(BSPM_PERIOD_INDEX, 4));
   cand_bands(w, r, c);
   tx_pwr_limit_bypass(w, r);
 }
@@ -507,12 +464,12 @@ void layout(W& w, FC_A41SPM& r, const Ctx& c) {
   if (c.p_rev < 9) return;
   w(F(MSG_INTEGRITY_SUP, 1));
   sig_integrity(w, r);
-  imsi_10(w, r);
+  flagged(w, F(IMSI_10_INCL, 1), F(IMSI_10, 4));
 
   if (c.p_rev < 10) return;
   if (r.CS_SUPPORTED) w(F(MAX_ADD_SERV_INSTANCE, 3));
   w(F(TKZ_MODE_SUPPORTED, 1));
-  tkz_id(w, r);
+  if (r.TKZ_MODE_SUPPORTED) w(F(TKZ_ID, 8));
   if (!pz_hysteresis(w, r)) return;
   ext_pref_msid(w, r);
 }
@@ -651,7 +608,7 @@ bool common_channels(W& w, FC_MCRRPM& r, const Ctx& c) {
     qpch(w, r);
     // Only a spreading rate 3 common channel names the quick paging code channels.
     if (r.SR3_INCL) w.scalars("QPCH_CODE_CHAN", r.QPCH_CODE_CHAN, r.NUM_QPCH, 8);
-    qpch_bi(w, r);
+    flagged(w, F(QPCH_BI_SUPPORTED, 1), F(QPCH_POWER_LEVEL_BCAST, 3));
   }
 
   w(F(SDB_SUPPORTED, 1), F(BROADCAST_GPS_ASST, 1), F(RLGAIN_TRAFFIC_PILOT, 6), F(REV_PWR_CNTL_DELAY_INCL, 1));
@@ -667,8 +624,7 @@ void layout(W& w, FC_MCRRPM& r, const Ctx& c) {
   // PILOT_PN .. SR3_INCL
   w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(BASE_ID, 16), F(P_REV, 8), F(MIN_P_REV, 8), F(SR3_INCL, 1));
   if (r.SR3_INCL) {
-    w(F(SR3_CENTER_FREQ_INCL, 1));
-    if (r.SR3_CENTER_FREQ_INCL) w(F(SR3_CENTER_FREQ, 11));
+    flagged(w, F(SR3_CENTER_FREQ_INCL, 1), F(SR3_CENTER_FREQ, 11));
     w(F(SR3_BRAT, 2), F(SR3_BCCH_CODE_CHAN, 7), F(SR3_PRIMARY_PILOT, 2), F(SR3_PILOT_POWER1, 3),
       F(SR3_PILOT_POWER2, 3));
   }
@@ -684,21 +640,22 @@ void layout(W& w, FC_MCRRPM& r, const Ctx& c) {
   if (r.CCH_INFO_INCL && !common_channels(w, r, c)) return;
 
   if (r.P_REV < 8) return;
-  if (r.CCH_INFO_INCL) alt_band_class(w, r);
-  cdma_off_time_rep(w, r);
+  if (r.CCH_INFO_INCL) flagged(w, F(BAND_CLASS_INFO_REQ, 1), F(ALT_BAND_CLASS, 5));
+  flagged(w, F(CDMA_OFF_TIME_REP_SUP_IND, 1), F(CDMA_OFF_TIME_REP_THRESHOLD_UNIT, 1),
+          F(CDMA_OFF_TIME_REP_THRESHOLD, 3));
 
   if (r.P_REV < 9) return;
   w(F(CHM_SUPPORTED, 1), F(RELEASE_TO_IDLE_IND, 1), F(RECONNECT_MSG_IND, 1), F(T_TDROP_RANGE_INCL, 1));
   if (r.T_TDROP_RANGE_INCL) w(F(T_TDROP_RANGE, 4));
   for_pdch(w, r, c);
-  if (r.CCH_INFO_INCL) imsi_10(w, r);
+  if (r.CCH_INFO_INCL) flagged(w, F(IMSI_10_INCL, 1), F(IMSI_10, 4));
 
   // Release D: the groups of the extended system parameters, led by the negative slot cycle
   // index of the system parameters; here SENDING_BSPM comes before the R-PDCH group and RESCAN
   // before the transmit power limit.
   if (r.P_REV < kMcrrRelD) return;
   w(F(NEG_SLOT_CYCLE_INDEX_SUP, 1), F(RER_MODE_SUPPORTED, 1), F(AUTO_FCSO_ALLOWED, 1));
-  sending_bspm(w, r);
+  flagged(w, F(SENDING_BSPM, 1), F(BSPM_PERIOD_INDEX, 4));
   if (r.FOR_PDCH_SUPPORTED) rev_pdch(w, r);
   // SDB_SUPPORTED is part of the common channel information; without it the zeroed record
   // reads 0 and the indicator is absent.
