@@ -330,9 +330,9 @@ TEST(OverheadLists, GlobalServiceRedirectionRecordsAndRevisions) {
   }
 }
 
-TEST(OverheadLists, ExtendedGlobalServiceRedirectionLaterRecordsAreRefused) {
-  // P_REV 11 appends more redirection records after the first, in a form not laid out here: the
-  // first record is shown and the message refused; P_REV 10 ends cleanly after it.
+TEST(OverheadLists, ExtendedGlobalServiceRedirectionLaterRecordsByRevision) {
+  // P_REV 11 appends LAST_SEARCH_RECORD_IND, NUM_ADD_RECORD and more redirection records after
+  // the first: here two are announced and none follows; P_REV 10 ends cleanly after the first.
   Bits m;
   m.put(5, 9).put(1, 6).put(3, 16).put(0, 3).put(1, 8).put(3, 8).put(123, 15).put(1, 1).put(5, 3).put(17, 5);
   m.put(0xa5, 8);   // whatever a later revision sends next
@@ -342,14 +342,16 @@ TEST(OverheadLists, ExtendedGlobalServiceRedirectionLaterRecordsAreRefused) {
                                    "   TYPE_001 = FC_EGSRDM_TYPE_001", "   {", "      EXPECTED_SID = 123",
                                    "      IGNORE_CDMA = 1", "      SYS_ORDERING = 5", "      MAX_REDIRECT_DELAY = 17",
                                    "   }", "}"});
+  const std::string later = first.substr(0, first.size() - 2) + "   LAST_SEARCH_RECORD_IND = 1\n   NUM_ADD_RECORD = 2\n}\n";
   const struct {
     std::uint8_t p_rev;
     Rc rc;
-  } cases[] = {{10, Rc::ok}, {11, Rc::count}};
+    const std::string& text;
+  } cases[] = {{10, Rc::ok, first}, {11, Rc::short_msg, later}};
   for (const auto& k : cases) {
     Body b = run(26, k.p_rev, 1, m);
     EXPECT_EQ(b.rc, k.rc) << int(k.p_rev);
-    EXPECT_EQ(b.text, first) << int(k.p_rev);
+    EXPECT_EQ(b.text, k.text) << int(k.p_rev);
   }
 }
 

@@ -529,24 +529,49 @@ void layout(W& w, FC_GSRDM& r, const Ctx& c) {
   redirection(w, r.rec, "GSRDM_REC_TYPE_1", "GSRDM_REC_TYPE_2", c);
 }
 
+// A further redirection record (P_REV 11) for the access overload classes it names.
+struct EGSRDM_ADD_RECORD {
+  u16 REDIRECT_ACCOLC;
+  u8 DELETE_TMSI, REDIRECT_P_REV_INCL, EXCL_P_REV_IND, REDIRECT_P_MIN, REDIRECT_P_MAX;
+  REDIRECTION rec;
+  u8 LAST_SEARCH_RECORD_IND;
+};
+
 struct FC_EGSRDM {
   u16 PILOT_PN;
   u8 CONFIG_MSG_SEQ;
   u16 REDIRECT_ACCOLC;
   u8 RETURN_IF_FAIL, DELETE_TMSI, REDIRECT_P_REV_INCL, EXCL_P_REV_IND, REDIRECT_P_MIN, REDIRECT_P_MAX;
   REDIRECTION rec;
+  u8 LAST_SEARCH_RECORD_IND, NUM_ADD_RECORD;
+  PoolArray<EGSRDM_ADD_RECORD> ADD_RECORDs;
 };
+
+// The mobile stations' revisions a redirection is for, when REDIRECT_P_REV_INCL is 1.
+template <class W, class R>
+void redirect_p_rev(W& w, R& r) {
+  if (r.REDIRECT_P_REV_INCL) w(F(EXCL_P_REV_IND, 1), F(REDIRECT_P_MIN, 8), F(REDIRECT_P_MAX, 8));
+}
+
+template <class W>
+void layout(W& w, EGSRDM_ADD_RECORD& r, const Ctx& c) {
+  w(F(REDIRECT_ACCOLC, 16), F(DELETE_TMSI, 1), F(REDIRECT_P_REV_INCL, 1));
+  redirect_p_rev(w, r);
+  redirection(w, r.rec, "TYPE_001", "TYPE_002", c);
+  w(F(LAST_SEARCH_RECORD_IND, 1));
+}
 
 template <class W>
 void layout(W& w, FC_EGSRDM& r, const Ctx& c) {
   w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(REDIRECT_ACCOLC, 16), F(RETURN_IF_FAIL, 1), F(DELETE_TMSI, 1),
     F(REDIRECT_P_REV_INCL, 1));
-  if (r.REDIRECT_P_REV_INCL) w(F(EXCL_P_REV_IND, 1), F(REDIRECT_P_MIN, 8), F(REDIRECT_P_MAX, 8));
+  redirect_p_rev(w, r);
   redirection(w, r.rec, "TYPE_001", "TYPE_002", c);
-  // From P_REV 11 the redirection record is followed by LAST_SEARCH_RECORD_IND, NUM_ADD_RECORD
-  // and further records. NUM_ADD_RECORD's width (and when the pair is sent) is not known here:
-  // the message is shown up to its first record and refused (result 1).
-  if (c.p_rev >= 11) w.reject(Rc::count);
+  if (c.p_rev < 11) return;
+  // From P_REV 11 further redirection records may follow the first (C.S0005-E 3.7.2.3.2.27);
+  // NUM_ADD_RECORD is their number itself.
+  w(F(LAST_SEARCH_RECORD_IND, 1), F(NUM_ADD_RECORD, 3));
+  w.records("ADD_RECORDs", r.ADD_RECORDs, r.NUM_ADD_RECORD, c);
 }
 
 // ---------------------------------------------------------------------------------------------
