@@ -18,6 +18,13 @@ using u8 = std::uint8_t;
 using u16 = std::uint16_t;
 using u32 = std::uint32_t;
 
+// A flag in a group of its own, then the group it brings when it is 1.
+template <class W, class T, class... Fields>
+void flagged(W& w, const Field<T>& flag, const Fields&... fields) {
+  w(flag);
+  if (flag.ref) w(fields...);
+}
+
 // ---------------------------------------------------------------------------------------------
 // System Parameters Message (MSG_ID 1)
 
@@ -54,24 +61,18 @@ void layout(W& w, FC_SPM& r, const Ctx& c) {
 
   // The next two bit positions are always taken. From P_REV 4 both are flags; before that
   // the PCS bands already had EXT_NGHBR_LIST in the first, and the rest is reserved.
-  if (!w.need(2)) return;
   if (c.p_rev >= 4) {
-    w.u(r.EXT_NGHBR_LIST, "EXT_NGHBR_LIST", 1);
-    w.u(r.GEN_NGHBR_LIST, "GEN_NGHBR_LIST", 1);
+    w(F(EXT_NGHBR_LIST, 1), F(GEN_NGHBR_LIST, 1));
   } else if (pcs_band(c.band_class)) {
-    w.u(r.EXT_NGHBR_LIST, "EXT_NGHBR_LIST", 1);
-    w.skip(1);
+    w(F(EXT_NGHBR_LIST, 1), reserved(1));
   } else {
-    w.skip(2);
+    w(reserved(2));
   }
 
   w(F(GLOBAL_REDIRECT, 1));
 
   if (c.p_rev >= 6) w(F(PRI_NGHBR_LIST, 1), F(USER_ZONE_ID, 1), F(EXT_GLOBAL_REDIRECT, 1), F(EXT_CHAN_LIST, 1));
-  if (c.p_rev >= 9) {
-    w(F(T_TDROP_RANGE_INCL, 1));
-    if (r.T_TDROP_RANGE_INCL) w(F(T_TDROP_RANGE, 4));
-  }
+  if (c.p_rev >= 9) flagged(w, F(T_TDROP_RANGE_INCL, 1), F(T_TDROP_RANGE, 4));
   if (c.p_rev >= 11) w(F(NEG_SLOT_CYCLE_INDEX_SUP, 1));
 }
 
@@ -108,26 +109,21 @@ void layout(W& w, AcctSoGrpRec& r, const AcctCtx& c) {
 }
 
 // The access control by service option group that closes the access parameters messages, after
-// ACCT_INCL; the two messages differ only in the names of their lists.
-struct AcctNames {
-  const char *so_label, *so_header, *grp_label, *grp_header;
-};
-
+// ACCT_INCL; the two messages differ only in the labels of their lists.
 template <class W, class R>
-void acct(W& w, R& r, const Ctx& c, const AcctNames& n) {
+void acct(W& w, R& r, const Ctx& c, const char* so_label, const char* grp_label) {
   w(F(ACCT_INCL_EMG, 1), F(ACCT_AOC_BITMAP_INCL, 1), F(ACCT_SO_INCL, 1));
-  AcctCtx ac;
-  static_cast<Ctx&>(ac) = c;
+  AcctCtx ac{c};
   ac.aoc_bitmap_incl = r.ACCT_AOC_BITMAP_INCL;
   if (r.ACCT_SO_INCL) {
     w(F(NUM_ACCT_SO, 4));
     // NUM_ACCT_SO is one less than the number of records.
-    if (!w.records(n.so_label, n.so_header, r.ACCT_SO_RECs, r.NUM_ACCT_SO + 1u, ac)) return;
+    w.records(so_label, r.ACCT_SO_RECs, r.NUM_ACCT_SO + 1u, ac);
   }
   w(F(ACCT_SO_GRP_INCL, 1));
   if (r.ACCT_SO_GRP_INCL) {
     w(F(NUM_ACCT_SO_GRP, 3));
-    w.records(n.grp_label, n.grp_header, r.ACCT_SO_GRP_RECs, r.NUM_ACCT_SO_GRP + 1u, ac);
+    w.records(grp_label, r.ACCT_SO_GRP_RECs, r.NUM_ACCT_SO_GRP + 1u, ac);
   }
 }
 
@@ -164,12 +160,11 @@ void layout(W& w, FC_APM& r, const Ctx& c) {
   if (has_nom_pwr_ext(c)) w(F(NOM_PWR_EXT, 1));
   if (c.p_rev < 7) return;
 
-  w(F(PSIST_EMG_INCL, 1));
-  if (r.PSIST_EMG_INCL) w(F(PSIST_EMG, 3));
+  flagged(w, F(PSIST_EMG_INCL, 1), F(PSIST_EMG, 3));
   w(F(ACCT_INCL, 1));
   if (!r.ACCT_INCL) return;
 
-  acct(w, r, c, {"ACCT_SO_RECs", "FC_APM_ACCT_SO_RECs", "ACCT_SO_GRP_RECs", "FC_APM_ACCT_SO_GRP_RECs"});
+  acct(w, r, c, "ACCT_SO_RECs", "ACCT_SO_GRP_RECs");
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -180,130 +175,88 @@ bool has_meid_reqd(u8 pref_msid_type, u8 ext_pref_msid_type) {
   return !(ext_pref_msid_type == 3 && (pref_msid_type == 0 || pref_msid_type == 3));
 }
 
-// Groups the extended and the ANSI-41 system parameters messages carry alike. Each returns
-// false when the message ends inside it.
+// Groups the extended system, ANSI-41 system and MC-RR parameters messages carry alike, each
+// laid out once. A group that hangs on a flag starts after the flag where the messages read it
+// inside groups of their own.
+
+// The quick paging channel, when QPCH_SUPPORTED is 1.
 template <class W, class R>
-bool sig_integrity(W& w, R& r) {
-  if (r.MSG_INTEGRITY_SUP) {
-    if (!w(F(SIG_INTEGRITY_SUP_INCL, 1))) return false;
-    if (r.SIG_INTEGRITY_SUP_INCL) {
-      if (!w(F(SIG_INTEGRITY_SUP, 8))) return false;
-    }
-  }
-  return true;
+void qpch(W& w, R& r) {
+  w(F(NUM_QPCH, 2), F(QPCH_RATE, 1), F(QPCH_POWER_LEVEL_PAGE, 3), F(QPCH_CCI_SUPPORTED, 1));
+  if (r.QPCH_CCI_SUPPORTED) w(F(QPCH_POWER_LEVEL_CONFIG, 3));
 }
 
+// The encryption algorithms supported, when ENC_SUPPORTED is 1.
 template <class W, class R>
-bool imsi_10(W& w, R& r) {
-  if (!w(F(IMSI_10_INCL, 1))) return false;
-  if (r.IMSI_10_INCL) {
-    if (!w(F(IMSI_10, 4))) return false;
-  }
-  return true;
+void encryption(W& w, R& r) {
+  if (r.ENC_SUPPORTED) w(F(SIG_ENCRYPT_SUP, 8), F(UI_ENCRYPT_SUP, 8));
 }
 
+// Access handoff and access probe handoff, after ACCESS_HO.
 template <class W, class R>
-bool tkz_id(W& w, R& r) {
-  if (r.TKZ_MODE_SUPPORTED) {
-    if (!w(F(TKZ_ID, 8))) return false;
-  }
-  return true;
+void access_handoff(W& w, R& r) {
+  if (r.ACCESS_HO) w(F(ACCESS_HO_MSG_RSP, 1));
+  flagged(w, F(ACCESS_PROBE_HO, 1), F(ACC_HO_LIST_UPD, 1), F(ACC_PROBE_HO_OTHER_MSG, 1), F(MAX_NUM_PROBE_HO, 3));
+}
+
+// Signalling message integrity algorithms, after MSG_INTEGRITY_SUP.
+template <class W, class R>
+void sig_integrity(W& w, R& r) {
+  if (!r.MSG_INTEGRITY_SUP) return;
+  flagged(w, F(SIG_INTEGRITY_SUP_INCL, 1), F(SIG_INTEGRITY_SUP, 8));
 }
 
 // The forward packet data channel parameters of release C, which the extended system and the
-// MC-RR parameters messages carry alike; only the header of the Walsh code records differs.
+// MC-RR parameters messages carry alike.
 template <class W, class R>
-bool for_pdch(W& w, R& r, const Ctx& c, const char* walsh_header) {
-  if (!w(F(FOR_PDCH_SUPPORTED, 1))) return false;
-  if (!r.FOR_PDCH_SUPPORTED) return true;
-  if (!w(F(PDCH_CHM_SUPPORTED, 1), F(PDCH_PARMS_INCL, 1))) return false;
-  if (!r.PDCH_PARMS_INCL) return true;
-  if (!w(F(FOR_PDCH_RLGAIN_INCL, 1))) return false;
-  if (r.FOR_PDCH_RLGAIN_INCL) {
-    if (!w(F(RLGAIN_ACKCH_PILOT, 6), F(RLGAIN_CQICH_PILOT, 6))) return false;
-  }
-  if (!w(F(NUM_SOFT_SWITCHING_FRAMES, 4), F(NUM_SOFTER_SWITCHING_FRAMES, 4), F(NUM_SOFT_SWITCHING_SLOTS, 2),
-         F(NUM_SOFTER_SWITCHING_SLOTS, 2), F(PDCH_SOFT_SWITCHING_DELAY, 8), F(PDCH_SOFTER_SWITCHING_DELAY, 8),
-         F(WALSH_TABLE_ID, 3), F(NUM_PDCCH, 3))) return false;
+void for_pdch(W& w, R& r, const Ctx& c) {
+  w(F(FOR_PDCH_SUPPORTED, 1));
+  if (!r.FOR_PDCH_SUPPORTED) return;
+  w(F(PDCH_CHM_SUPPORTED, 1), F(PDCH_PARMS_INCL, 1));
+  if (!r.PDCH_PARMS_INCL) return;
+  flagged(w, F(FOR_PDCH_RLGAIN_INCL, 1), F(RLGAIN_ACKCH_PILOT, 6), F(RLGAIN_CQICH_PILOT, 6));
+  w(F(NUM_SOFT_SWITCHING_FRAMES, 4), F(NUM_SOFTER_SWITCHING_FRAMES, 4), F(NUM_SOFT_SWITCHING_SLOTS, 2),
+    F(NUM_SOFTER_SWITCHING_SLOTS, 2), F(PDCH_SOFT_SWITCHING_DELAY, 8), F(PDCH_SOFTER_SWITCHING_DELAY, 8),
+    F(WALSH_TABLE_ID, 3), F(NUM_PDCCH, 3));
   // NUM_PDCCH is one less than the number of F-PDCCH Walsh codes.
-  return w.records("PDCCH_WALSHs", walsh_header, r.PDCCH_WALSHs, r.NUM_PDCCH + 1u, c);
+  w.records("PDCCH_WALSHs", r.PDCCH_WALSHs, r.NUM_PDCCH + 1u, c);
 }
 
 template <class W, class R>
-bool ext_pref_msid(W& w, R& r) {
-  if (!w(F(EXT_PREF_MSID_TYPE, 2))) return false;
-  if (has_meid_reqd(r.PREF_MSID_TYPE, r.EXT_PREF_MSID_TYPE)) {
-    if (!w(F(MEID_REQD, 1))) return false;
-  }
-  return true;
-}
-
-template <class W, class R>
-bool alt_band_class(W& w, R& r) {
-  if (!w(F(BAND_CLASS_INFO_REQ, 1))) return false;
-  if (r.BAND_CLASS_INFO_REQ) {
-    if (!w(F(ALT_BAND_CLASS, 5))) return false;
-  }
-  return true;
-}
-
-template <class W, class R>
-bool cdma_off_time_rep(W& w, R& r) {
-  if (!w(F(CDMA_OFF_TIME_REP_SUP_IND, 1))) return false;
-  if (r.CDMA_OFF_TIME_REP_SUP_IND) {
-    if (!w(F(CDMA_OFF_TIME_REP_THRESHOLD_UNIT, 1), F(CDMA_OFF_TIME_REP_THRESHOLD, 3))) return false;
-  }
-  return true;
+void ext_pref_msid(W& w, R& r) {
+  w(F(EXT_PREF_MSID_TYPE, 2));
+  if (has_meid_reqd(r.PREF_MSID_TYPE, r.EXT_PREF_MSID_TYPE)) w(F(MEID_REQD, 1));
 }
 
 // The reverse packet data channel parameters of release D, sent when the forward packet data
-// channel is supported; the extended system and the MC-RR parameters messages carry them alike.
+// channel is supported.
 template <class W, class R>
-bool rev_pdch(W& w, R& r) {
-  if (!w(F(REV_PDCH_SUPPORTED, 1))) return false;
-  if (!r.REV_PDCH_SUPPORTED) return true;
-  if (!w(F(REV_PDCH_PARMS_INCL, 1))) return false;
-  if (!r.REV_PDCH_PARMS_INCL) return true;
-  if (!w(F(REV_PDCH_RLGAIN_INCL, 1))) return false;
-  if (r.REV_PDCH_RLGAIN_INCL) {
-    if (!w(F(RLGAIN_SPICH_PILOT, 6), F(RLGAIN_REQCH_PILOT, 6), F(RLGAIN_PDCCH_PILOT, 6))) return false;
-  }
-  if (!w(F(REV_PDCH_PARMS_1_INCL, 1))) return false;
-  if (r.REV_PDCH_PARMS_1_INCL) {
-    if (!w(F(REV_PDCH_TABLE_SEL, 1), F(REV_PDCH_MAX_AUTO_TPR, 8), F(REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, 2))) return false;
-  }
-  if (!w(F(REV_PDCH_OPER_PARMS_INCL, 1))) return false;
-  if (r.REV_PDCH_OPER_PARMS_INCL) {
-    if (!w(F(REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET, 4), F(REV_PDCH_DEFAULT_PERSISTENCE, 1),
-           F(REV_PDCH_RESET_PERSISTENCE, 1), F(REV_PDCH_GRANT_PRECEDENCE, 1), F(REV_PDCH_MSIB_SUPPORTED, 1),
-           F(REV_PDCH_SOFT_SWITCHING_RESET_IND, 1))) return false;
-  }
-  return true;
+void rev_pdch(W& w, R& r) {
+  w(F(REV_PDCH_SUPPORTED, 1));
+  if (!r.REV_PDCH_SUPPORTED) return;
+  w(F(REV_PDCH_PARMS_INCL, 1));
+  if (!r.REV_PDCH_PARMS_INCL) return;
+  flagged(w, F(REV_PDCH_RLGAIN_INCL, 1), F(RLGAIN_SPICH_PILOT, 6), F(RLGAIN_REQCH_PILOT, 6), F(RLGAIN_PDCCH_PILOT, 6));
+  flagged(w, F(REV_PDCH_PARMS_1_INCL, 1), F(REV_PDCH_TABLE_SEL, 1), F(REV_PDCH_MAX_AUTO_TPR, 8),
+          F(REV_PDCH_NUM_ARQ_ROUNDS_NORMAL, 2));
+  flagged(w, F(REV_PDCH_OPER_PARMS_INCL, 1), F(REV_PDCH_MAX_SIZE_ALLOWED_ENCODER_PACKET, 4),
+          F(REV_PDCH_DEFAULT_PERSISTENCE, 1), F(REV_PDCH_RESET_PERSISTENCE, 1), F(REV_PDCH_GRANT_PRECEDENCE, 1),
+          F(REV_PDCH_MSIB_SUPPORTED, 1), F(REV_PDCH_SOFT_SWITCHING_RESET_IND, 1));
 }
 
 template <class W, class R>
-bool sending_bspm(W& w, R& r) {
-  if (!w(F(SENDING_BSPM, 1))) return false;
-  if (r.SENDING_BSPM) {
-    if (!w(F(BSPM_PERIOD_INDEX, 4))) return false;
-  }
-  return true;
-}
-
-template <class W, class R>
-bool cand_bands(W& w, R& r, const Ctx& c, const char* header) {
-  if (!w(F(CAND_BAND_INFO_REQ, 1))) return false;
-  if (!r.CAND_BAND_INFO_REQ) return true;
-  if (!w(F(NUM_CAND_BAND_CLASS, 3))) return false;
+void cand_bands(W& w, R& r, const Ctx& c) {
+  w(F(CAND_BAND_INFO_REQ, 1));
+  if (!r.CAND_BAND_INFO_REQ) return;
+  w(F(NUM_CAND_BAND_CLASS, 3));
   // NUM_CAND_BAND_CLASS is one less than the number of candidate band classes.
-  return w.records("CAND_BAND_CLASSs", header, r.CAND_BAND_CLASSs, r.NUM_CAND_BAND_CLASS + 1u, c);
+  w.records("CAND_BAND_CLASSs", r.CAND_BAND_CLASSs, r.NUM_CAND_BAND_CLASS + 1u, c);
 }
 
 template <class W, class R>
-bool tx_pwr_limit_bypass(W& w, R& r) {
-  if (!fwd::tx_pwr_limit(w, r)) return false;
-  if (!w(F(BYPASS_REG_IND, 2))) return false;
-  return true;
+void tx_pwr_limit_bypass(W& w, R& r) {
+  fwd::tx_pwr_limit(w, r);
+  w(F(BYPASS_REG_IND, 2));
 }
 
 // A candidate band class the mobile station is asked about (P_REV 10).
@@ -398,62 +351,53 @@ void layout(W& w, FC_ESPM& r, const Ctx& c) {
   w(F(NGHBR_SET_ACCESS_INFO, 1));
   if (r.NGHBR_SET_ACCESS_INFO) {
     w(F(ACCESS_HO, 1));
-    if (r.ACCESS_HO) w(F(ACCESS_HO_MSG_RSP, 1));
-    w(F(ACCESS_PROBE_HO, 1));
-    if (r.ACCESS_PROBE_HO) w(F(ACC_HO_LIST_UPD, 1), F(ACC_PROBE_HO_OTHER_MSG, 1), F(MAX_NUM_PROBE_HO, 3));
+    access_handoff(w, r);
   }
   if (r.NGHBR_SET_ENTRY_INFO || r.NGHBR_SET_ACCESS_INFO) {
     w(F(NGHBR_SET_SIZE, 6));
-    if (r.NGHBR_SET_ENTRY_INFO && !w.scalars("ACCESS_ENTRY_HO", r.ACCESS_ENTRY_HO, r.NGHBR_SET_SIZE, 1)) return;
-    if (r.NGHBR_SET_ACCESS_INFO && !w.scalars("ACCESS_HO_ALLOWED", r.ACCESS_HO_ALLOWED, r.NGHBR_SET_SIZE, 1))
-      return;
+    if (r.NGHBR_SET_ENTRY_INFO) w.scalars("ACCESS_ENTRY_HO", r.ACCESS_ENTRY_HO, r.NGHBR_SET_SIZE, 1);
+    if (r.NGHBR_SET_ACCESS_INFO) w.scalars("ACCESS_HO_ALLOWED", r.ACCESS_HO_ALLOWED, r.NGHBR_SET_SIZE, 1);
   }
 
   // From here the groups follow the revision the message itself announces in P_REV.
   if (r.P_REV < 6) return;
   w(F(BROADCAST_GPS_ASST, 1), F(QPCH_SUPPORTED, 1));
-  if (r.QPCH_SUPPORTED) {
-    w(F(NUM_QPCH, 2), F(QPCH_RATE, 1), F(QPCH_POWER_LEVEL_PAGE, 3), F(QPCH_CCI_SUPPORTED, 1));
-    if (r.QPCH_CCI_SUPPORTED) w(F(QPCH_POWER_LEVEL_CONFIG, 3));
-  }
+  if (r.QPCH_SUPPORTED) qpch(w, r);
   w(F(SDB_SUPPORTED, 1), F(RLGAIN_TRAFFIC_PILOT, 6), F(REV_PWR_CNTL_DELAY_INCL, 1));
   if (r.REV_PWR_CNTL_DELAY_INCL) w(F(REV_PWR_CNTL_DELAY, 2));
 
   if (r.P_REV < 7) return;
-  w(F(AUTO_MSG_SUPPORTED, 1));
-  if (r.AUTO_MSG_SUPPORTED) w(F(AUTO_MSG_INTERVAL, 3));
+  flagged(w, F(AUTO_MSG_SUPPORTED, 1), F(AUTO_MSG_INTERVAL, 3));
   w(F(MOB_QOS, 1), F(ENC_SUPPORTED, 1));
-  if (r.ENC_SUPPORTED) w(F(SIG_ENCRYPT_SUP, 8), F(UI_ENCRYPT_SUP, 8));
+  encryption(w, r);
   w(F(USE_SYNC_ID, 1), F(CS_SUPPORTED, 1), F(BCCH_SUPPORTED, 1), F(MS_INIT_POS_LOC_SUP_IND, 1),
     F(PILOT_INFO_REQ_SUPPORTED, 1));
 
   if (r.P_REV < 8) return;
   // The broadcast-indicator fields of the quick paging channel come here, after the release
   // A fields, not next to the other QPCH fields.
-  if (r.QPCH_SUPPORTED) {
-    w(F(QPCH_BI_SUPPORTED, 1));
-    if (r.QPCH_BI_SUPPORTED) w(F(QPCH_POWER_LEVEL_BCAST, 3));
-  }
-  if (!alt_band_class(w, r)) return;
-  if (!cdma_off_time_rep(w, r)) return;
+  if (r.QPCH_SUPPORTED) flagged(w, F(QPCH_BI_SUPPORTED, 1), F(QPCH_POWER_LEVEL_BCAST, 3));
+  flagged(w, F(BAND_CLASS_INFO_REQ, 1), F(ALT_BAND_CLASS, 5));
+  flagged(w, F(CDMA_OFF_TIME_REP_SUP_IND, 1), F(CDMA_OFF_TIME_REP_THRESHOLD_UNIT, 1),
+          F(CDMA_OFF_TIME_REP_THRESHOLD, 3));
 
   if (r.P_REV < 9) return;
   w(F(CHM_SUPPORTED, 1), F(RELEASE_TO_IDLE_IND, 1), F(RECONNECT_MSG_IND, 1), F(MSG_INTEGRITY_SUP, 1));
-  if (!sig_integrity(w, r)) return;
-  if (!for_pdch(w, r, c, "FC_ESPM_PDCCH_WALSHs")) return;
-  if (!imsi_10(w, r)) return;
+  sig_integrity(w, r);
+  for_pdch(w, r, c);
+  flagged(w, F(IMSI_10_INCL, 1), F(IMSI_10, 4));
 
   if (r.P_REV < 10) return;
   if (r.CS_SUPPORTED) w(F(MAX_ADD_SERV_INSTANCE, 3));
   w(F(RER_MODE_SUPPORTED, 1), F(TKZ_MODE_SUPPORTED, 1));
-  if (!tkz_id(w, r)) return;
+  if (r.TKZ_MODE_SUPPORTED) w(F(TKZ_ID, 8));
   fwd::pz_hysteresis(w, r);
-  if (!ext_pref_msid(w, r)) return;
+  ext_pref_msid(w, r);
   w(F(AUTO_FCSO_ALLOWED, 1));
-  if (r.FOR_PDCH_SUPPORTED && !rev_pdch(w, r)) return;
+  if (r.FOR_PDCH_SUPPORTED) rev_pdch(w, r);
   if (r.RECONNECT_MSG_IND && r.SDB_SUPPORTED) w(F(SDB_IN_RCNM_IND, 1));
-  if (!sending_bspm(w, r)) return;
-  if (!cand_bands(w, r, c, "FC_ESPM_CAND_BAND_CLASSs")) return;
+  flagged(w, F(SENDING_BSPM, 1), F(BSPM_PERIOD_INDEX, 4));
+  cand_bands(w, r, c);
   tx_pwr_limit_bypass(w, r);
 }
 
@@ -505,16 +449,15 @@ void layout(W& w, FC_A41SPM& r, const Ctx& c) {
 
   if (c.p_rev < 9) return;
   w(F(MSG_INTEGRITY_SUP, 1));
-  if (!sig_integrity(w, r)) return;
-  if (!imsi_10(w, r)) return;
+  sig_integrity(w, r);
+  flagged(w, F(IMSI_10_INCL, 1), F(IMSI_10, 4));
 
   if (c.p_rev < 10) return;
   if (r.CS_SUPPORTED) w(F(MAX_ADD_SERV_INSTANCE, 3));
   w(F(TKZ_MODE_SUPPORTED, 1));
-  if (!tkz_id(w, r)) return;
+  if (r.TKZ_MODE_SUPPORTED) w(F(TKZ_ID, 8));
   fwd::pz_hysteresis(w, r);
-
-  if (!ext_pref_msid(w, r)) return;
+  ext_pref_msid(w, r);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -595,7 +538,8 @@ constexpr u8 kMcrrRelD = 10, kMcrrRelE = 11;
 
 // NUM_OPT_MSG counts the one-bit "this optional message is sent" flags that follow. Up to
 // release C four are named and the rest are reserved; release E names eleven. Whether release D
-// names any past the fourth is not known here, so such a message is refused at them.
+// names any past the fourth is not known here, so such a message is refused at them: then this
+// returns false, and nothing after the flags is shown.
 template <class W>
 bool optional_messages(W& w, FC_MCRRPM& r) {
   const struct {
@@ -614,65 +558,50 @@ bool optional_messages(W& w, FC_MCRRPM& r) {
                {&FC_MCRRPM::FREQ_GEN_OVHD_INF_IND, "FREQ_GEN_OVHD_INF_IND"}};
   const unsigned known = r.P_REV >= kMcrrRelE ? 11u : 4u;
   const unsigned named = r.NUM_OPT_MSG < known ? r.NUM_OPT_MSG : known;
-  if (!w.need(named)) return false;
-  for (unsigned k = 0; k < named; ++k) w.u(r.*flags[k].field, flags[k].name, 1);
-  if (r.NUM_OPT_MSG <= known) return true;
-  if (r.P_REV == kMcrrRelD) {
-    (void)w.reject(Rc::count);
+  // The named flags are one group whose width NUM_OPT_MSG gives at run time: none is read
+  // unless all of them are there.
+  if (w.need(named)) {
+    for (unsigned k = 0; k < named; ++k) w(field(r.*flags[k].field, flags[k].name, 1));
+  }
+  if (r.NUM_OPT_MSG > known && r.P_REV == kMcrrRelD) {
+    w.reject(Rc::count);
     return false;
   }
-  // reserved
-  if (!w(reserved(r.NUM_OPT_MSG - known))) return false;
+  if (r.NUM_OPT_MSG > known) w(reserved(r.NUM_OPT_MSG - known));
   return true;
 }
 
-// The common channel information, present when CCH_INFO_INCL is 1.
+// The common channel information, present when CCH_INFO_INCL is 1; false where the message is
+// refused inside it.
 template <class W>
 bool common_channels(W& w, FC_MCRRPM& r, const Ctx& c) {
   // MCC .. RESELECT_INCLUDED
-  if (!w(F(MCC, 10), F(IMSI_11_12, 7), F(MAX_SLOT_CYCLE_INDEX, 3), F(PWR_REP_THRESH, 5), F(PWR_REP_FRAMES, 4),
-         F(PWR_THRESH_ENABLE, 1), F(PWR_PERIOD_ENABLE, 1), F(PWR_REP_DELAY, 5), F(RESELECT_INCLUDED, 1))) return false;
-  if (r.RESELECT_INCLUDED) {
-    if (!w(F(EC_THRESH, 5), F(EC_I0_THRESH, 5))) return false;
-  }
-  // BASE_LAT .. ACCESS_HO
-  if (!w(F(BASE_LAT, 22), F(BASE_LONG, 23), F(PILOT_REPORT, 1), F(ACC_ENT_HO_ORDER, 1), F(ACCESS_HO, 1))) return false;
-  if (r.ACCESS_HO) {
-    if (!w(F(ACCESS_HO_MSG_RSP, 1))) return false;
-  }
-  if (!w(F(ACCESS_PROBE_HO, 1))) return false;
-  if (r.ACCESS_PROBE_HO) {
-    if (!w(F(ACC_HO_LIST_UPD, 1), F(ACC_PROBE_HO_OTHER_MSG, 1), F(MAX_NUM_PROBE_HO, 3))) return false;
-  }
+  w(F(MCC, 10), F(IMSI_11_12, 7), F(MAX_SLOT_CYCLE_INDEX, 3), F(PWR_REP_THRESH, 5), F(PWR_REP_FRAMES, 4),
+    F(PWR_THRESH_ENABLE, 1), F(PWR_PERIOD_ENABLE, 1), F(PWR_REP_DELAY, 5), F(RESELECT_INCLUDED, 1));
+  if (r.RESELECT_INCLUDED) w(F(EC_THRESH, 5), F(EC_I0_THRESH, 5));
+  w(F(BASE_LAT, 22), F(BASE_LONG, 23), F(PILOT_REPORT, 1), F(ACC_ENT_HO_ORDER, 1), F(ACCESS_HO, 1));
+  access_handoff(w, r);
 
   // The rate fields are sent even when no F-CCCH is; NUM_FCCCH is the number of code channels
   // itself, not one less.
-  if (!w(F(NUM_FCCCH, 3), F(FCCCH_RATE, 3), F(FCCCH_CODE_RATE, 1))) return false;
-  if (!w.scalars("FCCCH_CODE_CHAN", r.FCCCH_CODE_CHAN, r.NUM_FCCCH, 8)) return false;
-  if (!w(F(BCAST_INDEX, 3), F(NUM_BCCH_BCAST, 3))) return false;
-  if (!w.records("BCCH_BCASTs", r.BCCH_BCASTs, r.NUM_BCCH_BCAST, c)) return false;
+  w(F(NUM_FCCCH, 3), F(FCCCH_RATE, 3), F(FCCCH_CODE_RATE, 1));
+  w.scalars("FCCCH_CODE_CHAN", r.FCCCH_CODE_CHAN, r.NUM_FCCCH, 8);
+  w(F(BCAST_INDEX, 3), F(NUM_BCCH_BCAST, 3));
+  w.records("BCCH_BCASTs", r.BCCH_BCASTs, r.NUM_BCCH_BCAST, c);
 
-  if (!w(F(QPCH_SUPPORTED, 1))) return false;
+  w(F(QPCH_SUPPORTED, 1));
   if (r.QPCH_SUPPORTED) {
-    if (!w(F(NUM_QPCH, 2), F(QPCH_RATE, 1), F(QPCH_POWER_LEVEL_PAGE, 3), F(QPCH_CCI_SUPPORTED, 1))) return false;
-    if (r.QPCH_CCI_SUPPORTED) {
-      if (!w(F(QPCH_POWER_LEVEL_CONFIG, 3))) return false;
-    }
+    qpch(w, r);
     // Only a spreading rate 3 common channel names the quick paging code channels.
-    if (r.SR3_INCL && !w.scalars("QPCH_CODE_CHAN", r.QPCH_CODE_CHAN, r.NUM_QPCH, 8)) return false;
-    if (!w(F(QPCH_BI_SUPPORTED, 1))) return false;
-    if (r.QPCH_BI_SUPPORTED) {
-      if (!w(F(QPCH_POWER_LEVEL_BCAST, 3))) return false;
-    }
+    if (r.SR3_INCL) w.scalars("QPCH_CODE_CHAN", r.QPCH_CODE_CHAN, r.NUM_QPCH, 8);
+    flagged(w, F(QPCH_BI_SUPPORTED, 1), F(QPCH_POWER_LEVEL_BCAST, 3));
   }
 
-  if (!w(F(SDB_SUPPORTED, 1), F(BROADCAST_GPS_ASST, 1), F(RLGAIN_TRAFFIC_PILOT, 6), F(REV_PWR_CNTL_DELAY_INCL, 1))) return false;
-  if (r.REV_PWR_CNTL_DELAY_INCL) {
-    if (!w(F(REV_PWR_CNTL_DELAY, 2))) return false;
-  }
-  if (!w(F(MOB_QOS, 1), F(USE_SYNC_ID, 1), F(NUM_OPT_MSG, 4))) return false;
+  w(F(SDB_SUPPORTED, 1), F(BROADCAST_GPS_ASST, 1), F(RLGAIN_TRAFFIC_PILOT, 6), F(REV_PWR_CNTL_DELAY_INCL, 1));
+  if (r.REV_PWR_CNTL_DELAY_INCL) w(F(REV_PWR_CNTL_DELAY, 2));
+  w(F(MOB_QOS, 1), F(USE_SYNC_ID, 1), F(NUM_OPT_MSG, 4));
   if (!optional_messages(w, r)) return false;
-  if (!w(F(PILOT_INFO_REQ_SUPPORTED, 1))) return false;
+  w(F(PILOT_INFO_REQ_SUPPORTED, 1));
   return true;
 }
 
@@ -681,15 +610,14 @@ void layout(W& w, FC_MCRRPM& r, const Ctx& c) {
   // PILOT_PN .. SR3_INCL
   w(F(PILOT_PN, 9), F(CONFIG_MSG_SEQ, 6), F(BASE_ID, 16), F(P_REV, 8), F(MIN_P_REV, 8), F(SR3_INCL, 1));
   if (r.SR3_INCL) {
-    w(F(SR3_CENTER_FREQ_INCL, 1));
-    if (r.SR3_CENTER_FREQ_INCL) w(F(SR3_CENTER_FREQ, 11));
+    flagged(w, F(SR3_CENTER_FREQ_INCL, 1), F(SR3_CENTER_FREQ, 11));
     w(F(SR3_BRAT, 2), F(SR3_BCCH_CODE_CHAN, 7), F(SR3_PRIMARY_PILOT, 2), F(SR3_PILOT_POWER1, 3),
       F(SR3_PILOT_POWER2, 3));
   }
   // SRCH_WIN_A .. ENC_SUPPORTED
   w(F(SRCH_WIN_A, 4), F(SRCH_WIN_R, 4), F(T_ADD, 6), F(T_DROP, 6), F(T_COMP, 4), F(T_TDROP, 4), F(NGHBR_MAX_AGE, 4),
     F(SOFT_SLOPE, 6), F(ADD_INTERCEPT, 6), F(DROP_INTERCEPT, 6), F(ENC_SUPPORTED, 1));
-  if (r.ENC_SUPPORTED) w(F(SIG_ENCRYPT_SUP, 8), F(UI_ENCRYPT_SUP, 8));
+  encryption(w, r);
   w(F(ADD_FIELDS_LEN, 8));
   if (r.ADD_FIELDS_LEN) {   // octets kept for fields a later revision may define
     w(F(ADD_FIELDS, 8u * r.ADD_FIELDS_LEN));
@@ -698,34 +626,33 @@ void layout(W& w, FC_MCRRPM& r, const Ctx& c) {
   if (r.CCH_INFO_INCL && !common_channels(w, r, c)) return;
 
   if (r.P_REV < 8) return;
-  if (r.CCH_INFO_INCL) {
-    if (!alt_band_class(w, r)) return;
-  }
-  if (!cdma_off_time_rep(w, r)) return;
+  if (r.CCH_INFO_INCL) flagged(w, F(BAND_CLASS_INFO_REQ, 1), F(ALT_BAND_CLASS, 5));
+  flagged(w, F(CDMA_OFF_TIME_REP_SUP_IND, 1), F(CDMA_OFF_TIME_REP_THRESHOLD_UNIT, 1),
+          F(CDMA_OFF_TIME_REP_THRESHOLD, 3));
 
   if (r.P_REV < 9) return;
   w(F(CHM_SUPPORTED, 1), F(RELEASE_TO_IDLE_IND, 1), F(RECONNECT_MSG_IND, 1), F(T_TDROP_RANGE_INCL, 1));
   if (r.T_TDROP_RANGE_INCL) w(F(T_TDROP_RANGE, 4));
-  if (!for_pdch(w, r, c, "FC_MCRRPM_PDCCH_WALSHs")) return;
-  if (r.CCH_INFO_INCL && !imsi_10(w, r)) return;
+  for_pdch(w, r, c);
+  if (r.CCH_INFO_INCL) flagged(w, F(IMSI_10_INCL, 1), F(IMSI_10, 4));
 
   // Release D: the groups of the extended system parameters, led by the negative slot cycle
   // index of the system parameters; here SENDING_BSPM comes before the R-PDCH group and RESCAN
   // before the transmit power limit.
   if (r.P_REV < kMcrrRelD) return;
   w(F(NEG_SLOT_CYCLE_INDEX_SUP, 1), F(RER_MODE_SUPPORTED, 1), F(AUTO_FCSO_ALLOWED, 1));
-  if (!sending_bspm(w, r)) return;
-  if (r.FOR_PDCH_SUPPORTED && !rev_pdch(w, r)) return;
+  flagged(w, F(SENDING_BSPM, 1), F(BSPM_PERIOD_INDEX, 4));
+  if (r.FOR_PDCH_SUPPORTED) rev_pdch(w, r);
   // SDB_SUPPORTED is part of the common channel information; without it the zeroed record
   // reads 0 and the indicator is absent.
   if (r.RECONNECT_MSG_IND && r.SDB_SUPPORTED) w(F(SDB_IN_RCNM_IND, 1));
-  if (!cand_bands(w, r, c, "FC_MCRRPM_CAND_BAND_CLASSs")) return;
+  cand_bands(w, r, c);
   w(F(RESCAN, 1));
-  if (!tx_pwr_limit_bypass(w, r)) return;
+  tx_pwr_limit_bypass(w, r);
 
   if (r.P_REV < kMcrrRelE) return;
   w(F(RC_BITMAP_CAPABILITY_EXT_ALLOWED, 1), F(CRRM_MSG_IND, 1));
-  (void)w.reject(Rc::count);   // APPIM_PERIOD_INDEX is next
+  w.reject(Rc::count);   // APPIM_PERIOD_INDEX is next
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -790,10 +717,12 @@ struct FC_EAPM_MODE_PARM_REC {
   u8 EACH_SLOT, EACH_SLOT_OFFSET1, EACH_SLOT_OFFSET2;
 };
 
+// EACH_PARM_REC_LEN counts the record from its own first bit. The record may declare octets
+// beyond the fields known here (padding or later additions): the walk moves on past them.
 template <class W>
 void layout(W& w, FC_EAPM_MODE_PARM_REC& r, const Ctx&) {
-  [[maybe_unused]] std::uint64_t at = 0;
-  if constexpr (W::kReading) at = w.pos();   // EACH_PARM_REC_LEN counts from its own first bit
+  const std::uint64_t room = w.left();
+  auto end = w.declared_end();
   // EACH_PARM_REC_LEN .. EACH_PREAMBLE_ENABLED
   w(F(EACH_PARM_REC_LEN, 4), F(APPLICABLE_MODES, 8), F(EACH_NOM_PWR, 5), F(EACH_INIT_PWR, 5), F(EACH_PWR_STEP, 3),
     F(EACH_NUM_STEP, 4), F(EACH_PREAMBLE_ENABLED, 1));
@@ -803,12 +732,9 @@ void layout(W& w, FC_EAPM_MODE_PARM_REC& r, const Ctx&) {
   }
   w(F(EACH_ACCESS_THRESH, 6), F(EACH_PROBE_BKOFF, 4), F(EACH_BKOFF, 4), F(EACH_SLOT, 6), F(EACH_SLOT_OFFSET1, 6),
     F(EACH_SLOT_OFFSET2, 6));
-  if constexpr (W::kReading) {
-    // Reading only: the record may declare octets beyond the fields known here (padding or
-    // later additions); they are stepped over, never shown.
-    const std::uint64_t used = w.pos() - at, declared = 8u * r.EACH_PARM_REC_LEN;
-    if (declared > used) w(reserved(declared - used));
-  }
+  end.at(8u * r.EACH_PARM_REC_LEN);
+  // A record longer than what is left of the message makes the message short.
+  if (8u * r.EACH_PARM_REC_LEN > room) w.reject(Rc::short_msg);
 }
 
 struct FC_EAPM_BA_PARMS_REC {
@@ -900,7 +826,7 @@ void layout(W& w, FC_EAPM& r, const Ctx& c) {
 
   w(F(ACCT_INCL, 1));
   if (!r.ACCT_INCL) return;
-  acct(w, r, c, {"ACCT_SO_REC", "FC_EAPM_ACCT_SO_REC", "ACCT_SO_GRP_REC", "FC_EAPM_ACCT_SO_GRP_REC"});
+  acct(w, r, c, "ACCT_SO_REC", "ACCT_SO_GRP_REC");
 }
 
 }  // namespace
