@@ -106,19 +106,15 @@ struct Toy {
 };
 template <class W>
 void layout(W& w, Inner& r, const Ctx&) {
-  if (!w.need(4)) return;
-  w.u(r.A, "A", 4);
+  w(F(A, 4));
 }
 template <class W>
 void layout(W& w, Toy& r, const Ctx& c) {
-  if (!w.need(6)) return;
-  w.u(r.N, "N", 3);
-  w.u(r.LEN, "LEN", 3);
-  if (!w.count(r.N, 5)) return;
-  if (!w.counted("items", "Toy_items", r.items, r.N, c)) return;
-  if (!w.sized("rec", r.sized_rec, r.LEN * 8u, c)) return;
-  if (!w.need(2)) return;
-  w.u(r.AFTER, "AFTER", 2);
+  w(F(N, 3), F(LEN, 3));
+  if (!w.at_most(r.N, 5)) return;
+  w.records("items", r.items, r.N, c);
+  w.sized("rec", r.sized_rec, r.LEN * 8u, c);
+  w(F(AFTER, 2));
 }
 
 Toy run(const std::vector<std::uint8_t>& buf, std::uint64_t avail, Rc& rc, std::uint64_t& consumed, Arena& a) {
@@ -128,7 +124,7 @@ Toy run(const std::vector<std::uint8_t>& buf, std::uint64_t avail, Rc& rc, std::
   return t;
 }
 
-TEST(Walkers, CountedSizedAndCountChecks) {
+TEST(Walkers, RecordsSizedAndCountChecks) {
   Arena a;
   Rc rc;
   std::uint64_t used;
@@ -151,6 +147,11 @@ TEST(Walkers, CountedSizedAndCountChecks) {
   t = run(buf, 6 + 8 + 16 + 1, rc, used, a);
   EXPECT_EQ(rc, Rc::short_msg);
   EXPECT_EQ(t.sized_rec.A, 0xC);
+  // One bit short of the first group: none of it is read.
+  t = run(buf, 5, rc, used, a);
+  EXPECT_EQ(rc, Rc::short_msg);
+  EXPECT_EQ(t.N, 0);
+  EXPECT_EQ(t.LEN, 0);
   // A count above the capacity: result 1 before any item is read.
   auto big = test::Bits().put(6, 3).put(0, 3).message(0);
   t = run(big, 64, rc, used, a);
@@ -173,13 +174,81 @@ TEST(Walkers, HugeCountsNeitherWrapNorReadOutside) {
   const std::uint8_t b[1] = {0xFF};
   ReadWalk w(a, b, 1, 0, ~std::uint64_t{0} >> 1);   // a bit count far beyond the buffer
   std::uint32_t v = 1;
-  ASSERT_TRUE(w.need(32));
-  w.u(v, "X", 32);
+  ASSERT_TRUE(w(field(v, "X", 32)));
   EXPECT_EQ(v, 0xFF000000u);                        // outside the buffer reads as zero
   w.skip(~std::uint64_t{0} >> 2);
   EXPECT_FALSE(w.need(~std::uint64_t{0} >> 1));
   EXPECT_EQ(w.rc(), Rc::short_msg);
   EXPECT_EQ(w.left(), 0u);
+}
+
+// A part that states its own length: the reader moves on to its declared end, never past the
+// message; records paired with an array read before see their own element's context.
+struct Part {
+  std::uint8_t LEN, X;
+};
+struct WidthCtx : Ctx {
+  std::uint8_t width;
+};
+template <class W>
+void layout(W& w, Part& r, const Ctx&) {
+  auto end = w.declared_end();
+  w(F(LEN, 4));
+  end.at(8u * r.LEN);
+  w(F(X, 4));
+}
+struct Scaled {
+  std::uint8_t V;
+};
+template <class W>
+void layout(W& w, Scaled& r, const WidthCtx& c) {
+  w(F(V, c.width));
+}
+struct PairedScaled {
+  std::uint8_t NUM;
+  PoolArray<std::uint8_t> WIDTH;
+  PoolArray<Scaled> items;
+  Part part;
+  std::uint8_t AFTER;
+};
+template <class W>
+void layout(W& w, PairedScaled& r, const Ctx& c) {
+  w(F(NUM, 2));
+  w.scalars("WIDTH", r.WIDTH, r.NUM, 3);
+  w.alongside("items", r.items, r.WIDTH.count, [&](std::uint32_t k) {
+    WidthCtx wc{c};
+    wc.width = r.WIDTH[k];
+    return wc;
+  });
+  w.sub("part", r.part, c);
+  w(F(AFTER, 4));
+}
+
+TEST(Walkers, DeclaredEndsAndPairedRecords) {
+  Arena a;
+  // NUM 2, widths 3 and 5, values 5 (3 bits) and 17 (5 bits); a part of LEN 2 octets holding X
+  // in its first 8 bits, then AFTER.
+  const auto buf =
+      test::Bits().put(2, 2).put(3, 3).put(5, 3).put(5, 3).put(17, 5).put(2, 4).put(9, 4).put(0, 8).put(6, 4).message(0);
+  PairedScaled r{};
+  std::uint64_t used = 0;
+  ASSERT_EQ(decode(r, Ctx{}, a, buf.data(), buf.size(), 0, 36, &used), Rc::ok);
+  EXPECT_EQ(used, 36u);
+  ASSERT_EQ(r.items.count, 2u);
+  EXPECT_EQ(r.items[0].V, 5);
+  EXPECT_EQ(r.items[1].V, 17);
+  EXPECT_EQ(r.part.X, 9);
+  EXPECT_EQ(r.AFTER, 6);
+  Text t;
+  print(r, Ctx{}, "P", 0, t);
+  EXPECT_EQ(t.str(), test::lines({"P", "{", "   NUM = 2", "   WIDTH[0] = 3", "   WIDTH[1] = 5", "   items[0] = P_items",
+                                  "   {", "      V = 5", "   }", "   items[1] = P_items", "   {", "      V = 17", "   }",
+                                  "   part = P_part", "   {", "      LEN = 2", "      X = 9", "   }", "   AFTER = 6", "}"}));
+  // A declared end beyond the message leaves the walk at its end: AFTER is short.
+  const auto cut = test::Bits().put(0, 2).put(15, 4).put(1, 4).put(0, 2).message(0);
+  PairedScaled s{};
+  EXPECT_EQ(decode(s, Ctx{}, a, cut.data(), cut.size(), 0, 12, &used), Rc::short_msg);
+  EXPECT_EQ(s.part.X, 1);
 }
 
 }  // namespace

@@ -194,26 +194,6 @@ class ReadWalk {
   Rc rc() const { return rc_; }
   Arena& arena() { return arena_; }
 
-  // ---- Verbs being retired (kept while layouts move to the group form) ----
-  [[nodiscard]] bool count(std::uint32_t n, std::uint32_t capacity) { return at_most(n, capacity); }
-  template <class T>
-  void u(T& f, const char* name, unsigned width) {
-    if (rc_ != Rc::ok) return;
-    take(Field<T>{f, name, width, kLookUp});
-  }
-  void bits(Bytes& f, const char* name, std::uint32_t width) {
-    if (rc_ != Rc::ok) return;
-    take(Field<Bytes>{f, name, width, kLookUp});
-  }
-  template <class R, class C>
-  bool padded(const char* label, const char* header, R& rec, std::uint64_t declared, const C& c) {
-    return at_least(label, header, rec, declared, c);
-  }
-  template <class T, class C>
-  bool counted(const char* label, const char* header, PoolArray<T>& a, std::uint32_t n, const C& c) {
-    return records(label, header, a, n, c);
-  }
-
  private:
   void trace(std::string name, std::uint32_t width) {
     if (g_read_trace) g_read_trace->push_back(TraceItem{std::move(name), pos_, width});

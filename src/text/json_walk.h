@@ -146,26 +146,6 @@ class JsonWalk {
     record(j, Header{nullptr, header}, indent, rec, c);
   }
 
-  // ---- Verbs being retired (kept while the last layouts move to the group form) ----
-  bool count(std::uint32_t, std::uint32_t) { return true; }
-  template <class T>
-  void u(const T& f, const char* name, unsigned width) {
-    flush();
-    scalar(name, static_cast<std::uint32_t>(f), width);
-  }
-  void bits(const Bytes& f, const char* name, std::uint32_t width) {
-    flush();
-    put(Field<Bytes>{const_cast<Bytes&>(f), name, width, kLookUp});
-  }
-  template <class R, class C>
-  bool padded(const char* label, const char* header, R& rec, std::uint64_t, const C& c) {
-    return sub(label, header, rec, c);
-  }
-  template <class T, class C>
-  bool counted(const char* label, const char* header, PoolArray<T>& a, std::uint32_t n, const C& c) {
-    return records(label, header, a, n, c);
-  }
-
  private:
   void flush() {
     if (frag_.empty()) return;

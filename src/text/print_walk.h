@@ -130,22 +130,6 @@ class PrintWalk {
     record(t, Header{nullptr, header}, indent, rec, c);
   }
 
-  // ---- Verbs being retired (kept while layouts move to the group form) ----
-  bool count(std::uint32_t, std::uint32_t) { return true; }
-  template <class T>
-  void u(const T& f, const char* name, unsigned width) {
-    line(name, static_cast<std::uint32_t>(f), width);
-  }
-  void bits(const Bytes& f, const char* name, std::uint32_t width) { put(Field<const Bytes>{f, name, width, kLookUp}); }
-  template <class R, class C>
-  bool padded(const char* label, const char* header, R& rec, std::uint64_t, const C& c) {
-    return sub(label, header, rec, c);
-  }
-  template <class T, class C>
-  bool counted(const char* label, const char* header, PoolArray<T>& a, std::uint32_t n, const C& c) {
-    return records(label, header, a, n, c);
-  }
-
  private:
   template <class R, class C>
   bool sub(const char* label, const Header& header, R& rec, const C& c) {
