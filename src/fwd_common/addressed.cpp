@@ -116,20 +116,6 @@ void layout(W& w, FC_PACAM& r, const Ctx&) {
   w(reserved(7), F(PURPOSE, 4), F(Q_POS, 8), F(PACA_TIMEOUT, 3));
 }
 
-// User Zone Reject Message (3.7.2.3.2.28).
-struct FC_UZRM {
-  std::uint16_t REJECT_UZID;
-  std::uint8_t REJECT_ACTION_INDI;
-  std::uint8_t UZID_ASSIGN_INCL;
-  std::uint16_t ASSIGN_UZID;
-};
-
-template <class W>
-void layout(W& w, FC_UZRM& r, const Ctx&) {
-  w(F(REJECT_UZID, 16), F(REJECT_ACTION_INDI, 3), F(UZID_ASSIGN_INCL, 1));
-  if (r.UZID_ASSIGN_INCL) w(F(ASSIGN_UZID, 16));
-}
-
 // Security Mode Command Message (3.7.2.3.2.34). The message integrity fields arrived with
 // P_REV 9; Releases D and E add nothing to the message.
 struct FC_SMCM {
@@ -163,7 +149,7 @@ Rows paging_addressed_rows() {
       {16, "SRDM", body_ops<FC_SRDM>(), kAddressedPdu, kAddressedSdu},
       {19, "TASM", body_ops<fwd::TmsiAssignment>(), kAddressedPdu, kAddressedSdu},
       {20, "PACAM", body_ops<FC_PACAM>(), kAddressedPdu, kAddressedSdu},
-      {28, "UZRM", body_ops<FC_UZRM>(), kBroadcastPdu, kAddressedSdu},
+      {28, "UZRM", body_ops<fwd::UserZoneReject>(), kBroadcastPdu, kAddressedSdu},
       {34, "SMCM", body_ops<FC_SMCM>(), kAddressedPdu, kAddressedSdu},
       {44, "AUREQM", body_ops<fwd::AuthRequest>(), kSilent, kAddressedSdu},
   };

@@ -251,20 +251,7 @@ void layout(W& w, FD_SRDM& r, const Ctx& c) {
   w.sized("TypeSpecificFields", r.RECORD, 8u * r.RECORD_LEN, rc);
 }
 
-// ---- User Zone Reject (37) and User Zone Update (38) Messages ---------------------------
-
-struct FD_UZRM {
-  std::uint16_t REJECT_UZID;
-  std::uint8_t REJECT_ACTION_INDI;
-  std::uint8_t UZID_ASSIGN_INCL;
-  std::uint16_t ASSIGN_UZID;
-};
-
-template <class W>
-void layout(W& w, FD_UZRM& r, const Ctx&) {
-  w(F(REJECT_UZID, 16), F(REJECT_ACTION_INDI, 3), F(UZID_ASSIGN_INCL, 1));
-  if (r.UZID_ASSIGN_INCL) w(F(ASSIGN_UZID, 16));
-}
+// ---- User Zone Reject (37: forward_shared.h) and User Zone Update (38) Messages ------------
 
 struct FD_UZUM {
   std::uint16_t UZID;
@@ -560,7 +547,7 @@ Rows fd_message_rows() {
       {22, "TASM", body_ops<fwd::TmsiAssignment>()},
       {23, "SRDM", body_ops<FD_SRDM>()},
       {33, "ERM", body_ops<FD_ERM>()},
-      {37, "UZRM", body_ops<FD_UZRM>()},
+      {37, "UZRM", body_ops<fwd::UserZoneReject>()},
       {38, "UZUM", body_ops<FD_UZUM>()},
       {39, "CLAM", body_ops<FD_CLAM>()},
       {43, "SMCM", body_ops<FD_SMCM>()},

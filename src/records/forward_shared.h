@@ -41,6 +41,20 @@ void layout(W& w, DataBurst& r, const Ctx& c) {
   }
 }
 
+// User Zone Reject Message (3.7.2.3.2.28 paging, 3.7.3.3.2.37 traffic).
+struct UserZoneReject {
+  std::uint16_t REJECT_UZID;
+  std::uint8_t REJECT_ACTION_INDI;
+  std::uint8_t UZID_ASSIGN_INCL;
+  std::uint16_t ASSIGN_UZID;
+};
+
+template <class W>
+void layout(W& w, UserZoneReject& r, const Ctx&) {
+  w(F(REJECT_UZID, 16), F(REJECT_ACTION_INDI, 3), F(UZID_ASSIGN_INCL, 1));
+  if (r.UZID_ASSIGN_INCL) w(F(ASSIGN_UZID, 16));
+}
+
 // Authentication Challenge Message. GEN_CMEAKEY arrived with Release D.
 struct AuthChallenge {
   std::uint32_t RANDU;
