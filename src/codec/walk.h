@@ -63,6 +63,7 @@ namespace cs {
 
 class Arena;
 class Text;
+class CompactOut;
 
 // Result codes of every decode.
 enum class Rc : std::uint32_t { ok = 0, count = 1, short_msg = 3 };
@@ -133,6 +134,8 @@ struct BodyOps {
   Rc (*decode)(void* rec, const Ctx& c, Arena& arena, const std::uint8_t* buf, std::size_t buf_bytes,
                std::uint64_t start, std::uint64_t avail, std::uint64_t* consumed);
   void (*print)(void* rec, const Ctx& c, const char* header, unsigned indent, Text& out);
+  // Adds the record's fields to a peer view (text/compact_walk.h).
+  void (*compact)(void* rec, const Ctx& c, const char* header, CompactOut& out);
 };
 
 // Storage for a record chosen at run time.

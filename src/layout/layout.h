@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "codec/read_walk.h"
+#include "text/compact_walk.h"
 #include "text/print_walk.h"
 
 namespace cs {
@@ -33,11 +34,16 @@ void body_print(void* rec, const Ctx& c, const char* header, unsigned indent, Te
   print(*static_cast<R*>(rec), c, header, indent, t);
 }
 
+template <class R>
+void body_compact(void* rec, const Ctx& c, const char* header, CompactOut& out) {
+  CompactWalk::record(out, header, *static_cast<R*>(rec), c);
+}
+
 // BodyOps for a record type whose layout is visible here. A message table fills in the
 // header from the row; records outside a table name theirs.
 template <class R>
 constexpr BodyOps body_ops(const char* header = nullptr) {
-  return BodyOps{header, sizeof(R), &body_decode<R>, &body_print<R>};
+  return BodyOps{header, sizeof(R), &body_decode<R>, &body_print<R>, &body_compact<R>};
 }
 
 }  // namespace cs
