@@ -188,6 +188,7 @@ class CompactWalk {
     CompactWalk inner(out, std::move(header));
     layout(inner, rec, c);
   }
+
   // ---- Verbs being retired (kept while layouts move to the group form) ----
   bool count(std::uint32_t, std::uint32_t) { return true; }
   template <class T>
