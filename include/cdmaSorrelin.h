@@ -79,13 +79,47 @@ SORRELIN_API int ovnDecodeSummary(char* out, unsigned char band_class, unsigned 
                                   const unsigned char* msg, unsigned int len);
 
 /*
- * Block entry points. A block is: octet 0 = N, the message from octet 1 (len - 1 octets), and
- * the P_REV to decode with at octet N. Flags bit 0 clear: `out` receives the name, three
- * spaces, CR LF and the detail text (band class 0). Flags bit 0 set, and the *Peer variants:
- * the compact peer rendering into `out` of `outlen` octets (plus one for the NUL).
- * The access channel functions reduce the caller's message-type octet modulo 64 in place.
- * The compact peer rendering is not yet available: it writes the message name only and
- * returns 0.
+ * Block entry points. A block of `len` octets is: octet 0 = N, the message from octet 1
+ * (`len` - 1 octets, the block's last octets included) and the P_REV to decode with at octet N
+ * (N = 0 takes octet 0 itself; an N at or past `len` gives P_REV 0). The band class is 0. The
+ * access channel functions first reduce the caller's message-type octet (octet 1) modulo 64,
+ * in place, before either rendering.
+ *
+ * Full rendering (flags bit 0 clear; `outlen` unused): `out` receives the message name, three
+ * spaces, CR LF and the detail text of ovnDecodeDetails, appended to what `out` holds; `out`
+ * must be as large as for ovnDecodeDetails. Returns the decode result (1 for a null `out` or
+ * `block`), except that fnSorrelinRDTCHBlock returns 0 for a message cut short (3).
+ *
+ * Peer rendering (flags bit 0 set, and the *Peer functions, whose third and fourth arguments
+ * are unused): one line, the message name followed by the peer view of the message,
+ *
+ *   OVN_FDTCH_MSG_TYPE_SRPM:ACK_SEQ=4,MSG_SEQ=6,ACK_REQ=1,CON_RECs[SERVICE_OPTION=3],FOR_FCH_RC=3,...
+ *
+ * ":" and "NAME=value" items (decimal) separated by ",", in the order the message carries them:
+ *   - the layer-2 acknowledgement fields ACK_SEQ, MSG_SEQ, ACK_REQ and, where the PDU carries
+ *     it (paging and access channels), VALID_ACK;
+ *   - a (Extended) Channel Assignment: ASSIGN_MODE and, for the Extended Channel Assignment's
+ *     mode 0, FOR_FCH_RC, REV_FCH_RC and FPC_FCH_FER;
+ *   - a service configuration record, wherever a message carries one: the list
+ *     CON_RECs[SERVICE_OPTION=..,...], FOR_FCH_RC, REV_FCH_RC, FOR_DCCH_RC, REV_DCCH_RC, the
+ *     lists SCR_FOR_SCHs[FOR_SCH_ID=..,...] and SCR_REV_SCHs[REV_SCH_ID=..,...], each list
+ *     closed by "]" and its items separated by ",".
+ * The message is decoded over all its octets, the CRC octets included (so a list that runs to
+ * the end of the message may take them in, unlike the detail text). The sync channel shows the
+ * name alone; on the paging channel the whole first octet is the message type, whatever P_REV:
+ * 7 (order: decoded from octet 2 to the end of the message), 8 and 21 (channel assignments),
+ * 9 to 12, 15, 16, 19, 20 and 34 (addressed messages) have a view, every other octet shows the
+ * name alone. A decode that fails shows the name alone, except on the reverse traffic channel,
+ * which shows its record as the decode left it (fields past the failure keep what earlier
+ * reverse traffic messages left, as in the detail text).
+ *
+ * `outlen` is the size of `out`, the NUL included: nothing is written at or past out[outlen].
+ * The name is written only when it fits whole with its NUL (else `out` is the empty string);
+ * the view follows it, cut at the octet that fills `out`. An `outlen` of 0 writes nothing.
+ * Returns 1 for a null `out` or `block`, otherwise the decode result (0, 1 or 3); the sync
+ * channel and the paging types without a view give 0, fnSorrelinRDTCHBlock(Peer) gives 0
+ * whatever its decode gave, and fnSorrelinFC_PCHBlock(Peer) and fnSorrelinRC_ACHBlock(Peer)
+ * return 0 after a peer rendering whatever its result, a null `out` included.
  */
 SORRELIN_API int fnSorrelinFC_SCHBlock(unsigned char* block, unsigned int len, char* out, unsigned int outlen,
                                        unsigned int flags);

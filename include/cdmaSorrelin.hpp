@@ -55,6 +55,18 @@ class Decoder {
   int details_json(std::string& out, std::uint8_t band_class, std::uint8_t p_rev, int channel,
                    const std::uint8_t* msg, std::size_t len);
 
+  // Appends the peer view of one message, the compact one-line rendering of the block entry
+  // points (cdmaSorrelin.h): ":" and "NAME=value" items separated by ",", the layer-2
+  // acknowledgement fields first, then those of a channel assignment and of a service
+  // configuration. The message is decoded over all of its `len` octets, the CRC octets
+  // included. Returns the decode result; nothing is appended when it is not 0, except on the
+  // reverse traffic channel, whose view shows what the record holds whatever the result. The
+  // sync channel, and on the paging channel every first octet but an order (7), a channel
+  // assignment (8, 21) or an addressed message (9 to 12, 15, 16, 19, 20, 34), show nothing
+  // and return 0.
+  int peer(std::string& out, std::uint8_t band_class, std::uint8_t p_rev, int channel, const std::uint8_t* msg,
+           std::size_t len);
+
   // The message name (or "unknown message: msg id = N") of the first octet of `msg` on `channel`.
   static std::string summary(int channel, const std::uint8_t* msg, std::size_t len);
 

@@ -1,4 +1,5 @@
 // The exported C entry points: a thin layer over the process-wide Decoder.
+#include <algorithm>
 #include <cstring>
 #include <string>
 
@@ -23,29 +24,56 @@ int copy_bounded(char* out, std::size_t capacity, std::size_t* needed, const std
   return n < s.size() ? SORRELIN_TRUNCATED : rc;
 }
 
+// A block: octet 0 gives the position N of the parameter octet, the message follows from
+// octet 1, and octet N holds the P_REV to decode with (0 when N lies outside the block).
+struct Block {
+  const unsigned char* msg;
+  std::size_t msg_len;
+  std::uint8_t p_rev;
+};
+Block unpack(const unsigned char* block, unsigned len) {
+  const unsigned n = len > 0 ? block[0] : 0;
+  return Block{block + 1, len > 0 ? len - 1u : 0u, static_cast<std::uint8_t>(n < len ? block[n] : 0)};
+}
+
 // Full rendering of a block: name, three spaces, CR LF, then the detail text.
 int block_full(int channel, const unsigned char* block, unsigned len, char* out) {
   if (out == nullptr || block == nullptr) return 1;
-  const unsigned char* msg = block + 1;
-  const std::size_t msg_len = len > 0 ? len - 1 : 0;
-  const unsigned n = len > 0 ? block[0] : 0;
-  const std::uint8_t p_rev = n < len ? block[n] : 0;   // the parameter octet, when it is in the block
+  const Block b = unpack(block, len);
   std::string text(out);
-  int rc = process_decoder().details(text, 0, p_rev, channel, msg, msg_len);
+  int rc = process_decoder().details(text, 0, b.p_rev, channel, b.msg, b.msg_len);
   // A traffic message cut short on the reverse link is still shown as decoded.
   if (channel == cs::kRevTraffic && rc == 3) rc = 0;
-  copy_out(out, Decoder::summary(channel, msg, msg_len) + "   \r\n" + text);
+  copy_out(out, Decoder::summary(channel, b.msg, b.msg_len) + "   \r\n" + text);
   return rc;
 }
 
-// Peer rendering: the message name, cut to fit `outlen`.
+// Peer rendering: the message name and its peer view (Decoder::peer), in `outlen` octets.
+//
+// `outlen` is the size of `out`, its NUL included: nothing is written at or past out[outlen]
+// (an `outlen` of 0 leaves `out` untouched). A rendering that does not fit is cut to
+// `outlen` - 1 octets and its NUL, rather than `outlen` octets with the NUL one octet past the
+// stated size: a host that kept a spare octet for that NUL loses one octet of text, a host
+// that gave its true size is never overrun. The name is written whole
+// or not at all: when it does not fit, `out` is empty and the view is left out too, since it
+// means nothing without the name. The view is cut at whatever octet fills `out`.
 int block_peer(int channel, const unsigned char* block, unsigned len, char* out, unsigned outlen) {
   if (out == nullptr) return 1;
-  out[0] = '\0';
+  if (outlen > 0) out[0] = '\0';
   if (block == nullptr) return 1;
-  const std::string name = Decoder::summary(channel, block + 1, len > 0 ? len - 1 : 0);
-  if (!name.empty() && name.size() < outlen) copy_out(out, name);
-  return 0;
+  const Block b = unpack(block, len);
+  const std::string name = Decoder::summary(channel, b.msg, b.msg_len);
+  std::string view;
+  int rc = process_decoder().peer(view, 0, b.p_rev, channel, b.msg, b.msg_len);
+  // The reverse traffic channel's view is shown whatever its decode gave, and that result is
+  // not reported.
+  if (channel == cs::kRevTraffic) rc = 0;
+  if (name.empty() || name.size() >= outlen) return rc;
+  const std::size_t n = std::min<std::size_t>(view.size(), outlen - 1 - name.size());
+  std::memcpy(out, name.data(), name.size());
+  std::memcpy(out + name.size(), view.data(), n);
+  out[name.size() + n] = '\0';
+  return rc;
 }
 
 void access_type_mod64(unsigned char* block, unsigned len) {
@@ -53,8 +81,13 @@ void access_type_mod64(unsigned char* block, unsigned len) {
 }
 
 int block(int channel, unsigned char* b, unsigned len, char* out, unsigned outlen, unsigned flags) {
+  // Before either rendering, in the caller's block.
   if (channel == cs::kAccess) access_type_mod64(b, len);
-  return (flags & 1) ? block_peer(channel, b, len, out, outlen) : block_full(channel, b, len, out);
+  if ((flags & 1) == 0) return block_full(channel, b, len, out);
+  const int rc = block_peer(channel, b, len, out, outlen);
+  // The paging and access channels' exports report 0 for a peer rendering, whatever it gave
+  // (a null `out` included).
+  return channel == cs::kPaging || channel == cs::kAccess ? 0 : rc;
 }
 
 }  // namespace

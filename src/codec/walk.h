@@ -67,6 +67,7 @@ namespace cs {
 class Arena;
 class Json;
 class Text;
+class CompactOut;
 
 // Result codes of every decode.
 enum class Rc : std::uint32_t { ok = 0, count = 1, short_msg = 3 };
@@ -142,6 +143,8 @@ struct BodyOps {
                std::uint64_t start, std::uint64_t avail, std::uint64_t* consumed);
   void (*print)(void* rec, const Ctx& c, const char* header, unsigned indent, Text& out);
   void (*json)(void* rec, const Ctx& c, const char* header, unsigned indent, Json& out);
+  // Adds the record's fields to a peer view (text/compact_walk.h).
+  void (*compact)(void* rec, const Ctx& c, const char* header, CompactOut& out);
 };
 
 // Storage for a record chosen at run time.

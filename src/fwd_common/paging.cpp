@@ -387,6 +387,55 @@ Rc run_paging(PagingState& st, Call& call) {
   return Rc::ok;
 }
 
+namespace {
+
+// The peer view's order path: the three stages of run_order, over the bits from the second
+// octet to the end the caller gives; any stage that fails leaves the view empty.
+Rc peer_order(PagingState& st, Call& call, const Ctx& c, CompactOut& out) {
+  Cursor at = after_type_octet(call);
+  std::memset(&st.arq, 0, sizeof st.arq);
+  std::memset(&st.addressing, 0, sizeof st.addressing);
+  Rc rc = decode_at(st.arq, c, call, at);
+  if (rc == Rc::ok) rc = decode_at(st.addressing, c, call, at);
+  const BodyOps* ops = paging_messages().body(7);
+  void* rec = ops ? call.arena.raw(ops->size, alignof(std::max_align_t)) : nullptr;
+  if (rc == Rc::ok && ops) rc = decode_body_at(*ops, rec, c, call, at);
+  if (rc != Rc::ok) return rc;
+  CompactWalk::record(out, "L2_ARQ_FIELDS", st.arq, c);
+  CompactWalk::record(out, "L2_ADDRESSING_FIELDS", st.addressing, c);
+  if (ops) ops->compact(rec, c, ops->header, out);
+  return Rc::ok;
+}
+
+// One-shot PDU kinds: clear, decode over the whole message, show it when it decoded.
+template <class R>
+Rc peer_pdu(R& rec, const char* header, Call& call, const Ctx& c, CompactOut& out) {
+  std::memset(&rec, 0, sizeof rec);
+  const Rc rc = decode(rec, c, call.arena, call.msg, call.len, 0, call.avail);
+  if (rc == Rc::ok) CompactWalk::record(out, header, rec, c);
+  return rc;
+}
+
+}  // namespace
+
+Rc peer_paging(PagingState& st, Call& call, CompactOut& out) {
+  if (call.len == 0) return Rc::ok;
+  // The whole octet: with P_REV 7 on, a message whose PD bits are set is none of these.
+  const MessageTable::Entry* e = paging_messages().find(call.msg[0]);
+  Ctx c;
+  c.p_rev = call.p_rev;
+  c.band_class = call.band_class;
+  // The routes select 7 (order), 8 (CAM), 21 (ECAM) and the addressed messages 9 to 12, 15,
+  // 16, 19, 20 and 34; broadcast messages and the General Page have no view.
+  switch (e ? static_cast<PagingRoute>(e->row->route) : kSilent) {
+    case kOrderPath: return peer_order(st, call, c, out);
+    case kCamPdu: return peer_pdu(st.cam, "FC_PCH_CAM_PDU", call, c, out);
+    case kEcamPdu: return peer_pdu(st.ecam, "FC_PCH_ECAM_PDU", call, c, out);
+    case kAddressedPdu: return peer_pdu(st.pdu, "FC_PCH_PDU", call, c, out);
+    default: return Rc::ok;
+  }
+}
+
 const MessageTable& paging_messages() {
   static const MessageTable table("FC_", "OVN_DPCH_MSG_ID_",
                                   {kNamedRows, paging_overhead_param_rows(), paging_overhead_list_rows(),

@@ -6,6 +6,8 @@
 
 namespace cs {
 
+class CompactOut;
+
 // Mobile station address of a directed PDU (C.S0004 address field). The first three
 // members are not on the air here: they are the enclosing header's ADDR_TYPE, ADDR_LEN and
 // EXT_ADDR_TYPE, copied in before the address is walked, and they choose the form.
@@ -129,5 +131,12 @@ struct PagingState {
 
 // Decodes and prints one message of this channel into call.text.
 Rc run_paging(PagingState& st, Call& call);
+
+// The peer view of one message (text/compact_walk.h): the message type is the whole first
+// octet, whatever P_REV, and only the order, the (Extended) Channel Assignment and the
+// addressed messages are decoded, over call.avail bits from the first (the order's stages
+// from the second octet to the same end); the view is written into `out` when the decode
+// succeeds. Other types decode and show nothing.
+Rc peer_paging(PagingState& st, Call& call, CompactOut& out);
 
 }  // namespace cs

@@ -18,9 +18,14 @@ const MessageTable& fd_messages() {
   return table;
 }
 
-Rc run_fwd_traffic(FwdTrafficState& st, Call& call) {
-  static const TrafficLink link{fd_messages, "FD_PDU", 0, true};
-  return run_traffic_pdu(st.pdu, link, call);
+namespace {
+const TrafficLink kLink{fd_messages, "FD_PDU", 0, true};
+}  // namespace
+
+Rc run_fwd_traffic(FwdTrafficState& st, Call& call) { return run_traffic_pdu(st.pdu, kLink, call); }
+
+Rc peer_fwd_traffic(FwdTrafficState& st, Call& call, CompactOut& out, bool partial) {
+  return peer_traffic_pdu(st.pdu, kLink, call, out, partial);
 }
 
 }  // namespace cs

@@ -19,4 +19,7 @@ struct FwdTrafficState {
 // Decodes and prints one message of this channel into call.text.
 Rc run_fwd_traffic(FwdTrafficState& st, Call& call);
 
+// The peer view of one message: see peer_traffic_pdu.
+Rc peer_fwd_traffic(FwdTrafficState& st, Call& call, CompactOut& out, bool partial);
+
 }  // namespace cs

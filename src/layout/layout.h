@@ -7,6 +7,7 @@
 #include "codec/read_walk.h"
 #include "layout/call.h"
 #include "text/json_walk.h"
+#include "text/compact_walk.h"
 #include "text/print_walk.h"
 
 namespace cs {
@@ -57,11 +58,16 @@ inline void emit_body(Call& call, const BodyOps& ops, void* rec, const Ctx& c, u
   }
 }
 
+template <class R>
+void body_compact(void* rec, const Ctx& c, const char* header, CompactOut& out) {
+  CompactWalk::record(out, header, *static_cast<R*>(rec), c);
+}
+
 // BodyOps for a record type whose layout is visible here. A message table fills in the
 // header from the row; records outside a table name theirs.
 template <class R>
 constexpr BodyOps body_ops(const char* header = nullptr) {
-  return BodyOps{header, sizeof(R), &body_decode<R>, &body_print<R>, &body_json<R>};
+  return BodyOps{header, sizeof(R), &body_decode<R>, &body_print<R>, &body_json<R>, &body_compact<R>};
 }
 
 }  // namespace cs

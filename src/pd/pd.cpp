@@ -307,7 +307,7 @@ struct ElemDef {
   const char* name;
   BodyOps ops;
 };
-constexpr ElemDef skipped(const char* name) { return ElemDef{name, BodyOps{name, 0, nullptr, nullptr, nullptr}}; }
+constexpr ElemDef skipped(const char* name) { return ElemDef{name, BodyOps{name, 0, nullptr, nullptr, nullptr, nullptr}}; }
 template <class R>
 constexpr ElemDef decoded(const char* name) {
   return ElemDef{name, body_ops<R>(name)};

@@ -46,15 +46,32 @@ void layout(W& w, TrafficPdu& r, const TrafficCtx& c) {
   if (c.p_rev >= 9 && r.MACI_INCL) w(F(MACI, 32));
 }
 
-Rc run_traffic_pdu(TrafficPdu& r, const TrafficLink& link, Call& call) {
-  // The header scalars persist from the previous message; the body lived in that call's
-  // arena and starts afresh.
-  r.body = AnyRec{nullptr, nullptr};
+namespace {
+
+TrafficCtx traffic_ctx(const TrafficLink& link, const Call& call) {
   TrafficCtx c;
   c.p_rev = call.p_rev;
   c.band_class = call.band_class;
   c.forward = link.forward;
   c.link = &link;
+  return c;
+}
+
+}  // namespace
+
+Rc peer_traffic_pdu(TrafficPdu& r, const TrafficLink& link, Call& call, CompactOut& out, bool partial) {
+  r.body = AnyRec{nullptr, nullptr};
+  const TrafficCtx c = traffic_ctx(link, call);
+  const Rc rc = decode(r, c, call.arena, call.msg, call.len, 0, call.avail);
+  if (rc == Rc::ok || partial) CompactWalk::record(out, link.header, r, c);
+  return rc;
+}
+
+Rc run_traffic_pdu(TrafficPdu& r, const TrafficLink& link, Call& call) {
+  // The header scalars persist from the previous message; the body lived in that call's
+  // arena and starts afresh.
+  r.body = AnyRec{nullptr, nullptr};
+  const TrafficCtx c = traffic_ctx(link, call);
   const Rc rc = decode(r, c, call.arena, call.msg, call.len, 0, call.avail);
   // A decode that stopped before the body still shows the body of MSG_TYPE, as a record
   // that nothing has filled.

@@ -42,4 +42,11 @@ struct TrafficLink {
 // previous values, on purpose) and prints it into call.text.
 Rc run_traffic_pdu(TrafficPdu& pdu, const TrafficLink& link, Call& call);
 
+class CompactOut;
+// The peer view (text/compact_walk.h): decodes one message into `pdu` as run_traffic_pdu does
+// and writes the view of it into `out` when the decode succeeds, or whatever the result when
+// `partial` is set (the record then holds what was decoded and, past that, what earlier
+// messages left).
+Rc peer_traffic_pdu(TrafficPdu& pdu, const TrafficLink& link, Call& call, CompactOut& out, bool partial);
+
 }  // namespace cs

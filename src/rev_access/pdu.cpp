@@ -228,13 +228,31 @@ void layout(W& w, RC_PDU& r, const Ctx& c) {
   if (c.p_rev >= 9 && r.MACI_INCL) w(F(MACI, 32));
 }
 
-Rc run_access(AccessState& st, Call& call) {
-  RC_PDU& r = st.pdu;
-  r = RC_PDU{};
+namespace {
+
+Ctx access_ctx(const Call& call) {
   Ctx c;
   c.p_rev = call.p_rev;
   c.band_class = call.band_class;
   c.forward = false;
+  return c;
+}
+
+}  // namespace
+
+Rc peer_access(AccessState& st, Call& call, CompactOut& out) {
+  RC_PDU& r = st.pdu;
+  r = RC_PDU{};
+  const Ctx c = access_ctx(call);
+  const Rc rc = decode(r, c, call.arena, call.msg, call.len, 0, call.avail);
+  if (rc == Rc::ok) CompactWalk::record(out, "RC_PDU", r, c);
+  return rc;
+}
+
+Rc run_access(AccessState& st, Call& call) {
+  RC_PDU& r = st.pdu;
+  r = RC_PDU{};
+  const Ctx c = access_ctx(call);
   const Rc rc = decode(r, c, call.arena, call.msg, call.len, 0, call.avail);
   // A decode that stopped before the SDU still shows the body of MSG_ID, as a record that
   // nothing has filled.

@@ -84,4 +84,9 @@ const MessageTable& access_messages();
 // Decodes and prints one message of this channel into call.text.
 Rc run_access(AccessState& st, Call& call);
 
+class CompactOut;
+// The peer view of one message (text/compact_walk.h): decodes it over call.avail bits and,
+// when that succeeds, writes the view of the PDU into `out`.
+Rc peer_access(AccessState& st, Call& call, CompactOut& out);
+
 }  // namespace cs

@@ -23,9 +23,14 @@ const MessageTable& rd_messages() {
 
 // The detail text starts two spaces in, as on the access channel; the bodies see the reverse
 // link (data-burst contents are read in the mobile-to-base direction).
-Rc run_rev_traffic(RevTrafficState& st, Call& call) {
-  static const TrafficLink link{rd_messages, "RD_PDU", 2, false};
-  return run_traffic_pdu(st.pdu, link, call);
+namespace {
+const TrafficLink kLink{rd_messages, "RD_PDU", 2, false};
+}  // namespace
+
+Rc run_rev_traffic(RevTrafficState& st, Call& call) { return run_traffic_pdu(st.pdu, kLink, call); }
+
+Rc peer_rev_traffic(RevTrafficState& st, Call& call, CompactOut& out, bool partial) {
+  return peer_traffic_pdu(st.pdu, kLink, call, out, partial);
 }
 
 }  // namespace cs

@@ -18,4 +18,7 @@ const MessageTable& rd_messages();
 // Decodes and prints one message of this channel into call.text.
 Rc run_rev_traffic(RevTrafficState& st, Call& call);
 
+// The peer view of one message: see peer_traffic_pdu.
+Rc peer_rev_traffic(RevTrafficState& st, Call& call, CompactOut& out, bool partial);
+
 }  // namespace cs
