@@ -16,6 +16,11 @@ for n, line in enumerate(sys.stdin, 1):
     json.loads(line)
 ' || { echo "$f: --json gives a line that is no JSON"; exit 1; }
 done
+# A phone log: an excerpt of a real DIAG log of a phone on a PCS (band class 1) network.
+for f in examples/*.qmdl; do
+  "$tool" --diag --band-class 1 "$f" 2> /dev/null | diff -u "${f%.qmdl}.ok" - > /dev/null ||
+    { echo "$f: decode differs from ${f%.qmdl}.ok"; "$tool" --diag --band-class 1 "$f" | diff -u "${f%.qmdl}.ok" - | head -20; exit 1; }
+done
 if [ -n "$corpus" ]; then
   echo "also decoding the captures in $corpus (outside the repository)"
   "$tool" "$corpus"/*.txt > /dev/null
