@@ -1,5 +1,6 @@
 #include "input.h"
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -10,14 +11,18 @@ namespace {
 
 constexpr std::size_t kBlock = 1 << 20;
 
-bool is_space(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f'; }
+// Per octet: its hex value (0 to 15), kSpace for white space, kOther for anything else.
+constexpr std::int8_t kSpace = -2, kOther = -1;
+constexpr std::array<std::int8_t, 256> kClass = [] {
+  std::array<std::int8_t, 256> t{};
+  t.fill(kOther);
+  for (int c = 0; c < 10; ++c) t['0' + c] = static_cast<std::int8_t>(c);
+  for (int c = 0; c < 6; ++c) t['a' + c] = t['A' + c] = static_cast<std::int8_t>(10 + c);
+  for (const char c : {' ', '\t', '\r', '\v', '\f'}) t[static_cast<unsigned char>(c)] = kSpace;
+  return t;
+}();
 
-int hex_value(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  return -1;
-}
+std::int8_t class_of(char c) { return kClass[static_cast<unsigned char>(c)]; }
 
 bool all_decimal(std::string_view w) {
   if (w.empty()) return false;
@@ -26,8 +31,6 @@ bool all_decimal(std::string_view w) {
   return true;
 }
 
-// Up to kMaxWords words of a line, split at white space.
-constexpr std::size_t kMaxWords = 8;
 
 }  // namespace
 
@@ -113,21 +116,27 @@ int octet_number(std::string_view w) {
 
 LineKind parse_line(std::string_view line, std::uint8_t default_band, LineSpec& spec,
                     std::vector<std::uint8_t>& octets, std::string& why) {
-  if (const std::size_t hash = line.find('#'); hash != std::string_view::npos) line = line.substr(0, hash);
-  // The first words; the hex may take any number after them.
-  std::string_view words[kMaxWords];
-  std::size_t n = 0, i = 0;
-  while (i < line.size()) {
-    while (i < line.size() && is_space(line[i])) ++i;
-    if (i == line.size()) break;
-    std::size_t j = i;
-    while (j < line.size() && !is_space(line[j])) ++j;
-    if (n == kMaxWords - 1) {
-      words[n++] = line.substr(i);      // the rest, spaces included
-      break;
-    }
-    words[n++] = line.substr(i, j - i);
-    i = j;
+  // One pass over the line: the revision words are split off, the hex is read where it lies.
+  const char* const begin = line.data();
+  const char* end = begin + line.size();
+  if (const void* hash = std::memchr(begin, '#', line.size())) end = static_cast<const char*>(hash);
+  const auto skip_space = [end](const char* q) {
+    while (q < end && class_of(*q) == kSpace) ++q;
+    return q;
+  };
+  const auto word_end = [end](const char* q) {
+    while (q < end && class_of(*q) != kSpace) ++q;
+    return q;
+  };
+  std::string_view words[3];
+  std::size_t n = 0;
+  const char* q = begin;
+  for (; n < 3; ++n) {
+    q = skip_space(q);
+    if (q == end) break;
+    const char* e = word_end(q);
+    words[n] = std::string_view(q, static_cast<std::size_t>(e - q));
+    q = e;
   }
   if (n == 0) return LineKind::blank;
   if (n < 3) {
@@ -146,15 +155,19 @@ LineKind parse_line(std::string_view line, std::uint8_t default_band, LineSpec& 
   }
   spec.p_rev = static_cast<std::uint8_t>(p_rev);
   spec.band_class = default_band;
-  std::size_t first_hex = 2;
-  if (n >= 4 && all_decimal(words[2]) && words[2].size() <= 3) {
-    // "CHANNEL P_REV BAND HEX": the old form, and hex in words after a band class. Two
+  const char* hex = words[2].data();
+  const char* const fourth = skip_space(q);
+  if (fourth < end && all_decimal(words[2]) && words[2].size() <= 3) {
+    // "CHANNEL P_REV BAND HEX...": the old form, and hex in words after a band class. Two
     // digits before words of two digits read as well as the first octet of spaced hex.
-    if (n >= 5 && words[2].size() == 2 && words[3].size() == 2) {
-      why = "'" + escaped(words[2]) +
-            "' may be the band class or the first octet: give a band class of one digit before hex written "
-            "in words of two digits, or use --band-class with the hex alone";
-      return LineKind::bad;
+    if (words[2].size() == 2) {
+      const char* e = word_end(fourth);
+      if (e - fourth == 2 && skip_space(e) < end) {
+        why = "'" + escaped(words[2]) +
+              "' may be the band class or the first octet: give a band class of one digit before hex written "
+              "in words of two digits, or use --band-class with the hex alone";
+        return LineKind::bad;
+      }
     }
     const int band = octet_number(words[2]);
     if (band < 0) {
@@ -162,32 +175,49 @@ LineKind parse_line(std::string_view line, std::uint8_t default_band, LineSpec& 
       return LineKind::bad;
     }
     spec.band_class = static_cast<std::uint8_t>(band);
-    first_hex = 3;
+    hex = fourth;
   }
-  // The hex: the words from first_hex on (the last word may hold the rest of the line).
-  octets.clear();
+  // The hex runs to the end of the line (or its comment), spaces and colons between its
+  // digits; two digits are taken at a time where they come in pairs.
+  if (end - hex >= 2 && hex[0] == '0' && (hex[1] == 'x' || hex[1] == 'X')) hex += 2;
+  octets.resize(static_cast<std::size_t>(end - hex) / 2 + 1);
+  std::uint8_t* out = octets.data();
+  std::size_t count = 0, digits = 0;
   int high = -1;
-  std::size_t digits = 0;
-  for (std::size_t k = first_hex; k < n; ++k) {
-    std::string_view w = words[k];
-    if (k == first_hex && w.size() >= 2 && w[0] == '0' && (w[1] == 'x' || w[1] == 'X')) w.remove_prefix(2);
-    for (std::size_t c = 0; c < w.size(); ++c) {
-      const char ch = w[c];
-      const int v = hex_value(ch);
-      if (v < 0) {
-        if (ch == ':' || is_space(ch)) continue;
-        why = "'" + escaped(std::string_view(&ch, 1)) + "' in '" + escaped(words[k]) + "' is not a hex digit";
-        return LineKind::bad;
+  for (const char* p = hex; p < end;) {
+    const std::int8_t v = class_of(*p);
+    if (high < 0 && v >= 0 && p + 1 < end && class_of(p[1]) >= 0) {
+      out[count++] = static_cast<std::uint8_t>(v << 4 | class_of(p[1]));
+      digits += 2;
+      p += 2;
+      continue;
+    }
+    if (v < 0) {
+      if (*p == ':' || v == kSpace) {
+        ++p;
+        continue;
       }
-      ++digits;
-      if (high < 0) {
-        high = v;
-      } else {
-        octets.push_back(static_cast<std::uint8_t>(high << 4 | v));
-        high = -1;
-      }
+      // The word that holds it, for the message (appended piece by piece: g++ 12 warns wrongly
+      // about "'" + std::string here).
+      const char* w = p;
+      while (w > hex && class_of(w[-1]) != kSpace) --w;
+      why.assign(1, '\'');
+      why += escaped(std::string_view(p, 1));
+      why += "' in '";
+      why += escaped(std::string_view(w, static_cast<std::size_t>(word_end(p) - w)));
+      why += "' is not a hex digit";
+      return LineKind::bad;
+    }
+    ++digits;
+    ++p;
+    if (high < 0) {
+      high = v;
+    } else {
+      out[count++] = static_cast<std::uint8_t>(high << 4 | v);
+      high = -1;
     }
   }
+  octets.resize(count);
   if (digits == 0) {
     why = "no hex digits after the revision fields";
     return LineKind::bad;
