@@ -5,9 +5,24 @@
 #include <cstring>
 #include <filesystem>
 
+#if defined(_WIN32)
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
 namespace cs::tool {
 
 namespace {
+
+// One read(2) of the file's descriptor.
+#if defined(_WIN32)
+long read_some(std::FILE* f, char* p, std::size_t n) {
+  return _read(_fileno(f), p, static_cast<unsigned>(n > (1u << 30) ? 1u << 30 : n));
+}
+#else
+long read_some(std::FILE* f, char* p, std::size_t n) { return static_cast<long>(::read(fileno(f), p, n)); }
+#endif
 
 constexpr std::size_t kBlock = 1 << 20;
 
@@ -66,13 +81,21 @@ bool LineReader::fill() {
     pos_ = 0;
   }
   if (buf_.size() - end_ < kBlock / 2) buf_.resize(buf_.size() + kBlock);   // a line longer than a block
-  const std::size_t got = std::fread(buf_.data() + end_, 1, buf_.size() - end_, file_);
-  end_ += got;
-  if (got == 0) {
+  if (short_read_ && hook_) hook_(context_);
+  // One read of the descriptor: it returns what a pipe or a terminal holds, where fread would
+  // wait for a whole block.
+  const std::size_t want = buf_.size() - end_;
+  long got;
+  do {
+    got = read_some(file_, buf_.data() + end_, want);
+  } while (got < 0 && errno == EINTR);
+  if (got <= 0) {
     eof_ = true;
-    if (std::ferror(file_)) error_ = std::strerror(errno);
+    if (got < 0) error_ = std::strerror(errno);
     return false;
   }
+  end_ += static_cast<std::size_t>(got);
+  short_read_ = static_cast<std::size_t>(got) < want;
   return true;
 }
 

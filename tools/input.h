@@ -22,6 +22,12 @@ class LineReader {
   bool open(const std::string& path, std::string& error);
   // The next line (valid until the next call), false at the end or on a read error.
   bool next(std::string_view& line);
+  // Called before a read that may wait for more input (a pipe or a terminal that gave less
+  // than asked last time), so that what was decoded so far can be written out first.
+  void on_wait(void (*hook)(void*), void* context) {
+    hook_ = hook;
+    context_ = context;
+  }
   const std::string& error() const { return error_; }
 
  private:
@@ -29,6 +35,9 @@ class LineReader {
   std::FILE* file_ = nullptr;
   bool owned_ = false;
   bool eof_ = false;
+  bool short_read_ = false;
+  void (*hook_)(void*) = nullptr;
+  void* context_ = nullptr;
   std::vector<char> buf_;
   std::size_t pos_ = 0, end_ = 0;
   std::string error_;

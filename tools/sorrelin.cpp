@@ -390,6 +390,7 @@ int main(int argc, char** argv) {
       run.complain(name, error);
       continue;
     }
+    in.on_wait([](void* o) { static_cast<Output*>(o)->flush(); }, &out);
     for (std::size_t n = 1; !out.failed() && in.next(l); ++n) {
       where = name;
       where += ':';

@@ -259,6 +259,22 @@ def diag_logs(tmp):
           b'rtc log item (0x1005)' in err and b'format is unverified' in err, err.decode())
 
 
+def streaming():
+    """A message written to a pipe is decoded and written out before the pipe closes."""
+    g = 'streaming'
+    import select
+    p = subprocess.Popen([TOOL, '--summary'], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+    try:
+        p.stdin.write(('sync 5 %s\n' % SYNC).encode())
+        p.stdin.flush()
+        ready = select.select([p.stdout], [], [], 10)[0]
+        line = p.stdout.readline() if ready else b''
+        check(g, 'the name line comes while the input is still open', line == b'<stdin>:1: OVN_SCH_MSG_ID_SCHM\n', line)
+    finally:
+        p.stdin.close()
+        p.wait()
+
+
 def large_inputs(tmp):
     """Inputs read in blocks: lines and frames across block boundaries, a line longer than a block."""
     g = 'large inputs'
@@ -303,6 +319,7 @@ def main():
         json_lines()
         diag_logs(tmp)
         large_inputs(tmp)
+        streaming()
     finally:
         shutil.rmtree(tmp)
     for f in failures:
