@@ -158,6 +158,7 @@ class Runner {
       where_ = cs::diag::format_timestamp(m.timestamp);
       if (m.check != cs::diag::CapsuleCheck::ok) {
         ++refused;
+        out_.flush();
         std::fprintf(stderr, "sorrelin: %s: %s: %s log item (0x%04x): %s; not decoded\n", name.c_str(),
                      where_.c_str(), cs::tool::channel_word(m.channel), m.code, cs::diag::describe(m.check, m.channel));
         continue;
@@ -172,6 +173,7 @@ class Runner {
     }
     if (!reader.error().empty()) complain(name, "read error: " + reader.error());
     const cs::diag::Counts& c = reader.counts();
+    out_.flush();
     std::fprintf(stderr,
                  "sorrelin: %s: %llu 1x signalling messages decoded, %llu not decodable; skipped %llu other log "
                  "items, %llu other DIAG frames, %llu damaged frames\n",
@@ -181,6 +183,7 @@ class Runner {
   }
 
   void complain(std::string_view where, std::string_view why) {
+    out_.flush();   // what was decoded before it comes first on a terminal
     if (where.empty()) {
       std::fprintf(stderr, "sorrelin: %.*s\n", static_cast<int>(why.size()), why.data());
     } else {

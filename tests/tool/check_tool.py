@@ -135,6 +135,15 @@ def places():
                                                                               for n in want_lines], out[:200])
 
 
+def order_on_one_terminal():
+    """Errors and decodes written to the same place come in input order."""
+    g = 'order'
+    p = subprocess.run([TOOL, '--summary'], input=('sync 5 %s\nsync 5 zz\nsync 5 %s\n' % (SYNC, SYNC)).encode(),
+                       stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+    lines = [l.split(b': ')[0 if l.startswith(b'<') else 1] for l in p.stdout.splitlines()]
+    check(g, 'line 1, the error of line 2, line 3', lines == [b'<stdin>:1', b'<stdin>:2', b'<stdin>:3'], p.stdout)
+
+
 def line_ends():
     g = 'line ends'
     for args in (['examples/paging.txt', 'examples/forward_traffic.txt'], ['--summary', 'examples/paging.txt'],
@@ -315,6 +324,7 @@ def main():
         bad_lines()
         hex_forms()
         places()
+        order_on_one_terminal()
         line_ends()
         json_lines()
         diag_logs(tmp)
