@@ -5,6 +5,12 @@
 #include <cstring>
 #include <filesystem>
 
+#if defined(_WIN32)
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
 namespace cs::diag {
 
 namespace {
@@ -12,6 +18,16 @@ namespace {
 constexpr std::size_t kBlock = 1 << 20;     // octets read at once
 constexpr std::size_t kItemHeader = 12;     // length, code, timestamp
 constexpr std::size_t kMaxFrame = 65536 + 16;
+
+// One read(2) of the file's descriptor: it returns what a pipe holds, where fread would wait
+// for a whole block.
+#if defined(_WIN32)
+long read_some(std::FILE* f, std::uint8_t* p, std::size_t n) {
+  return _read(_fileno(f), p, static_cast<unsigned>(n > (1u << 30) ? 1u << 30 : n));
+}
+#else
+long read_some(std::FILE* f, std::uint8_t* p, std::size_t n) { return static_cast<long>(::read(fileno(f), p, n)); }
+#endif
 
 std::uint16_t le16(const std::uint8_t* p) { return static_cast<std::uint16_t>(p[0] | p[1] << 8); }
 std::uint64_t le64(const std::uint8_t* p) {
@@ -88,33 +104,33 @@ Container container_of(const std::string& path) {
 }
 
 LogReader::~LogReader() {
-  if (file_) std::fclose(file_);
+  if (file_ && owned_) std::fclose(file_);
 }
 
 bool LogReader::open(const std::string& path, Container c, std::string& error) {
-  std::error_code ec;
-  if (std::filesystem::is_directory(path, ec)) {
-    error = "is a directory";
-    return false;
-  }
-  file_ = std::fopen(path.c_str(), "rb");
-  if (!file_) {
-    error = std::strerror(errno);
-    return false;
+  if (path == "-") {
+    file_ = stdin;
+  } else {
+    std::error_code ec;
+    if (std::filesystem::is_directory(path, ec)) {
+      error = "is a directory";
+      return false;
+    }
+    file_ = std::fopen(path.c_str(), "rb");
+    if (!file_) {
+      error = std::strerror(errno);
+      return false;
+    }
+    owned_ = true;
   }
   container_ = c;
   buf_.resize(kBlock);
+  frame_.reserve(kMaxFrame);
   return true;
 }
 
-void LogReader::open_bytes(const std::uint8_t* data, std::size_t size, Container c) {
-  mem_ = data;
-  end_ = size;
-  container_ = c;
-}
-
 bool LogReader::fill() {
-  if (mem_ || !file_ || eof_) return false;
+  if (!file_ || eof_) return false;
   // Keep what is left, then read a block after it.
   if (pos_ > 0) {
     std::memmove(buf_.data(), buf_.data() + pos_, end_ - pos_);
@@ -122,13 +138,19 @@ bool LogReader::fill() {
     pos_ = 0;
   }
   if (buf_.size() - end_ < kBlock / 2) buf_.resize(end_ + kBlock);
-  const std::size_t got = std::fread(buf_.data() + end_, 1, buf_.size() - end_, file_);
-  end_ += got;
-  if (got == 0) {
+  if (short_read_ && hook_) hook_(context_);
+  const std::size_t want = buf_.size() - end_;
+  long got;
+  do {
+    got = read_some(file_, buf_.data() + end_, want);
+  } while (got < 0 && errno == EINTR);
+  if (got <= 0) {
     eof_ = true;
-    if (std::ferror(file_)) error_ = std::strerror(errno);
+    if (got < 0) error_ = std::strerror(errno);
     return false;
   }
+  end_ += static_cast<std::size_t>(got);
+  short_read_ = static_cast<std::size_t>(got) < want;
   return true;
 }
 
@@ -138,7 +160,7 @@ bool LogReader::next_frame() {
     bool escape = false, overlong = false, ended = false;
     for (;;) {
       if (pos_ == end_ && !fill()) break;
-      std::uint8_t b = (mem_ ? mem_ : buf_.data())[pos_++];
+      std::uint8_t b = buf_[pos_++];
       if (b == 0x7E) {
         ended = true;
         break;
@@ -185,29 +207,27 @@ bool LogReader::item_from(const std::uint8_t* p, std::size_t n, LogItem& item) {
 bool LogReader::next(LogItem& item) {
   if (container_ == Container::dlf) {
     for (;;) {
-      const std::uint8_t* data = mem_ ? mem_ : buf_.data();
-      if (end_ - pos_ < 2 && !(fill() && end_ - pos_ >= 2)) {
+      while (end_ - pos_ < 2 && fill()) {}
+      if (end_ - pos_ < 2) {
         if (end_ > pos_) ++counts_.damaged;       // a cut record at the end
         pos_ = end_;
         return false;
       }
-      data = mem_ ? mem_ : buf_.data();
-      const std::size_t n = le16(data + pos_);
+      const std::size_t n = le16(buf_.data() + pos_);
       if (n < kItemHeader) {
         // Nothing after a broken length can be found again: the rest is lost.
         ++counts_.damaged;
         pos_ = end_;
-        if (file_) eof_ = true;
+        eof_ = true;
         return false;
       }
       while (end_ - pos_ < n && fill()) {}
-      data = mem_ ? mem_ : buf_.data();
       if (end_ - pos_ < n) {
         ++counts_.damaged;
         pos_ = end_;
         return false;
       }
-      const std::uint8_t* p = data + pos_;
+      const std::uint8_t* p = buf_.data() + pos_;
       pos_ += n;
       if (item_from(p, n, item)) return true;
     }

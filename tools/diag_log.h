@@ -55,7 +55,7 @@ class LogReader {
   LogReader(const LogReader&) = delete;
   LogReader& operator=(const LogReader&) = delete;
 
-  // Opens `path`; false with `error` set when it cannot be read.
+  // Opens `path` ("-" is standard input); false with `error` set when it cannot be read.
   bool open(const std::string& path, Container c, std::string& error);
   // The next log item (valid until the next call), or false at the end of the file or on a
   // read error (then error() tells it).
@@ -63,8 +63,12 @@ class LogReader {
   const Counts& counts() const { return counts_; }
   const std::string& error() const { return error_; }
 
-  // The same over bytes in memory (tests; the bytes must outlive the reader).
-  void open_bytes(const std::uint8_t* data, std::size_t size, Container c);
+  // Called before a read that may wait for more input (a pipe that gave less than asked
+  // last time), so that what was decoded so far can be written out first.
+  void on_wait(void (*hook)(void*), void* context) {
+    hook_ = hook;
+    context_ = context;
+  }
 
  private:
   bool fill();                  // more input into buf_; false at its end
@@ -72,11 +76,14 @@ class LogReader {
   bool item_from(const std::uint8_t* p, std::size_t n, LogItem& item);
 
   std::FILE* file_ = nullptr;
+  bool owned_ = false;
   Container container_ = Container::hdlc;
   std::vector<std::uint8_t> buf_;
   std::size_t pos_ = 0, end_ = 0;
-  const std::uint8_t* mem_ = nullptr;
   bool eof_ = false;
+  bool short_read_ = false;
+  void (*hook_)(void*) = nullptr;
+  void* context_ = nullptr;
   std::vector<std::uint8_t> frame_;
   Counts counts_;
   std::string error_;

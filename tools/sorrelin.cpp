@@ -142,6 +142,7 @@ class Runner {
     if (!reader.open(path, opt_.dlf ? cs::diag::Container::dlf : cs::diag::container_of(path), error)) {
       return complain(escaped(path, 4096), error);
     }
+    reader.on_wait([](void* o) { static_cast<Output*>(o)->flush(); }, &out_);
     cs::diag::Revision rev;
     if (opt_.mob_p_rev >= 0) rev.limit(static_cast<std::uint8_t>(opt_.mob_p_rev));
     if (opt_.p_rev >= 0) rev.fix(static_cast<std::uint8_t>(opt_.p_rev));

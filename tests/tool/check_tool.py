@@ -228,6 +228,8 @@ def diag_logs(tmp):
               re.search(rb'2 1x signalling messages decoded, 1 not decodable; skipped 1 other log items', err)
               is not None, err.decode())
         check(g, path[-4:] + ': exit 0', rc == 0)
+    rc, out, err = tool('--diag', '--band-class', '1', stdin=open(qmdl, 'rb').read())
+    check(g, 'a log on standard input', b'18:57:19.360 paging p_rev=5: OVN_DPCH_MSG_ID_GPM' in out, err.decode())
     rc, out, err = tool('--diag', '--p-rev', '3', qmdl)
     check(g, '--p-rev fixes the P_REV', b'paging p_rev=3: OVN_DPCH_MSG_ID_GPM' in out, out.decode())
     rc, out, err = tool('--diag', '--json', qmdl)
