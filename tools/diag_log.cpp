@@ -160,23 +160,39 @@ bool LogReader::next_frame() {
     bool escape = false, overlong = false, ended = false;
     for (;;) {
       if (pos_ == end_ && !fill()) break;
-      std::uint8_t b = buf_[pos_++];
-      if (b == 0x7E) {
+      // The run up to the next flag, copied at once where it holds no escape.
+      const std::uint8_t* p = buf_.data() + pos_;
+      const std::uint8_t* const e = buf_.data() + end_;
+      const auto* flag = static_cast<const std::uint8_t*>(std::memchr(p, 0x7E, static_cast<std::size_t>(e - p)));
+      const std::uint8_t* const stop = flag ? flag : e;
+      while (p < stop) {
+        if (escape) {
+          if (frame_.size() < kMaxFrame) {
+            frame_.push_back(static_cast<std::uint8_t>(*p ^ 0x20));
+          } else {
+            overlong = true;
+          }
+          ++p;
+          escape = false;
+          continue;
+        }
+        const auto* esc = static_cast<const std::uint8_t*>(std::memchr(p, 0x7D, static_cast<std::size_t>(stop - p)));
+        const std::uint8_t* const run_end = esc ? esc : stop;
+        const std::size_t room = kMaxFrame - frame_.size();
+        const std::size_t n = static_cast<std::size_t>(run_end - p);
+        frame_.insert(frame_.end(), p, p + (n < room ? n : room));
+        if (n > room) overlong = true;
+        p = run_end;
+        if (esc) {
+          escape = true;
+          ++p;
+        }
+      }
+      pos_ = static_cast<std::size_t>(stop - buf_.data());
+      if (flag) {
+        ++pos_;
         ended = true;
         break;
-      }
-      if (b == 0x7D) {
-        escape = true;
-        continue;
-      }
-      if (escape) {
-        b ^= 0x20;
-        escape = false;
-      }
-      if (frame_.size() < kMaxFrame) {
-        frame_.push_back(b);
-      } else {
-        overlong = true;
       }
     }
     if (!ended) {

@@ -312,6 +312,15 @@ def large_inputs(tmp):
     check(g, 'every frame of a log larger than a block', out.count(b'OVN_SCH_MSG_ID_SCHM') == 30000 and
           b'30000 1x signalling messages decoded, 0 not decodable; skipped 0 other log items, 0 other DIAG frames, '
           b'1 damaged frames' in err, err.decode())
+    # An escape octet as the last octet of the first block read (1 MiB), and of the one before.
+    escaped_item = hdlc(b'\x10\x00' + struct.pack('<H', 16) + log_item(0x1006, 0x7e7d, b'\x7d\x7e\x7d\x7e'))
+    sync_frame = hdlc(b'\x10\x00' + struct.pack('<H', 12 + 26) + log_item(0x1006, 0, bytes.fromhex(SYNC_CAPSULE)))
+    for at in (2 ** 20 - 1, 2 ** 20 - 2):
+        stream = b'\x7e' * (at - escaped_item.index(b'\x7d')) + escaped_item + sync_frame
+        open(big, 'wb').write(stream)
+        rc, out, err = tool('--diag', '--summary', big)
+        check(g, 'an escape at octet %d' % at, b'1 1x signalling messages decoded, 1 not decodable' in err and
+              b'0 damaged frames' in err and out.count(b'OVN_SCH_MSG_ID_SCHM') == 1, err.decode())
 
 
 def main():
