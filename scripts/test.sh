@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds and runs every test, one stage at a time, printing one line per stage (the full output
 # of each stage is kept in build/logs/): a debug build with assertions, Release builds with g++
-# and with clang (a user's default kind of build), the whole suite under AddressSanitizer and
+# and with clang (a user's default kind of build), the Python module's tests (pytest), the whole suite under AddressSanitizer and
 # UndefinedBehaviorSanitizer, an install into a scratch prefix used by two consumers, the
 # Windows DLLs (built with mingw-w64, inspected, and the 64-bit one run under wine64), and a
 # short fuzzing run. Ends with one line: all stages passed, or which failed.
@@ -54,6 +54,7 @@ build_and_test() {   # DIR, then cmake options
 
 stage debug build_and_test build/debug -DCMAKE_BUILD_TYPE=Debug -DSORRELIN_BENCH=ON
 stage release-gcc build_and_test build/release-gcc -DCMAKE_BUILD_TYPE=Release
+stage python env PYTHONPATH=build/release-gcc/python /usr/bin/python3 -m pytest -q -p no:cacheprovider python/tests
 stage release-clang env CC=clang CXX=clang++ bash -c "$(declare -f build_and_test); jobs=$jobs; \
   build_and_test build/release-clang -DCMAKE_BUILD_TYPE=Release"
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
@@ -62,14 +63,20 @@ stage sanitizers env CC=clang CXX=clang++ bash -c "$(declare -f build_and_test);
 stage install tests/install/check.sh build/release-gcc
 stage windows scripts/check_windows.sh
 
-# Fuzz the entry points briefly, seeded with the example captures.
+# Fuzz the entry points briefly, seeded with the example captures; a dot every 10 seconds on
+# the terminal shows it running (fd 3 is the script's own standard output).
+exec 3>&1
 fuzz() {
-  local seeds
+  local seeds ticker
   seeds=$(mktemp -d)
-  python3 scripts/fuzz_seeds.py examples/*.txt "$seeds" &&
+  (while sleep 10; do printf '.' >&3; done) &
+  ticker=$!
+  /usr/bin/python3 scripts/fuzz_seeds.py examples/*.txt "$seeds" &&
     build/asan/sorrelin_fuzz -max_total_time="${FUZZ_SECONDS:-60}" -max_len=400 -print_final_stats=1 "$seeds" 2>&1 |
     grep -E 'stat::number_of_executed_units|ERROR|SUMMARY' | sed 's/stat::number_of_executed_units: */executions: /'
   local rc=${PIPESTATUS[0]}
+  kill "$ticker" 2>/dev/null
+  wait "$ticker" 2>/dev/null
   rm -rf "$seeds"
   return "$rc"
 }
