@@ -1,5 +1,6 @@
 // Overhead parameter messages of the paging channel, decoded and printed through their
-// BodyOps: real captures, the revision and band-class rules, short messages and junk.
+// BodyOps: the revision and flag rules of the extended system, ANSI-41 and enhanced access
+// parameters, swept over their combinations (single cases are golden files).
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -66,25 +67,6 @@ void put(Bits& b, std::string& text, std::initializer_list<W> ws, unsigned inden
     if (w.name) text += std::string(indent, ' ') + w.name + " = " + std::to_string(w.value) + "\n";
   }
 }
-
-// ---------------------------------------------------------------------------------------------
-// Real captures (Sprint, P_REV 6, band class 1): every field against the hand-checked values.
-
-// ---------------------------------------------------------------------------------------------
-// System Parameters: the fixed part, the two bits after EXT_SYS_PARAMETER, the revision groups.
-
-const char* const kSpmFixed =
-    "FC_SPM\n{\n   PILOT_PN = 300\n   CONFIG_MSG_SEQ = 5\n   SID = 22\n   NID = 65535\n   REG_ZONE = 4095\n"
-    "   TOTAL_ZONES = 7\n   ZONE_TIMER = 2\n   MULT_SIDS = 1\n   MULT_NIDS = 0\n   BASE_ID = 40000\n"
-    "   BASE_CLASS = 15\n   PAGE_CHAN = 7\n   MAX_SLOT_CYCLE_INDEX = 5\n   HOME_REG = 1\n   FOR_SID_REG = 0\n"
-    "   FOR_NID_REG = 1\n   POWER_UP_REG = 0\n   POWER_DOWN_REG = 1\n   PARAMETER_REG = 0\n   REG_PRD = 127\n"
-    "   BASE_LAT = 4194303\n   BASE_LONG = 4194304\n   REG_DIST = 2047\n   SRCH_WIN_A = 1\n   SRCH_WIN_N = 2\n"
-    "   SRCH_WIN_R = 3\n   NGHBR_MAX_AGE = 4\n   PWR_REP_THRESH = 31\n   PWR_REP_FRAMES = 15\n"
-    "   PWR_THRESH_ENABLE = 1\n   PWR_PERIOD_ENABLE = 0\n   PWR_REP_DELAY = 17\n   RESCAN = 1\n   T_ADD = 63\n"
-    "   T_DROP = 1\n   T_COMP = 15\n   T_TDROP = 8\n   EXT_SYS_PARAMETER = 1\n";
-
-// ---------------------------------------------------------------------------------------------
-// Access Parameters: AUTH and RAND, NOM_PWR_EXT by band, the release A access-control records.
 
 // ---------------------------------------------------------------------------------------------
 // Extended System Parameters: the IS-95-B group by the caller's revision, the later groups by
@@ -383,13 +365,6 @@ TEST(OverheadParams, EnhancedAccessParametersEveryRecord) {
   const auto buf = b.message(0);
   for (std::size_t n = 0; n < all; ++n) EXPECT_EQ(run(32, 7, 0, buf, 0, n).rc, Rc::short_msg) << n;
 }
-
-// ---------------------------------------------------------------------------------------------
-// MC-RR Parameters: the spreading rate 3, encryption and common channel groups, the optional
-// message flags, and the later groups chosen by the P_REV the message carries.
-
-// ---------------------------------------------------------------------------------------------
-// Any bytes give a result code and text, for every revision and body.
 
 }  // namespace
 }  // namespace cs

@@ -35,13 +35,6 @@ Raw raw(std::uint8_t p_rev, const std::vector<std::uint8_t>& m, std::uint8_t ban
 
 bool starts_with(const std::string& s, const std::string& prefix) { return s.compare(0, prefix.size(), prefix) == 0; }
 
-// IMSI_S of 858-555-1234: IMSI_S2 (three digits) above IMSI_S1 (seven digits), each digit
-// coded 1..10 with 10 for 0, groups less 111.
-constexpr std::uint32_t kImsiS1 = (444u << 14) | (1u << 10) | 123u;   // 555-1234
-constexpr std::uint32_t kImsiS2 = 747;                                 // 858
-constexpr std::uint64_t kImsiS = (std::uint64_t{kImsiS2} << 24) | kImsiS1;
-constexpr std::uint32_t kMcc310 = 209;
-constexpr std::uint32_t kImsi1112_26 = 15;
 
 // ------------------------------------------------------------------------------------
 // Dispatch

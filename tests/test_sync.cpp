@@ -21,11 +21,6 @@ Bits fixed(unsigned p_rev) {
   return b;
 }
 
-const char* const kFixedLines[] = {"   MIN_P_REV = 1",          "   SID = 4145",   "   NID = 4",
-                                   "   PILOT_PN = 78",          "   LC_STATE = 0x03ffffffffff",
-                                   "   SYS_TIME = 0x0345494a73", "   LP_SEC = 17",  "   LTM_OFF = 50",
-                                   "   DAYLT = 1",              "   PRAT = 2"};
-
 // The library's input: type octet, body, 30-bit CRC.
 std::vector<std::uint8_t> sync_msg(const Bits& body) {
   Bits m;
