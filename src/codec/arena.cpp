@@ -21,7 +21,8 @@ void* Arena::raw(std::size_t size, std::size_t align) {
     }
   }
   const std::size_t n = std::max(kChunk, size + align);
-  chunks_.push_back(Chunk{std::make_unique<std::byte[]>(n), n, 0});
+  // Not zeroed here: every allocation is zeroed as it is handed out.
+  chunks_.push_back(Chunk{std::make_unique_for_overwrite<std::byte[]>(n), n, 0});
   current_ = chunks_.size() - 1;
   return raw(size, align);
 }

@@ -41,11 +41,14 @@ Rc print_burst_contents(Text& t, unsigned indent, std::uint8_t burst_type, const
   }
   t.put(c.forward ? k->forward_label : k->reverse_label);
   // The contents are a decode of their own, made while the carrying message is being
-  // printed: they get a scratch arena of their own, fresh for every burst and released when
-  // it is printed, so that nothing the carrying message's records point into is freed or
-  // reused under them.
-  Arena scratch;
+  // printed: they get a scratch arena of their own, reset for every burst (the pool reset a
+  // burst's decode starts with), so that nothing the carrying message's records point into is
+  // freed or reused under them. One per thread, kept for its memory; a burst's contents never
+  // hold another burst, so it is never in use twice at once.
+  thread_local Arena scratch;
+  scratch.reset();
   const Rc rc = k->decode_print(t, indent, data, n, c, scratch);
+  scratch.reset();
   if (rc != Rc::ok) t.put("Unpack error. \n");
   return rc;
 }

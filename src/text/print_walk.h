@@ -47,8 +47,7 @@ class PrintWalk {
   template <class T>
   bool scalars(const char* name, const PoolArray<T>& a, std::uint32_t, unsigned) {
     // An indexed name is never an annotation key.
-    for (std::uint32_t k = 0; k < a.count; ++k)
-      t_.spaces(ind_).put(name).put('[').dec(k).put("] = ").field_value(static_cast<std::uint32_t>(a.data[k])).put('\n');
+    for (std::uint32_t k = 0; k < a.count; ++k) t_.indexed_line(ind_, name, k, static_cast<std::uint32_t>(a.data[k]));
     return true;
   }
 
@@ -149,9 +148,12 @@ class PrintWalk {
   template <class T>
   void put(const Field<T>& f) {
     const auto v = static_cast<std::uint32_t>(f.ref);
-    t_.spaces(ind_).put(f.name).put(" = ").field_value(v);
-    annotation(f, AnnValue{v, f.width, nullptr});
-    t_.put('\n');
+    const bool annotated = f.annotation != -1;
+    t_.field_line(ind_, f.name, v, !annotated);
+    if (annotated) {
+      annotation(f, AnnValue{v, f.width, nullptr});
+      t_.put('\n');
+    }
   }
   void put(const Field<Bytes>& f) { put(Field<const Bytes>{f.ref, f.name, f.width, f.annotation}); }
   void put(const Field<const Bytes>& f) {

@@ -2,6 +2,7 @@
 #pragma once
 #include <charconv>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -36,6 +37,45 @@ class Text {
     return *this;
   }
   Text& field_value(std::uint32_t v) { return dec(static_cast<std::int32_t>(v)); }
+
+  // "<indent spaces>NAME = value" (the value as "%d" of its 32 bits), and the LF when `end`:
+  // one line of a record, composed on the stack and appended at once.
+  Text& field_line(unsigned indent, std::string_view name, std::uint32_t v, bool end) {
+    char b[192];
+    if (indent + name.size() + 16 > sizeof b) {
+      spaces(indent).put(name).put(" = ").field_value(v);
+      return end ? put('\n') : *this;
+    }
+    char* p = b;
+    std::memset(p, ' ', indent);
+    p += indent;
+    std::memcpy(p, name.data(), name.size());
+    p += name.size();
+    std::memcpy(p, " = ", 3);
+    p = std::to_chars(p + 3, b + sizeof b, static_cast<std::int32_t>(v)).ptr;
+    if (end) *p++ = '\n';
+    s_->append(b, static_cast<std::size_t>(p - b));
+    return *this;
+  }
+  // "<indent spaces>NAME[k] = value" and its LF.
+  Text& indexed_line(unsigned indent, std::string_view name, std::uint32_t k, std::uint32_t v) {
+    char b[192];
+    if (indent + name.size() + 28 > sizeof b) {
+      return spaces(indent).put(name).put('[').dec(k).put("] = ").field_value(v).put('\n');
+    }
+    char* p = b;
+    std::memset(p, ' ', indent);
+    p += indent;
+    std::memcpy(p, name.data(), name.size());
+    p += name.size();
+    *p++ = '[';
+    p = std::to_chars(p, b + sizeof b, k).ptr;
+    std::memcpy(p, "] = ", 4);
+    p = std::to_chars(p + 4, b + sizeof b, static_cast<std::int32_t>(v)).ptr;
+    *p++ = '\n';
+    s_->append(b, static_cast<std::size_t>(p - b));
+    return *this;
+  }
   Text& hex_digit(unsigned d) { return put("0123456789abcdef"[d & 15]); }
   Text& hex_upper(std::uint32_t v, unsigned digits) {
     for (unsigned i = digits; i-- > 0;) put("0123456789ABCDEF"[(v >> (4 * i)) & 15]);
