@@ -69,7 +69,10 @@ class Text {
     std::memcpy(p, name.data(), name.size());
     p += name.size();
     *p++ = '[';
-    p = std::to_chars(p, b + sizeof b, k).ptr;
+    char d[12];  // the index through its own small buffer: g++ cannot bound to_chars' end
+    const auto kn = static_cast<std::size_t>(std::to_chars(d, d + sizeof d, k).ptr - d) % sizeof d;
+    std::memcpy(p, d, kn);
+    p += kn;
     std::memcpy(p, "] = ", 4);
     p = std::to_chars(p + 4, b + sizeof b, static_cast<std::int32_t>(v)).ptr;
     *p++ = '\n';
