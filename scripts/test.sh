@@ -3,8 +3,9 @@
 # of each stage is kept in build/logs/): a debug build with assertions, Release builds with g++
 # and with clang (a user's default kind of build), the whole suite under AddressSanitizer and
 # UndefinedBehaviorSanitizer, an install into a scratch prefix used by two consumers, the
-# Windows DLLs (built with mingw-w64, inspected, and the 64-bit one run under wine64), and a
-# short fuzzing run. Ends with one line: all stages passed, or which failed.
+# Windows DLLs (built with mingw-w64, inspected, and the 64-bit one run under wine64), decoders
+# on several threads under ThreadSanitizer, and a short fuzzing run of every fuzz target. Ends
+# with one line: all stages passed, or which failed.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 scripts/deps.sh || exit 1
@@ -62,18 +63,20 @@ stage sanitizers env CC=clang CXX=clang++ bash -c "$(declare -f build_and_test);
 stage install tests/install/check.sh build/release-gcc
 stage windows scripts/check_windows.sh
 
-# Fuzz the entry points briefly, seeded with the example captures.
-fuzz() {
-  local seeds
-  seeds=$(mktemp -d)
-  python3 scripts/fuzz_seeds.py examples/*.txt "$seeds" &&
-    build/asan/sorrelin_fuzz -max_total_time="${FUZZ_SECONDS:-60}" -max_len=400 -print_final_stats=1 "$seeds" 2>&1 |
-    grep -E 'stat::number_of_executed_units|ERROR|SUMMARY' | sed 's/stat::number_of_executed_units: */executions: /'
-  local rc=${PIPESTATUS[0]}
-  rm -rf "$seeds"
-  return "$rc"
+# ThreadSanitizer: decoders on several threads, started together, against a serial replay of
+# the decoder target's seed corpus.
+tsan() {
+  env CC=clang CXX=clang++ cmake -S . -B build/tsan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DSORRELIN_TSAN=ON \
+    -DSORRELIN_THREAD_REPLAY=ON -DSORRELIN_TESTS=OFF -DSORRELIN_WERROR=ON &&
+    cmake --build build/tsan -j "$jobs" --target sorrelin_thread_replay &&
+    TSAN_OPTIONS=halt_on_error=1 build/tsan/sorrelin_thread_replay -t 4 -n "${TSAN_INPUTS:-1500}" fuzz/corpus/decoder
 }
-if [ -x build/asan/sorrelin_fuzz ]; then stage fuzz fuzz; fi
+stage tsan tsan
+
+# Fuzz every entry point briefly from its seed corpus (the sanitizer build's targets).
+if [ -x build/asan/sorrelin_fuzz_details ]; then
+  stage fuzz scripts/fuzz.sh --smoke -t "${FUZZ_SECONDS:-20}" -b build/asan
+fi
 
 if [ ${#failed[@]} -eq 0 ]; then
   echo "all stages passed ($passed_tests tests passed, $failed_tests failed)"
