@@ -64,12 +64,12 @@ stage install tests/install/check.sh build/release-gcc
 stage windows scripts/check_windows.sh
 
 # ThreadSanitizer: decoders on several threads, started together, against a serial replay of
-# the decoder target's seed corpus.
+# the seed corpora.
 tsan() {
   env CC=clang CXX=clang++ cmake -S . -B build/tsan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DSORRELIN_TSAN=ON \
     -DSORRELIN_THREAD_REPLAY=ON -DSORRELIN_TESTS=OFF -DSORRELIN_WERROR=ON &&
     cmake --build build/tsan -j "$jobs" --target sorrelin_thread_replay &&
-    TSAN_OPTIONS=halt_on_error=1 build/tsan/sorrelin_thread_replay -t 4 -n "${TSAN_INPUTS:-1500}" fuzz/corpus/decoder
+    TSAN_OPTIONS=halt_on_error=1 build/tsan/sorrelin_thread_replay -t 4 -n "${TSAN_INPUTS:-4000}" fuzz/corpus
 }
 stage tsan tsan
 

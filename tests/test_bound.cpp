@@ -74,8 +74,8 @@ TEST(Bound, GrowsWithTheLengthAndSaturates) {
   EXPECT_EQ(sorrelin_details_bound(static_cast<size_t>(-1) / SORRELIN_BOUND_PER_OCTET), static_cast<size_t>(-1));
 }
 
-// Every message on its own channel and on every other one, in the detail call and as a block
-// (the block's full rendering adds the name line and counts the block's two extra octets).
+// Every message on its channel, in the detail call and as a block (the block's full rendering
+// adds the name line and counts the block's two extra octets).
 TEST(Bound, HoldsForEveryCorpusGoldenAndExampleMessage) {
   std::vector<Message> all = corpus_messages();
   const std::size_t from_corpora = all.size();
@@ -85,25 +85,23 @@ TEST(Bound, HoldsForEveryCorpusGoldenAndExampleMessage) {
   std::string worst;
   for (const Message& m : all) {
     SCOPED_TRACE(m.from);
-    for (int channel : {m.channel, 1, 2, 3, 4, 5}) {
-      std::size_t needed = 0;
-      sorrelin_details(nullptr, 0, &needed, m.band, m.p_rev, channel, m.msg.data(), m.msg.size());
-      ASSERT_LE(needed, sorrelin_details_bound(m.msg.size())) << "channel " << channel;
-      const double ratio = static_cast<double>(needed) / static_cast<double>(std::max<std::size_t>(m.msg.size(), 1));
-      if (ratio > worst_ratio) {
-        worst_ratio = ratio;
-        worst = m.from + " on channel " + std::to_string(channel) + ": " + std::to_string(needed) + " octets for " +
-                std::to_string(m.msg.size());
-      }
-      if (channel < 1 || channel > 5) continue;
-      std::vector<unsigned char> block(m.msg.size() + 2);
-      block.front() = static_cast<unsigned char>(m.msg.size() + 1);
-      std::copy(m.msg.begin(), m.msg.end(), block.begin() + 1);
-      block.back() = m.p_rev;
-      std::vector<char> out(2 * sorrelin_details_bound(block.size()), '\0');   // room to see a violation
-      kBlocks[channel - 1](block.data(), static_cast<unsigned>(block.size()), out.data(), 0, 0);
-      ASSERT_LT(std::strlen(out.data()), sorrelin_details_bound(block.size())) << "block on channel " << channel;
+    const int channel = m.channel;
+    std::size_t needed = 0;
+    sorrelin_details(nullptr, 0, &needed, m.band, m.p_rev, channel, m.msg.data(), m.msg.size());
+    ASSERT_LE(needed, sorrelin_details_bound(m.msg.size()));
+    const double ratio = static_cast<double>(needed) / static_cast<double>(std::max<std::size_t>(m.msg.size(), 1));
+    if (ratio > worst_ratio) {
+      worst_ratio = ratio;
+      worst = m.from + ": " + std::to_string(needed) + " octets for " + std::to_string(m.msg.size());
     }
+    if (channel < 1 || channel > 5) continue;
+    std::vector<unsigned char> block(m.msg.size() + 2);
+    block.front() = static_cast<unsigned char>(m.msg.size() + 1);
+    std::copy(m.msg.begin(), m.msg.end(), block.begin() + 1);
+    block.back() = m.p_rev;
+    std::vector<char> out(2 * sorrelin_details_bound(block.size()), '\0');   // room to see a violation
+    kBlocks[channel - 1](block.data(), static_cast<unsigned>(block.size()), out.data(), 0, 0);
+    ASSERT_LT(std::strlen(out.data()), sorrelin_details_bound(block.size())) << "as a block";
   }
   RecordProperty("most_text_per_octet", worst);
   std::cout << "most text per octet: " << worst << "\n";
