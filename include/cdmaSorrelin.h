@@ -61,6 +61,23 @@ SORRELIN_API int sorrelin_summary(char* out, size_t capacity, size_t* needed, in
                                   size_t len);
 
 /*
+ * The size of buffer (NUL included) that holds the detail text of any message of `len` octets,
+ * on any channel, under any P_REV and band class: what sorrelin_details and ovnDecodeDetails
+ * (into an empty buffer) write, and what a block function's full rendering writes for a block
+ * of `len` octets. Hosts with fixed buffers size them with it; a text never exceeds it.
+ *
+ * It is SORRELIN_BOUND_BASE + SORRELIN_BOUND_PER_OCTET * len (saturating at SIZE_MAX), set
+ * from measurement with a margin of at least three: fuzzing every entry point with the text size
+ * per message octet as feedback, and a sweep of every message type of every channel at lengths
+ * 2 to 2,048, found at most 569 octets of text (NUL included) for messages of 0 to 3 octets,
+ * 329 text octets per message octet above that (12,184 for a 37-octet paging message), falling
+ * with the length to 77 per octet at 2,048 octets (156,713 octets of text).
+ */
+#define SORRELIN_BOUND_BASE 4096u
+#define SORRELIN_BOUND_PER_OCTET 1024u
+SORRELIN_API size_t sorrelin_details_bound(size_t len);
+
+/*
  * Appends the detail text of the message to the NUL-terminated text in `out` (start with an
  * empty string) and converts every LF of `out` to CR LF. `out` must be large enough for the
  * text: a large message runs to many kilobytes. Returns 1 for a null `out` or `msg`; 0 for an

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # The shared library exports the C entry points and nothing else: the twelve of the original
-# interface and the two bounded calls.
+# interface, the two bounded calls and the bound of their texts.
 set -euo pipefail
 lib=$1
 want="fnSorrelinFC_PCHBlock fnSorrelinFC_PCHBlockPeer fnSorrelinFC_SCHBlock fnSorrelinFC_SCHBlockPeer
 fnSorrelinFDTCHBlock fnSorrelinFDTCHBlockPeer fnSorrelinRC_ACHBlock fnSorrelinRC_ACHBlockPeer
-fnSorrelinRDTCHBlock fnSorrelinRDTCHBlockPeer ovnDecodeDetails ovnDecodeSummary sorrelin_details sorrelin_summary"
+fnSorrelinRDTCHBlock fnSorrelinRDTCHBlockPeer ovnDecodeDetails ovnDecodeSummary sorrelin_details sorrelin_summary sorrelin_details_bound"
 got=$(nm -D --defined-only "$lib" | awk '{print $3}' | sort)
 if [ "$got" != "$(echo $want | tr ' ' '\n' | sort)" ]; then
   echo "exported symbols differ:"; diff <(echo "$got") <(echo $want | tr ' ' '\n' | sort) || true

@@ -13,7 +13,7 @@ EXPORTS = {
     "fnSorrelinFC_SCHBlock", "fnSorrelinFC_PCHBlock", "fnSorrelinRC_ACHBlock", "fnSorrelinFDTCHBlock",
     "fnSorrelinRDTCHBlock", "fnSorrelinFC_SCHBlockPeer", "fnSorrelinFC_PCHBlockPeer",
     "fnSorrelinRC_ACHBlockPeer", "fnSorrelinFDTCHBlockPeer", "fnSorrelinRDTCHBlockPeer",
-    "sorrelin_details", "sorrelin_summary",
+    "sorrelin_details", "sorrelin_summary", "sorrelin_details_bound",
 }
 # DLLs every Windows has; msvcrt is the C runtime mingw-w64 links against.
 SYSTEM = {"kernel32.dll", "user32.dll", "msvcrt.dll", "advapi32.dll"}

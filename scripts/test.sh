@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
 # Builds and runs every test, one stage at a time, printing one line per stage (the full output
 # of each stage is kept in build/logs/): a debug build with assertions, Release builds with g++
-# and with clang (a user's default kind of build), the Python module's tests (pytest), the whole suite under AddressSanitizer and
-# UndefinedBehaviorSanitizer, an install into a scratch prefix used by two consumers, the
-# Windows DLLs (built with mingw-w64, inspected, and the 64-bit one run under wine64), and a
-# short fuzzing run. Ends with one line: all stages passed, or which failed.
+# and with clang (a user's default kind of build), the Python module's tests (pytest), the whole
+# suite under AddressSanitizer and UndefinedBehaviorSanitizer, an install into a scratch prefix
+# used by two consumers, the Windows DLLs (built with mingw-w64, inspected, and the 64-bit one
+# run under wine64), decoders on several threads under ThreadSanitizer, and a short fuzzing run
+# of every fuzz target. Ends with one line: all stages passed, or which failed.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 scripts/deps.sh || exit 1
@@ -63,24 +64,20 @@ stage sanitizers env CC=clang CXX=clang++ bash -c "$(declare -f build_and_test);
 stage install tests/install/check.sh build/release-gcc
 stage windows scripts/check_windows.sh
 
-# Fuzz the entry points briefly, seeded with the example captures; a dot every 10 seconds on
-# the terminal shows it running (fd 3 is the script's own standard output).
-exec 3>&1
-fuzz() {
-  local seeds ticker
-  seeds=$(mktemp -d)
-  (while sleep 10; do printf '.' >&3; done) &
-  ticker=$!
-  /usr/bin/python3 scripts/fuzz_seeds.py examples/*.txt "$seeds" &&
-    build/asan/sorrelin_fuzz -max_total_time="${FUZZ_SECONDS:-60}" -max_len=400 -print_final_stats=1 "$seeds" 2>&1 |
-    grep -E 'stat::number_of_executed_units|ERROR|SUMMARY' | sed 's/stat::number_of_executed_units: */executions: /'
-  local rc=${PIPESTATUS[0]}
-  kill "$ticker" 2>/dev/null
-  wait "$ticker" 2>/dev/null
-  rm -rf "$seeds"
-  return "$rc"
+# ThreadSanitizer: decoders on several threads, started together, against a serial replay of
+# the seed corpora.
+tsan() {
+  env CC=clang CXX=clang++ cmake -S . -B build/tsan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DSORRELIN_TSAN=ON \
+    -DSORRELIN_THREAD_REPLAY=ON -DSORRELIN_TESTS=OFF -DSORRELIN_WERROR=ON &&
+    cmake --build build/tsan -j "$jobs" --target sorrelin_thread_replay &&
+    TSAN_OPTIONS=halt_on_error=1 build/tsan/sorrelin_thread_replay -t 4 -n "${TSAN_INPUTS:-4000}" fuzz/corpus
 }
-if [ -x build/asan/sorrelin_fuzz ]; then stage fuzz fuzz; fi
+stage tsan tsan
+
+# Fuzz every entry point briefly from its seed corpus (the sanitizer build's targets).
+if [ -x build/asan/sorrelin_fuzz_details ]; then
+  stage fuzz scripts/fuzz.sh --smoke -t "${FUZZ_SECONDS:-20}" -b build/asan
+fi
 
 if [ ${#failed[@]} -eq 0 ]; then
   echo "all stages passed ($passed_tests tests passed, $failed_tests failed)"

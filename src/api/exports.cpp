@@ -122,6 +122,12 @@ int sorrelin_summary(char* out, size_t capacity, size_t* needed, int channel, co
   return copy_bounded(out, capacity, needed, name, msg == nullptr ? 1 : 0);
 }
 
+size_t sorrelin_details_bound(size_t len) {
+  constexpr size_t kMax = static_cast<size_t>(-1);
+  if (len > (kMax - SORRELIN_BOUND_BASE) / SORRELIN_BOUND_PER_OCTET) return kMax;
+  return SORRELIN_BOUND_BASE + SORRELIN_BOUND_PER_OCTET * len;
+}
+
 int fnSorrelinFC_SCHBlock(unsigned char* b, unsigned int len, char* out, unsigned int outlen, unsigned int flags) {
   return block(cs::kSync, b, len, out, outlen, flags);
 }

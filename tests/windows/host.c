@@ -30,7 +30,7 @@ static const char* const kExports[] = {
     "ovnDecodeDetails",          "ovnDecodeSummary",          "fnSorrelinFC_SCHBlock",   "fnSorrelinFC_PCHBlock",
     "fnSorrelinRC_ACHBlock",     "fnSorrelinFDTCHBlock",      "fnSorrelinRDTCHBlock",    "fnSorrelinFC_SCHBlockPeer",
     "fnSorrelinFC_PCHBlockPeer", "fnSorrelinRC_ACHBlockPeer", "fnSorrelinFDTCHBlockPeer", "fnSorrelinRDTCHBlockPeer",
-    "sorrelin_details",          "sorrelin_summary"};
+    "sorrelin_details",          "sorrelin_summary",          "sorrelin_details_bound"};
 
 static int channel_code(const char* s) {
   static const char* const names[] = {"", "sync", "paging", "access", "ftc", "rtc"};
