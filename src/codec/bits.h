@@ -1,25 +1,28 @@
 // Big-endian bit fields over a message buffer. Every read is bounded by the buffer's size:
 // bits past the last octet read as zero, so no count, however wrong, reaches outside it.
 #pragma once
+#include <bit>
 #include <cstddef>
+#include <cstring>
 #include <cstdint>
 
 namespace cs {
 
-// Reads `width` (0..32) bits at bit position `pos`, most significant first.
+// Reads `width` (0..32) bits at bit position `pos`, most significant first. Away from the
+// buffer's end the five octets that can hold the field come in one 64-bit load.
 inline std::uint32_t read_bits(const std::uint8_t* buf, std::size_t nbytes, std::uint64_t pos, unsigned width) {
-  std::uint32_t v = 0;
-  while (width > 0) {
-    const std::uint64_t byte = pos >> 3;
-    const unsigned off = static_cast<unsigned>(pos & 7);
-    const unsigned take = width < 8 - off ? width : 8 - off;
-    const unsigned octet = byte < nbytes ? buf[byte] : 0u;
-    const unsigned chunk = (octet >> (8 - off - take)) & ((1u << take) - 1u);
-    v = static_cast<std::uint32_t>((static_cast<std::uint64_t>(v) << take) | chunk);
-    pos += take;
-    width -= take;
+  if (width == 0) return 0;
+  const std::uint64_t byte = pos >> 3;
+  const unsigned off = static_cast<unsigned>(pos & 7);
+  std::uint64_t w = 0;
+  if (byte < nbytes && nbytes - byte >= 8) {
+    std::memcpy(&w, buf + byte, 8);
+    if constexpr (std::endian::native == std::endian::little) w = __builtin_bswap64(w);
+  } else {
+    for (unsigned i = 0; i < 5; ++i) w = (w << 8) | (byte + i < nbytes ? buf[byte + i] : 0u);
+    w <<= 24;
   }
-  return v;
+  return static_cast<std::uint32_t>((w << off) >> (64 - width));
 }
 
 // Copies `width` bits from `src` at `src_pos` into `dst` at `dst_pos` (destination bits

@@ -202,13 +202,13 @@ class ReadWalk {
   void take(const Field<T>& f) {
     assert(f.width <= 8 * sizeof(T) && "field wider than its storage");
     assert(pos_ + f.width <= covered_ && "read outside any checked group");
-    if (g_read_trace) trace(f.name, f.width);
+    if (g_read_trace) trace(std::string(f.name), f.width);
     f.ref = static_cast<T>(read_bits(buf_, buf_bytes_, pos_, f.width));
     pos_ += f.width;
   }
   void take(const Field<Bytes>& f) {
     assert(pos_ + f.width <= covered_ && "read outside any checked group");
-    if (g_read_trace) trace(f.name, f.width);
+    if (g_read_trace) trace(std::string(f.name), f.width);
     const std::uint32_t octets = (f.width + 7) / 8;
     f.ref.data = arena_.alloc<std::uint8_t>(octets);
     f.ref.bits = 8 * octets;

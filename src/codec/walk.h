@@ -58,6 +58,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 #include <type_traits>
 
 #include "codec/annotation_keys.h"
@@ -108,13 +109,13 @@ inline constexpr int kLookUp = -2;
 template <class T>
 struct Field {
   T& ref;
-  const char* name;
+  std::string_view name;  // its length known where the layout is compiled
   std::uint32_t width;
   int annotation;
 };
 
 template <class T>
-constexpr Field<T> field(T& ref, const char* name, std::uint32_t width, int annotation = kLookUp) {
+constexpr Field<T> field(T& ref, std::string_view name, std::uint32_t width, int annotation = kLookUp) {
   return Field<T>{ref, name, width, annotation};
 }
 

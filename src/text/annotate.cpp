@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <string>
 
 namespace cs {
@@ -196,9 +196,10 @@ std::uint32_t scalar_of(const AnnValue& v) {
 }
 
 void put_double(Text& t, double x, Fmt f) {
-  char b[64];
-  const int n = f == Fmt::Angle ? std::snprintf(b, sizeof b, "%.25f", x) : std::snprintf(b, sizeof b, "%f", x);
-  t.put(std::string_view(b, n > 0 ? static_cast<std::size_t>(n) : 0));
+  // As printf's "%f" and "%.25f": the exact value correctly rounded to 6 or 25 decimals.
+  char b[384];
+  const auto r = std::to_chars(b, b + sizeof b, x, std::chars_format::fixed, f == Fmt::Angle ? 25 : 6);
+  t.put(std::string_view(b, r.ec == std::errc{} ? static_cast<std::size_t>(r.ptr - b) : 0));
 }
 
 void quantity(Text& t, const Quantity& q, const AnnValue& v) {

@@ -185,7 +185,7 @@ class JsonWalk {
     j_.number(static_cast<std::uint64_t>(v));
     annotation(name, kLookUp, AnnValue{v, width, nullptr});
   }
-  void annotation(const char* name, int index, const AnnValue& v) {
+  void annotation(std::string_view name, int index, const AnnValue& v) {
     if (index == -1) return;
     const std::string reading = annotation_reading(index == kLookUp ? annotation_index(name) : index, v);
     if (reading.empty()) return;
