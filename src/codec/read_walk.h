@@ -29,7 +29,8 @@ class ReadWalk {
   static constexpr bool kReading = true;
 
   ReadWalk(Arena& arena, const std::uint8_t* buf, std::size_t buf_bytes, std::uint64_t start, std::uint64_t avail)
-      : arena_(arena), buf_(buf), buf_bytes_(buf_bytes), start_(start), pos_(start), end_(start + avail) {}
+      : arena_(arena), buf_(buf), buf_bytes_(buf_bytes), start_(start), pos_(start), end_(start + avail),
+        trace_(g_read_trace) {}
 
   // A group of fields and reserved bits: all of it fits, or none of it is read.
   template <class... Items>
@@ -61,7 +62,7 @@ class ReadWalk {
 
   template <class T>
   void show(const T&, const char* name) {
-    if (rc_ == Rc::ok) trace(name, 0);
+    if (rc_ == Rc::ok && trace_) trace(name, 0);
   }
   // Bits passed over; never past the end of the message (a declared length may overstate it).
   void skip(std::uint64_t bits) {
@@ -78,7 +79,7 @@ class ReadWalk {
     a.data = arena_.alloc<T>(n);
     for (; a.count < n; ++a.count) {
       if (!need(width)) return false;
-      if (g_read_trace) trace(std::string(name) + "[" + std::to_string(a.count) + "]", width);
+      if (trace_) trace(std::string(name) + "[" + std::to_string(a.count) + "]", width);
       a.data[a.count] = static_cast<T>(read_bits(buf_, buf_bytes_, pos_, width));
       pos_ += width;
     }
@@ -195,20 +196,22 @@ class ReadWalk {
   Arena& arena() { return arena_; }
 
  private:
-  void trace(std::string name, std::uint32_t width) {
-    if (g_read_trace) g_read_trace->push_back(TraceItem{std::move(name), pos_, width});
+  // Out of line: tracing is for tests and tools, and must not keep the readers below from
+  // being inlined into every layout.
+  [[gnu::noinline, gnu::cold]] void trace(std::string_view name, std::uint32_t width) {
+    trace_->push_back(TraceItem{std::string(name), pos_, width});
   }
   template <class T>
-  void take(const Field<T>& f) {
+  [[gnu::always_inline]] void take(const Field<T>& f) {
     assert(f.width <= 8 * sizeof(T) && "field wider than its storage");
     assert(pos_ + f.width <= covered_ && "read outside any checked group");
-    if (g_read_trace) trace(std::string(f.name), f.width);
+    if (trace_) [[unlikely]] trace(f.name, f.width);
     f.ref = static_cast<T>(read_bits(buf_, buf_bytes_, pos_, f.width));
     pos_ += f.width;
   }
   void take(const Field<Bytes>& f) {
     assert(pos_ + f.width <= covered_ && "read outside any checked group");
-    if (g_read_trace) trace(std::string(f.name), f.width);
+    if (trace_) [[unlikely]] trace(f.name, f.width);
     const std::uint32_t octets = (f.width + 7) / 8;
     f.ref.data = arena_.alloc<std::uint8_t>(octets);
     f.ref.bits = 8 * octets;
@@ -235,6 +238,7 @@ class ReadWalk {
   const std::uint8_t* buf_;
   std::size_t buf_bytes_;
   std::uint64_t start_, pos_, end_;
+  std::vector<TraceItem>* trace_;
 #ifndef NDEBUG
   std::uint64_t covered_ = 0;
 #endif
