@@ -46,9 +46,7 @@ class Text {
       spaces(indent).put(name).put(" = ").field_value(v);
       return end ? put('\n') : *this;
     }
-    char* p = b;
-    std::memset(p, ' ', indent);
-    p += indent;
+    char* p = indent_in(b, indent);
     std::memcpy(p, name.data(), name.size());
     p += name.size();
     std::memcpy(p, " = ", 3);
@@ -63,9 +61,7 @@ class Text {
     if (indent + name.size() + 28 > sizeof b) {
       return spaces(indent).put(name).put('[').dec(k).put("] = ").field_value(v).put('\n');
     }
-    char* p = b;
-    std::memset(p, ' ', indent);
-    p += indent;
+    char* p = indent_in(b, indent);
     std::memcpy(p, name.data(), name.size());
     p += name.size();
     *p++ = '[';
@@ -91,6 +87,18 @@ class Text {
   void clear() { s_->clear(); }
 
  private:
+  // `indent` spaces at the start of a line buffer of at least 32 octets; the usual indents
+  // (up to 32) are one fixed-size copy, which the compiler makes two stores.
+  static char* indent_in(char* b, unsigned indent) {
+    static constexpr char kSpaces[33] = "                                ";
+    if (indent <= 32) {
+      std::memcpy(b, kSpaces, 32);
+    } else {
+      std::memset(b, ' ', indent);
+    }
+    return b + indent;
+  }
+
   std::string own_;
   std::string* s_;
 };
