@@ -749,7 +749,7 @@ def compare(corpus_path, build):
         driver = os.path.join(tmp, 'driver')
         subprocess.run(['g++', '-std=c++20', '-O1', '-I', os.path.join(ROOT, 'src'),
                         os.path.join(HERE, 'burst_contents_driver.cpp'),
-                        os.path.join(build, 'libsorrelin_static.a'), '-o', driver], check=True)
+                        os.path.join(build, 'libcdmaSorrelin.a'), '-o', driver], check=True)
         with open(corpus_path) as f:
             ours = split_ours(subprocess.run([driver], stdin=f, capture_output=True, text=True, check=True).stdout)
         peer = split_peer(subprocess.run([peer_script(), corpus_path], capture_output=True, text=True, check=True).stdout)
