@@ -1,8 +1,8 @@
 // libFuzzer target: the ten block exports, full and peer renderings, small `outlen`s.
 // Switches (octet 3): bit 0 the flags value, bit 1 the *BlockPeer export instead, bit 2 the
 // message's own P_REV octet after it (as hosts build blocks) instead of the raw octets,
-// bits 3-7 `outlen` (0 to 31). The peer rendering gets a buffer of exactly `outlen` + 1
-// octets, the full rendering one of exactly the size its text announces.
+// bits 3-7 `outlen` (0 to 31). The peer rendering gets a buffer of `outlen` + 1 octets whose
+// last must stay untouched, the full rendering one of exactly the size its text announces.
 #include <cstring>
 #include <vector>
 
@@ -52,8 +52,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::vector<char> out(outlen + 1, '#');
     rc = peer_export ? kPeers[channel - 1](block.data(), len, 0, 0, out.data(), outlen)
                      : kBlocks[channel - 1](block.data(), len, out.data(), outlen, 1);
-    fuzz::check(std::memchr(out.data(), '\0', out.size()) != nullptr, "peer text not ended within outlen + 1");
-    text = out.data();
+    // Nothing at or past out[outlen]: a text that does not fit is cut to outlen - 1 octets and
+    // its NUL, and an outlen of 0 leaves out untouched.
+    fuzz::check(out[outlen] == '#', "peer rendering wrote at out[outlen]");
+    if (outlen > 0) {
+      fuzz::check(std::memchr(out.data(), '\0', outlen) != nullptr, "peer text not ended within outlen");
+      text = out.data();
+    }
   } else {
     // name, three spaces, CR LF, then the detail text: its size asked of the bounded calls
     // (on the message as the export will see it, with its access channel type reduced).
