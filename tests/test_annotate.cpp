@@ -1,6 +1,7 @@
 // The value annotation: keys, digit renderers, dates, counts and scaled quantities.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <set>
 
 #include "text/annotate.h"
@@ -106,6 +107,30 @@ TEST(Annotation, Min1Digits) {
   // 617-5551 style number: three digits, a 4-bit digit, three digits.
   const std::uint32_t v = (((6 - 1) * 100 + (1 - 1) * 10 + (7 - 1)) << 14) | (5u << 10) | ((5 - 1) * 100 + (5 - 1) * 10 + 0);
   EXPECT_EQ(ann("MIN1", v, 24), " ( 617-5551 )");
+}
+
+// Decimal readings are printf's "%f" of the scaled value, whichever way they are formatted:
+// every value of signed 8- and 14-bit fields with scales of 1/64, 2.5 and 0.625 (exact in six
+// decimals or not).
+TEST(Annotation, DecimalReadingsAreThoseOfPrintf) {
+  struct Case {
+    const char* name;
+    unsigned width;
+    bool is_signed;
+    double scale;
+    const char* unit;
+  };
+  const Case cases[] = {{"doppler1", 8, true, 1.0 / 64, " Hz/s )"},
+                        {"doppler0", 14, true, 2.5, " Hz )"},
+                        {"doppler0_lsb", 8, false, 0.625, " Hz )"}};
+  for (const Case& c : cases) {
+    for (std::uint32_t v = 0; v < (1u << c.width); ++v) {
+      const std::int64_t raw = c.is_signed && (v >> (c.width - 1)) ? std::int64_t{v} - (std::int64_t{1} << c.width) : v;
+      char b[64];
+      std::snprintf(b, sizeof b, " ( %f%s", static_cast<double>(raw) * c.scale, c.unit);
+      ASSERT_EQ(ann(c.name, v, c.width), b) << c.name << " " << v;
+    }
+  }
 }
 
 }  // namespace

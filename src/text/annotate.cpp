@@ -170,7 +170,9 @@ const Index kIndex;
 // A 10-bit group of three digits: each digit is stored as 1..10 with 10 meaning 0.
 void digits3(Text& t, std::uint32_t v) {
   const unsigned d[3] = {(v / 100) % 10 + 1, (v / 10) % 10 + 1, v % 10 + 1};
-  for (unsigned x : d) t.dec(x == 10 ? 0 : x);
+  char b[3];
+  for (unsigned i = 0; i < 3; ++i) b[i] = static_cast<char>('0' + d[i] % 10);   // 10 stands for 0
+  t.put(std::string_view(b, 3));
 }
 
 std::uint32_t bits_of(const std::uint8_t* a, unsigned pos, unsigned width) {
@@ -196,6 +198,21 @@ std::uint32_t scalar_of(const AnnValue& v) {
 }
 
 void put_double(Text& t, double x, Fmt f) {
+  // A multiple of 1/64 below 2^40 (half-dB steps, Doppler steps, ...) has at most six
+  // decimals, all exact: its "%f" is its integer part and 15625 millionths per 64th.
+  if (f == Fmt::Float && std::fabs(x) < 1099511627776.0 && x * 64 == std::floor(x * 64)) {
+    const auto n = static_cast<std::int64_t>(x * 64);
+    const std::uint64_t a = static_cast<std::uint64_t>(n < 0 ? -n : n);
+    char b[32];
+    char* p = b;
+    if (n < 0 || std::signbit(x)) *p++ = '-';
+    p = std::to_chars(p, b + sizeof b, a / 64).ptr;
+    *p++ = '.';
+    const std::uint64_t frac = (a % 64) * 15625;   // millionths, below 10^6
+    for (std::uint64_t d = 100000; d != 0; d /= 10) *p++ = static_cast<char>('0' + frac / d % 10);
+    t.put(std::string_view(b, static_cast<std::size_t>(p - b)));
+    return;
+  }
   // As printf's "%f" and "%.25f": the exact value correctly rounded to 6 or 25 decimals.
   char b[384];
   const auto r = std::to_chars(b, b + sizeof b, x, std::chars_format::fixed, f == Fmt::Angle ? 25 : 6);

@@ -11,13 +11,19 @@ void put_hex_bits(Text& t, const std::uint8_t* data, std::uint32_t bits) {
     t.put("NULL\n");
     return;
   }
+  // Composed 64 digits at a time.
+  static constexpr char kDigits[] = "0123456789abcdef";
+  char b[64];
+  std::size_t n = 0;
   t.put("0x");
   for (std::uint32_t i = 0; i < bits; i += 4) {
     const unsigned shift = 4 - (i % 8);   // i is 0 or 4 within its octet
     unsigned nibble = (data[i / 8] >> shift) & 0xF;
     if (bits - i < 4) nibble &= 0xF0u >> (bits - i);   // keep only the bits that exist
-    t.hex_digit(nibble);
+    b[n++] = kDigits[nibble];
+    if (n == sizeof b) t.put(std::string_view(b, n)), n = 0;
   }
+  t.put(std::string_view(b, n));
 }
 
 std::string to_crlf(std::string_view s) {
