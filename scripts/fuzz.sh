@@ -60,7 +60,10 @@ for t in "${targets[@]}"; do
   before=$(find "$seeds" -type f | wc -l)
   # The entropic schedule is off: with this many features its bookkeeping took two thirds of
   # each execution (3.9 K against 12.7 K executions/s on one core, with more features found).
-  args=(-max_len=8192 -dict=fuzz/sorrelin.dict -max_total_time="$seconds" -timeout=10 -rss_limit_mb=4096
+  # libFuzzer times an input by the wall clock: a niced campaign on a busy machine may wait
+  # seconds for a core, so a campaign allows 60 s (the slowest input decodes in milliseconds).
+  timeout=10 && [ $smoke = 0 ] && timeout=60
+  args=(-max_len=8192 -dict=fuzz/sorrelin.dict -max_total_time="$seconds" -timeout="$timeout" -rss_limit_mb=4096
         -entropic=0 -print_final_stats=1 -artifact_prefix="$findings/")
   # A campaign runs JOBS plain fuzzing processes side by side on one working corpus, which
   # each reloads as the others add to it (libFuzzer's fork mode restarts a job every few
