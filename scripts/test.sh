@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Builds and runs every test, one stage at a time, printing one line per stage (the full output
 # of each stage is kept in build/logs/): a debug build with assertions, Release builds with g++
-# and with clang (a user's default kind of build), the Python module's tests (pytest), the whole
+# and with clang (a user's default kind of build), the Python module's tests (pytest), the
+# library and tool built RelWithDebInfo with g++ and with no build type with clang, the whole
 # suite under AddressSanitizer and UndefinedBehaviorSanitizer, an install into a scratch prefix
 # used by two consumers, the Windows DLLs (built with mingw-w64, inspected, and the 64-bit one
 # run under wine64), decoders on several threads under ThreadSanitizer, and a short fuzzing run
@@ -61,6 +62,15 @@ stage release-clang env CC=clang CXX=clang++ bash -c "$(declare -f build_and_tes
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 stage sanitizers env CC=clang CXX=clang++ bash -c "$(declare -f build_and_test); jobs=$jobs; \
   build_and_test build/asan -DCMAKE_BUILD_TYPE=Debug -DSORRELIN_SANITIZE=ON -DSORRELIN_FUZZ=ON"
+# Builds users make by default: RelWithDebInfo with g++, no build type with clang (the
+# library and the tool, warnings as errors).
+other_builds() {
+  cmake -S . -B build/relwithdebinfo-gcc -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DSORRELIN_TESTS=OFF \
+    -DSORRELIN_PYTHON=OFF -DSORRELIN_WERROR=ON && cmake --build build/relwithdebinfo-gcc -j "$jobs" &&
+    CC=clang CXX=clang++ cmake -S . -B build/default-clang -G Ninja -DSORRELIN_TESTS=OFF -DSORRELIN_PYTHON=OFF \
+      -DSORRELIN_WERROR=ON && cmake --build build/default-clang -j "$jobs" && echo "both built"
+}
+stage other-builds other_builds
 stage install tests/install/check.sh build/release-gcc
 stage windows scripts/check_windows.sh
 
