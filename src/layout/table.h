@@ -51,10 +51,6 @@ class MessageTable {
     const Entry* e = find(type);
     return e && e->ops.decode ? &e->ops : nullptr;
   }
-  const char* label(std::uint8_t type) const {
-    const Entry* e = find(type);
-    return e ? e->label.c_str() : nullptr;
-  }
   const std::vector<Entry>& entries() const { return entries_; }
 
  private:

@@ -75,7 +75,6 @@ class Text {
     s_->append(b, static_cast<std::size_t>(p - b));
     return *this;
   }
-  Text& hex_digit(unsigned d) { return put("0123456789abcdef"[d & 15]); }
   Text& hex_upper(std::uint32_t v, unsigned digits) {
     for (unsigned i = digits; i-- > 0;) put("0123456789ABCDEF"[(v >> (4 * i)) & 15]);
     return *this;
