@@ -137,7 +137,7 @@ int octet_number(std::string_view w) {
   return v <= 255 ? v : -1;
 }
 
-LineKind parse_line(std::string_view line, std::uint8_t default_band, LineSpec& spec,
+LineKind parse_line(std::string_view line, std::uint8_t default_band, LineHead& head,
                     std::vector<std::uint8_t>& octets, std::string& why) {
   // One pass over the line: the revision words are split off, the hex is read where it lies.
   const char* const begin = line.data();
@@ -166,8 +166,8 @@ LineKind parse_line(std::string_view line, std::uint8_t default_band, LineSpec& 
     why = "expected CHANNEL P_REV [BAND_CLASS] HEX";
     return LineKind::bad;
   }
-  spec.channel = channel_code(words[0]);
-  if (spec.channel == 0) {
+  head.channel = channel_code(words[0]);
+  if (head.channel == 0) {
     why = "unknown channel '" + escaped(words[0]) + "' (sync, paging, access, ftc, rtc or 1..5)";
     return LineKind::bad;
   }
@@ -176,8 +176,8 @@ LineKind parse_line(std::string_view line, std::uint8_t default_band, LineSpec& 
     why = "P_REV '" + escaped(words[1]) + "' is not a number from 0 to 255";
     return LineKind::bad;
   }
-  spec.p_rev = static_cast<std::uint8_t>(p_rev);
-  spec.band_class = default_band;
+  head.p_rev = static_cast<std::uint8_t>(p_rev);
+  head.band_class = default_band;
   const char* hex = words[2].data();
   const char* const fourth = skip_space(q);
   if (fourth < end && all_decimal(words[2]) && words[2].size() <= 3) {
@@ -197,7 +197,7 @@ LineKind parse_line(std::string_view line, std::uint8_t default_band, LineSpec& 
       why = "band class '" + escaped(words[2]) + "' is not a number from 0 to 255";
       return LineKind::bad;
     }
-    spec.band_class = static_cast<std::uint8_t>(band);
+    head.band_class = static_cast<std::uint8_t>(band);
     hex = fourth;
   }
   // The hex runs to the end of the line (or its comment), spaces and colons between its

@@ -51,7 +51,7 @@ const char* channel_word(int channel);
 int octet_number(std::string_view word);
 
 // What a message line says.
-struct LineSpec {
+struct LineHead {
   int channel = 0;
   std::uint8_t p_rev = 0;
   std::uint8_t band_class = 0;
@@ -64,7 +64,7 @@ enum class LineKind { blank, message, bad };
 // then the band class when it is a decimal number, unless it could as well be the first
 // octet of hex written two digits to a word (that line is refused as ambiguous). The octets
 // go to `octets` (its storage is reused); `why` says what is wrong with a bad line.
-LineKind parse_line(std::string_view line, std::uint8_t default_band, LineSpec& spec,
+LineKind parse_line(std::string_view line, std::uint8_t default_band, LineHead& head,
                     std::vector<std::uint8_t>& octets, std::string& why);
 
 // `s` fit for a terminal and a log: printable ASCII as it is, a backslash doubled, every

@@ -111,8 +111,8 @@ class Runner {
 
   // One message line from `where` ("FILE:LINE", or empty for the command line's message).
   void line(std::string_view text, std::string_view where) {
-    cs::tool::LineSpec spec;
-    switch (parse_line(text, static_cast<std::uint8_t>(opt_.band_class), spec, octets_, why_)) {
+    cs::tool::LineHead head;
+    switch (parse_line(text, static_cast<std::uint8_t>(opt_.band_class), head, octets_, why_)) {
       case LineKind::blank: return;
       case LineKind::bad: return complain(where, why_);
       case LineKind::message: break;
@@ -129,10 +129,10 @@ class Runner {
       }
       octets_.push_back(0);
       msg = octets_.data() + 1;
-      len = cs::diag::library_len(spec.channel, octets_[0]);
+      len = cs::diag::library_len(head.channel, octets_[0]);
     }
     where_.assign(where);
-    emit(spec.channel, spec.p_rev, spec.band_class, msg, len, nullptr);
+    emit(head.channel, head.p_rev, head.band_class, msg, len, nullptr);
   }
 
   // The 1x signalling messages of a DIAG log.
