@@ -107,22 +107,26 @@ LogReader::~LogReader() {
   if (file_ && owned_) std::fclose(file_);
 }
 
-bool LogReader::open(const std::string& path, Container c, std::string& error) {
-  if (path == "-") {
-    file_ = stdin;
-  } else {
-    std::error_code ec;
-    if (std::filesystem::is_directory(path, ec)) {
-      error = "is a directory";
-      return false;
-    }
-    file_ = std::fopen(path.c_str(), "rb");
-    if (!file_) {
-      error = std::strerror(errno);
-      return false;
-    }
-    owned_ = true;
+std::FILE* open_input(const std::string& path, bool& owned, std::string& error) {
+  owned = false;
+  if (path == "-") return stdin;
+  std::error_code ec;
+  if (std::filesystem::is_directory(path, ec)) {
+    error = "is a directory";
+    return nullptr;
   }
+  std::FILE* f = std::fopen(path.c_str(), "rb");
+  if (!f) {
+    error = std::strerror(errno);
+    return nullptr;
+  }
+  owned = true;
+  return f;
+}
+
+bool LogReader::open(const std::string& path, Container c, std::string& error) {
+  file_ = open_input(path, owned_, error);
+  if (!file_) return false;
   container_ = c;
   buf_.resize(kBlock);
   frame_.reserve(kMaxFrame);

@@ -48,6 +48,11 @@ Container container_of(const std::string& path);
 
 // Pulls the log items out of a file, reading it in large blocks; memory stays bounded by the
 // largest frame (at most 64 KiB of log item), whatever the file's size.
+
+// The file at `path` opened for reading in binary, or standard input for "-" (then `owned` is
+// false: the caller must not close it); null with `error` set when it cannot be read.
+std::FILE* open_input(const std::string& path, bool& owned, std::string& error);
+
 class LogReader {
  public:
   LogReader() = default;

@@ -3,13 +3,14 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 
 #if defined(_WIN32)
 #include <io.h>
 #else
 #include <unistd.h>
 #endif
+
+#include "diag_log.h"
 
 namespace cs::tool {
 
@@ -54,21 +55,8 @@ LineReader::~LineReader() {
 }
 
 bool LineReader::open(const std::string& path, std::string& error) {
-  if (path == "-") {
-    file_ = stdin;
-  } else {
-    std::error_code ec;
-    if (std::filesystem::is_directory(path, ec)) {
-      error = "is a directory";
-      return false;
-    }
-    file_ = std::fopen(path.c_str(), "rb");
-    if (!file_) {
-      error = std::strerror(errno);
-      return false;
-    }
-    owned_ = true;
-  }
+  file_ = diag::open_input(path, owned_, error);
+  if (!file_) return false;
   buf_.resize(kBlock);
   return true;
 }
