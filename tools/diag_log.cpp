@@ -15,19 +15,8 @@ namespace cs::diag {
 
 namespace {
 
-constexpr std::size_t kBlock = 1 << 20;     // octets read at once
 constexpr std::size_t kItemHeader = 12;     // length, code, timestamp
 constexpr std::size_t kMaxFrame = 65536 + 16;
-
-// One read(2) of the file's descriptor: it returns what a pipe holds, where fread would wait
-// for a whole block.
-#if defined(_WIN32)
-long read_some(std::FILE* f, std::uint8_t* p, std::size_t n) {
-  return _read(_fileno(f), p, static_cast<unsigned>(n > (1u << 30) ? 1u << 30 : n));
-}
-#else
-long read_some(std::FILE* f, std::uint8_t* p, std::size_t n) { return static_cast<long>(::read(fileno(f), p, n)); }
-#endif
 
 std::uint16_t le16(const std::uint8_t* p) { return static_cast<std::uint16_t>(p[0] | p[1] << 8); }
 std::uint64_t le64(const std::uint8_t* p) {
@@ -103,9 +92,13 @@ Container container_of(const std::string& path) {
   return ext == ".dlf" ? Container::dlf : Container::hdlc;
 }
 
-LogReader::~LogReader() {
-  if (file_ && owned_) std::fclose(file_);
+#if defined(_WIN32)
+long read_some(std::FILE* f, void* p, std::size_t n) {
+  return _read(_fileno(f), p, static_cast<unsigned>(n > (1u << 30) ? 1u << 30 : n));
 }
+#else
+long read_some(std::FILE* f, void* p, std::size_t n) { return static_cast<long>(::read(fileno(f), p, n)); }
+#endif
 
 std::FILE* open_input(const std::string& path, bool& owned, std::string& error) {
   owned = false;
@@ -125,36 +118,9 @@ std::FILE* open_input(const std::string& path, bool& owned, std::string& error) 
 }
 
 bool LogReader::open(const std::string& path, Container c, std::string& error) {
-  file_ = open_input(path, owned_, error);
-  if (!file_) return false;
+  if (!open_file(path, error)) return false;
   container_ = c;
-  buf_.resize(kBlock);
   frame_.reserve(kMaxFrame);
-  return true;
-}
-
-bool LogReader::fill() {
-  if (!file_ || eof_) return false;
-  // Keep what is left, then read a block after it.
-  if (pos_ > 0) {
-    std::memmove(buf_.data(), buf_.data() + pos_, end_ - pos_);
-    end_ -= pos_;
-    pos_ = 0;
-  }
-  if (buf_.size() - end_ < kBlock / 2) buf_.resize(end_ + kBlock);
-  if (short_read_ && hook_) hook_(context_);
-  const std::size_t want = buf_.size() - end_;
-  long got;
-  do {
-    got = read_some(file_, buf_.data() + end_, want);
-  } while (got < 0 && errno == EINTR);
-  if (got <= 0) {
-    eof_ = true;
-    if (got < 0) error_ = std::strerror(errno);
-    return false;
-  }
-  end_ += static_cast<std::size_t>(got);
-  short_read_ = static_cast<std::size_t>(got) < want;
   return true;
 }
 

@@ -16,8 +16,10 @@
 // been seen in a real log yet: such an item is decoded only when its length octet and its
 // CRC-16 check as a capsule's, and reported otherwise.
 #pragma once
+#include <cerrno>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <vector>
@@ -53,45 +55,93 @@ Container container_of(const std::string& path);
 // false: the caller must not close it); null with `error` set when it cannot be read.
 std::FILE* open_input(const std::string& path, bool& owned, std::string& error);
 
-class LogReader {
- public:
-  LogReader() = default;
-  ~LogReader();
-  LogReader(const LogReader&) = delete;
-  LogReader& operator=(const LogReader&) = delete;
+// One read(2) of the file's descriptor: it returns what a pipe or a terminal holds, where
+// fread would wait for a whole block. Negative on an error.
+long read_some(std::FILE* f, void* p, std::size_t n);
 
+// A file read a block at a time into a buffer that keeps the unconsumed tail: the input of the
+// log reader and of the tool's line reader. `buf_[pos_, end_)` is what is read and not yet used.
+template <class Octet>
+class BlockInput {
+ public:
+  static constexpr std::size_t kBlock = std::size_t{1} << 20;   // octets read at once
+
+  BlockInput() = default;
+  ~BlockInput() {
+    if (file_ && owned_) std::fclose(file_);
+  }
+  BlockInput(const BlockInput&) = delete;
+  BlockInput& operator=(const BlockInput&) = delete;
+
+  // Called before a read that may wait (the previous one returned less than it asked): a
+  // chance to flush output first.
+  void on_wait(void (*hook)(void*), void* context) {
+    hook_ = hook;
+    context_ = context;
+  }
+  const std::string& error() const { return error_; }
+
+ protected:
+  // Opens `path` ("-" is standard input); false with `error` set when it cannot be read.
+  bool open_file(const std::string& path, std::string& error) {
+    file_ = open_input(path, owned_, error);
+    if (!file_) return false;
+    buf_.resize(kBlock);
+    return true;
+  }
+  // Moves the unconsumed tail to the front and reads once after it (growing the buffer when
+  // less than half a block is free); false at the end of the file or on a read error.
+  bool fill() {
+    if (eof_ || !file_) return false;
+    if (pos_ > 0) {
+      std::memmove(buf_.data(), buf_.data() + pos_, end_ - pos_);
+      end_ -= pos_;
+      pos_ = 0;
+    }
+    if (buf_.size() - end_ < kBlock / 2) buf_.resize(end_ + kBlock);
+    if (short_read_ && hook_) hook_(context_);
+    const std::size_t want = buf_.size() - end_;
+    long got;
+    do {
+      got = read_some(file_, buf_.data() + end_, want);
+    } while (got < 0 && errno == EINTR);
+    if (got <= 0) {
+      eof_ = true;
+      if (got < 0) error_ = std::strerror(errno);
+      return false;
+    }
+    end_ += static_cast<std::size_t>(got);
+    short_read_ = static_cast<std::size_t>(got) < want;
+    return true;
+  }
+
+  std::FILE* file_ = nullptr;
+  bool owned_ = false;
+  bool eof_ = false;
+  bool short_read_ = false;
+  void (*hook_)(void*) = nullptr;
+  void* context_ = nullptr;
+  std::vector<Octet> buf_;
+  std::size_t pos_ = 0, end_ = 0;
+  std::string error_;
+};
+
+class LogReader : public BlockInput<std::uint8_t> {
+ public:
   // Opens `path` ("-" is standard input); false with `error` set when it cannot be read.
   bool open(const std::string& path, Container c, std::string& error);
   // The next log item (valid until the next call), or false at the end of the file or on a
   // read error (then error() tells it).
   bool next(LogItem& item);
   const Counts& counts() const { return counts_; }
-  const std::string& error() const { return error_; }
-
-  // Called before a read that may wait for more input (a pipe that gave less than asked
-  // last time), so that what was decoded so far can be written out first.
-  void on_wait(void (*hook)(void*), void* context) {
-    hook_ = hook;
-    context_ = context;
-  }
 
  private:
-  bool fill();                  // more input into buf_; false at its end
   bool next_frame();            // the next HDLC frame into frame_, unescaped, CRC checked
   bool item_from(const std::uint8_t* p, std::size_t n, LogItem& item);
 
-  std::FILE* file_ = nullptr;
-  bool owned_ = false;
   Container container_ = Container::hdlc;
-  std::vector<std::uint8_t> buf_;
-  std::size_t pos_ = 0, end_ = 0;
-  bool eof_ = false;
-  bool short_read_ = false;
-  void (*hook_)(void*) = nullptr;
-  void* context_ = nullptr;
   std::vector<std::uint8_t> frame_;
   Counts counts_;
-  std::string error_;
 };
 
 // The logical channel of a 1x signalling log code (cs::kSync ... cs::kRevTraffic), or 0.

@@ -1,31 +1,11 @@
 #include "input.h"
 
 #include <array>
-#include <cerrno>
 #include <cstring>
-
-#if defined(_WIN32)
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
-#include "diag_log.h"
 
 namespace cs::tool {
 
 namespace {
-
-// One read(2) of the file's descriptor.
-#if defined(_WIN32)
-long read_some(std::FILE* f, char* p, std::size_t n) {
-  return _read(_fileno(f), p, static_cast<unsigned>(n > (1u << 30) ? 1u << 30 : n));
-}
-#else
-long read_some(std::FILE* f, char* p, std::size_t n) { return static_cast<long>(::read(fileno(f), p, n)); }
-#endif
-
-constexpr std::size_t kBlock = 1 << 20;
 
 // Per octet: its hex value (0 to 15), kSpace for white space, kOther for anything else.
 constexpr std::int8_t kSpace = -2, kOther = -1;
@@ -49,43 +29,6 @@ bool all_decimal(std::string_view w) {
 
 
 }  // namespace
-
-LineReader::~LineReader() {
-  if (file_ && owned_) std::fclose(file_);
-}
-
-bool LineReader::open(const std::string& path, std::string& error) {
-  file_ = diag::open_input(path, owned_, error);
-  if (!file_) return false;
-  buf_.resize(kBlock);
-  return true;
-}
-
-bool LineReader::fill() {
-  if (eof_) return false;
-  if (pos_ > 0) {
-    std::memmove(buf_.data(), buf_.data() + pos_, end_ - pos_);
-    end_ -= pos_;
-    pos_ = 0;
-  }
-  if (buf_.size() - end_ < kBlock / 2) buf_.resize(buf_.size() + kBlock);   // a line longer than a block
-  if (short_read_ && hook_) hook_(context_);
-  // One read of the descriptor: it returns what a pipe or a terminal holds, where fread would
-  // wait for a whole block.
-  const std::size_t want = buf_.size() - end_;
-  long got;
-  do {
-    got = read_some(file_, buf_.data() + end_, want);
-  } while (got < 0 && errno == EINTR);
-  if (got <= 0) {
-    eof_ = true;
-    if (got < 0) error_ = std::strerror(errno);
-    return false;
-  }
-  end_ += static_cast<std::size_t>(got);
-  short_read_ = static_cast<std::size_t>(got) < want;
-  return true;
-}
 
 bool LineReader::next(std::string_view& line) {
   std::size_t scanned = pos_;

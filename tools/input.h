@@ -7,40 +7,18 @@
 #include <string_view>
 #include <vector>
 
+#include "diag_log.h"
+
 namespace cs::tool {
 
 // The lines of a file (or of standard input), each without its line end. Memory stays
 // bounded by the longest line, whatever the size of the file.
-class LineReader {
+class LineReader : public diag::BlockInput<char> {
  public:
-  LineReader() = default;
-  ~LineReader();
-  LineReader(const LineReader&) = delete;
-  LineReader& operator=(const LineReader&) = delete;
-
   // Opens `path` ("-" is standard input); false with `error` set when it cannot be read.
-  bool open(const std::string& path, std::string& error);
+  bool open(const std::string& path, std::string& error) { return open_file(path, error); }
   // The next line (valid until the next call), false at the end or on a read error.
   bool next(std::string_view& line);
-  // Called before a read that may wait for more input (a pipe or a terminal that gave less
-  // than asked last time), so that what was decoded so far can be written out first.
-  void on_wait(void (*hook)(void*), void* context) {
-    hook_ = hook;
-    context_ = context;
-  }
-  const std::string& error() const { return error_; }
-
- private:
-  bool fill();
-  std::FILE* file_ = nullptr;
-  bool owned_ = false;
-  bool eof_ = false;
-  bool short_read_ = false;
-  void (*hook_)(void*) = nullptr;
-  void* context_ = nullptr;
-  std::vector<char> buf_;
-  std::size_t pos_ = 0, end_ = 0;
-  std::string error_;
 };
 
 // Channel words: sync, paging, access, ftc, rtc, or the codes 1 to 5; 0 for anything else.
